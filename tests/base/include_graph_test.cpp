@@ -1,0 +1,153 @@
+// Holds the folders to their order: every #include of the tree is compared with the list of what its folder may use.
+// A library that links too little fails by itself, but a header that reaches upwards only for a type or a constant
+// would build; this test is what sees it. It reads the sources of the tree that it was built from and nothing else.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Folders = std::set<std::string>;
+
+// Each folder with the folders whose headers it may include, its own among them.
+const std::map<std::string, Folders>& AllowedFolders() {
+    static const std::map<std::string, Folders> Allowed = {
+        {"src/base", {"base"}},
+        {"src/rules", {"base", "rules"}},
+        {"src/engine", {"base", "rules", "engine"}},
+        {"src/formats", {"base", "rules", "formats"}},
+        {"src/view", {"base", "rules", "engine", "formats", "view"}},
+        {"src/control", {"base", "rules", "engine", "formats", "view", "control"}},
+        {"src/ui", {"base", "rules", "engine", "formats", "view", "control", "ui"}},
+        {"src/app", {"base", "rules", "engine", "formats", "view", "control", "ui", "app"}},
+        {"probe", {"base", "rules", "engine", "formats", "probe"}},
+    };
+    return Allowed;
+}
+
+const Folders QtFolders = {"src/ui", "src/app"};
+
+struct IncludeLine {
+    int Line;
+    std::string Header;
+    bool Quoted;
+};
+
+std::vector<IncludeLine> ReadIncludes(const fs::path& File) {
+    static const std::regex Pattern(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
+    std::vector<IncludeLine> Includes;
+    std::ifstream Stream(File);
+    std::string Text;
+    for (int Line = 1; std::getline(Stream, Text); ++Line) {
+        std::smatch Match;
+        if (std::regex_search(Text, Match, Pattern)) {
+            Includes.push_back({Line, Match[2].str(), Match[1].str() == "\""});
+        }
+    }
+    return Includes;
+}
+
+std::vector<fs::path> SourceFiles(const fs::path& Folder) {
+    std::vector<fs::path> Files;
+    for (const auto& Entry : fs::recursive_directory_iterator(Folder)) {
+        const std::string Extension = Entry.path().extension().string();
+        if (Entry.is_regular_file() && (Extension == ".h" || Extension == ".cpp")) {
+            Files.push_back(Entry.path());
+        }
+    }
+    std::sort(Files.begin(), Files.end());
+    return Files;
+}
+
+// A Qt header begins with Q and a capital letter, or stands under a QtModule folder.
+bool IsQtHeader(const std::string& Header) {
+    return Header.size() > 1 && Header[0] == 'Q' &&
+           (std::isupper(static_cast<unsigned char>(Header[1])) || Header[1] == 't');
+}
+
+// What is wrong with one #include of a folder, or an empty text.
+std::string IncludeComplaint(const std::string& Folder, const Folders& Allowed, const IncludeLine& Include) {
+    if (!Include.Quoted) {
+        return IsQtHeader(Include.Header) && QtFolders.count(Folder) == 0 ? "Qt is for the window's folders alone" : "";
+    }
+    const auto Slash = Include.Header.find('/');
+    if (Slash == std::string::npos) {
+        // A generated file of the build, such as a moc output, is the one thing that is named without its folder.
+        return Include.Header.ends_with(".moc") ? "" : "a header is named from the include root, with its folder";
+    }
+    return Allowed.count(Include.Header.substr(0, Slash)) != 0 ? "" : "this folder may not use that one";
+}
+
+TEST(IncludeGraph, EveryIncludeKeepsTheOrderOfTheFolders) {
+    const fs::path Root = ZONTERBROOK_SOURCE_DIR;
+    int Read = 0;
+    for (const auto& [Folder, Allowed] : AllowedFolders()) {
+        if (!fs::exists(Root / Folder)) {
+            continue;
+        }
+        for (const fs::path& File : SourceFiles(Root / Folder)) {
+            for (const IncludeLine& Include : ReadIncludes(File)) {
+                ++Read;
+                EXPECT_EQ("", IncludeComplaint(Folder, Allowed, Include))
+                    << fs::relative(File, Root).string() << ":" << Include.Line << " includes " << Include.Header;
+            }
+        }
+    }
+    EXPECT_GT(Read, 0) << "no #include was found under " << Root;
+}
+
+TEST(IncludeGraph, EveryFolderOfTheSourceTreeHasItsRow) {
+    const fs::path Root = ZONTERBROOK_SOURCE_DIR;
+    for (const auto& Entry : fs::directory_iterator(Root / "src")) {
+        if (Entry.is_directory()) {
+            EXPECT_EQ(1u, AllowedFolders().count("src/" + Entry.path().filename().string())) << Entry.path();
+        }
+    }
+}
+
+struct ComplaintCase {
+    const char* Name;
+    const char* Folder;
+    const char* Line;
+    bool Refused;
+};
+
+class IncludeComplaints : public testing::TestWithParam<ComplaintCase> {};
+
+// The test above passes on a clean tree whatever it looks for; these rows show that it would speak up.
+TEST_P(IncludeComplaints, AreMadeOfWhatBreaksTheOrder) {
+    const fs::path File = fs::path(testing::TempDir()) / (std::string("include_graph_") + GetParam().Name + ".cpp");
+    std::ofstream(File) << "// a comment first\n" << GetParam().Line << "\n";
+    const auto Includes = ReadIncludes(File);
+    fs::remove(File);
+    ASSERT_EQ(1u, Includes.size());
+    EXPECT_EQ(2, Includes[0].Line);
+    const auto& Allowed = AllowedFolders().at(GetParam().Folder);
+    EXPECT_EQ(GetParam().Refused, !IncludeComplaint(GetParam().Folder, Allowed, Includes[0]).empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, IncludeComplaints,
+                         testing::Values(ComplaintCase{"own_folder", "src/rules", "#include \"rules/state.h\"", false},
+                                         ComplaintCase{"below", "src/rules", "#include \"base/fault.h\"", false},
+                                         ComplaintCase{"above", "src/rules", "#include \"engine/search.h\"", true},
+                                         ComplaintCase{"aside", "src/formats", "#include \"engine/search.h\"", true},
+                                         ComplaintCase{"spaced", "src/base", "  #  include \"rules/state.h\"", true},
+                                         ComplaintCase{"qt_below", "src/view", "#include <QString>", true},
+                                         ComplaintCase{"qt_module", "src/control", "#include <QtGlobal>", true},
+                                         ComplaintCase{"qt_window", "src/ui", "#include <QWidget>", false},
+                                         ComplaintCase{"standard", "src/base", "#include <string>", false},
+                                         ComplaintCase{"bare", "src/rules", "#include \"state.h\"", true},
+                                         ComplaintCase{"probe_window", "probe", "#include \"ui/board.h\"", true}),
+                         [](const auto& Info) { return std::string(Info.param.Name); });
+
+} // namespace
