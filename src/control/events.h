@@ -1,0 +1,52 @@
+// What the main window calls: one routine for each of its events.
+//
+// Each runs to its end under the trap (trap.h): no exception leaves it. The window then shows the contents of the state
+// if they have changed.
+#pragma once
+
+#include "control/state.h"
+
+#include <cstdint>
+
+namespace zonterbrook::control {
+
+inline constexpr int LeftButton = 1;
+inline constexpr int RightButton = 2;
+inline constexpr int EnterKey = 13;
+
+/// The mouse on cell `Index` of the board. `X` and `Y` are twips from the cell's upper left corner; a drag goes on
+/// reporting to the cell where it began, with figures that may be negative or lie beyond it.
+void c_MouseDown(GameState& State, int Index, int Button, int X, int Y);
+void c_MouseMove(GameState& State, int Index, int Button, int X, int Y);
+void c_MouseUp(GameState& State, int Index, int Button, int X, int Y);
+
+/// Puts the picked piece back where it stood, as the Escape key does.
+void PutBackPiece(GameState& State);
+
+/// A key released in the box of typed moves, whose text is in `Text2.Text`. Enter plays it.
+void Text2_KeyUp(GameState& State, int KeyCode);
+
+/// A key released in the comment box, whose text is in `Text1.Text`.
+void Text1_KeyUp(GameState& State);
+
+/// A double click on a list, its line in `Selected`.
+void List2_DblClick(GameState& State);
+void List3_DblClick(GameState& State);
+
+/// The mouse released on, and a key pressed in, the list of the game's moves, its line in `Selected`.
+void List1_MouseUp(GameState& State);
+void List1_KeyDown(GameState& State, int KeyCode);
+
+/// A menu entry or toolbar button. Does nothing for a command that is disabled.
+void RunCommand(GameState& State, view::CommandId Id);
+
+/// Once, before the window is shown. `State` must be fresh and its `Outside` and `TwipsPerPixel` set.
+void Form_Load(GameState& State);
+
+/// The window is about to close; `Cancel` comes back true if it is to stay.
+void Form_QueryUnload(GameState& State, bool& Cancel);
+
+/// The window closes: saves what is saved and lets go of what is open. `EndProgram` follows by itself.
+void Form_Unload(GameState& State);
+
+} // namespace zonterbrook::control

@@ -1,0 +1,45 @@
+// The record of the game: how a move that has been played enters it, and the list `List1` that shows it.
+#pragma once
+
+#include "control/state.h"
+
+#include <string>
+#include <string_view>
+
+namespace zonterbrook::control {
+
+/// Looks up and plays a move named by its squares, in capitals; remembers what `StoreHalfMove` needs. False, and
+/// nothing changed, if there is no such move.
+bool EnterMove(GameState& State, std::string_view Move);
+
+/// What follows a move that a person has entered: record, list, sound, log, end of the game, and the computer's reply.
+/// `Move`: the squares as they were looked up.
+void RecordHumanMove(GameState& State, std::string_view Move);
+
+/// Drops what lies behind the cursor, from `MoveCount` down to half-move `Kept` + 1: list lines, comments, scores.
+void CutRecord(GameState& State, int Kept);
+
+/// Stores the half-move just made, number `GameMoves`, with the material after it and the end mark behind it, and cuts
+/// what stood there before. `Played` was taken by `rules::RememberMove` before the move was made.
+void StoreHalfMove(GameState& State, const rules::PlayedMove& Played);
+
+/// Fills the row of half-move `GameMoves` and adds its line to `List1`, which it selects; clears the comment box.
+/// `Raw`: the squares, four characters or two. `Display`: as the list shows it, with "b" for a move of the book.
+/// Beyond the last row it does nothing.
+void AddMoveRow(GameState& State, std::string_view Raw, std::string_view Display, std::string_view Source);
+
+/// A move's text in small letters: squares, hyphen or capture character, "K" behind a promotion. `Raw` is two squares,
+/// or one for a piece that enters.
+std::string DisplayTextOf(const GameState& State, std::string_view Raw, bool Capture, bool Promotion);
+
+/// The squares of a record as four characters in small letters, in the notation in force; two for a piece that enters.
+std::string RawTextOf(const GameState& State, const rules::MoveRecord& Record);
+
+/// The stored text of half-move `HalfMove`: squares alone, and as the list shows it; empty where no row holds it.
+std::string StoredRaw(const GameState& State, int HalfMove);
+std::string StoredDisplay(const GameState& State, int HalfMove);
+
+/// The sound of a move, if sounds are on.
+void PlayMoveSound(GameState& State);
+
+} // namespace zonterbrook::control

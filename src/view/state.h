@@ -1,0 +1,260 @@
+// The view's slice of the game's state: the settings in force, and what the window shows, as data.
+//
+// The window paints `WindowContents` and decides nothing. It keeps a copy of what it painted last and compares: there
+// are no flags that a writer could forget to raise, and a comparison of the whole costs some microseconds. What a
+// person changes in the window (typed text, a selected line) the window writes here before it calls a handler.
+#pragma once
+
+#include "base/checked_array.h"
+#include "engine/state.h"
+#include "view/commands.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zonterbrook::view {
+
+inline constexpr int BoardPictures = 100;
+
+/// The fourteen pictures of a set: what a cell shows, and the four drag pointers.
+enum class Picture : std::uint8_t {
+    dark_square,
+    light_square,
+    dark_white_man,
+    dark_black_man,
+    dark_white_king,
+    dark_black_king,
+    light_white_man,
+    light_black_man,
+    light_white_king,
+    light_black_king,
+    white_man_ico,
+    black_man_ico,
+    white_king_ico,
+    black_king_ico,
+    None, ///< no drag pointer: the usual one
+};
+inline constexpr int PictureCount = 14;
+
+/// The highlight on a cell: none, or one of the two colours of a picture set.
+enum class Highlight : std::uint8_t { None, Dark, Light };
+
+/// One of the hundred cells `c`.
+struct BoardCell {
+    Picture Shows = Picture::dark_square;
+    Picture Pointer = Picture::None; ///< the mouse pointer while the mouse is held on it
+    Highlight Box = Highlight::None;
+    std::int32_t Number = 0; ///< printed on it; 0 for none
+
+    bool operator==(const BoardCell&) const = default;
+};
+
+/// A place in the window or in a cell, in twips.
+struct Rectangle {
+    std::int32_t Left = 0;
+    std::int32_t Top = 0;
+    std::int32_t Width = 0;
+    std::int32_t Height = 0;
+
+    bool operator==(const Rectangle&) const = default;
+};
+
+/// A text printed on the window beside the board; its upper left corner in twips.
+struct EdgeLabel {
+    std::string Text;
+    std::int32_t X = 0;
+    std::int32_t Y = 0;
+
+    bool operator==(const EdgeLabel&) const = default;
+};
+
+struct ListFields {
+    std::vector<std::string> Lines;
+    std::int32_t Selected = -1; ///< from 0; -1 for none
+    bool Enabled = true;
+    bool Visible = true;
+
+    bool operator==(const ListFields&) const = default;
+};
+
+struct TextBoxFields {
+    std::string Text;
+    bool Enabled = true;
+
+    bool operator==(const TextBoxFields&) const = default;
+};
+
+/// The colours of a label: the window's own, or those of the two player names.
+enum class LabelColours : std::uint8_t { Usual, WhiteOnRed, RedOnWhite };
+
+struct LabelFields {
+    std::string Text;
+    LabelColours Colours = LabelColours::Usual;
+    bool Visible = true;
+
+    bool operator==(const LabelFields&) const = default;
+};
+
+struct ProgressFields {
+    double Value = 0;
+    double Maximum = 1;
+
+    bool operator==(const ProgressFields&) const = default;
+};
+
+/// The controls that `LayoutWindow` places.
+enum class Control : std::uint8_t {
+    Label1,
+    Label2,
+    Label3,
+    Label4,
+    Label5,
+    Label6,
+    Label7,
+    Label8,
+    Label9,
+    Label10,
+    Label11,
+    Label12,
+    Label13,
+    Label14,
+    List1,
+    List2,
+    List3,
+    Text1,
+    Text2,
+    Progress,
+};
+inline constexpr int ControlCount = static_cast<int>(Control::Progress) + 1;
+
+/// Where everything stands: written by `LayoutWindow`. All figures are in twips of the window's inner area, below
+/// menu bar and toolbar and above the status bar.
+struct LayoutFields {
+    bool Medium = false;       ///< which of the two picture sizes the cells have
+    std::int32_t CellSize = 0; ///< width and height of a cell
+    std::int32_t Pitch = 0;    ///< from one cell's left edge to the next, and from one top edge to the next
+    std::int32_t BoardLeft = 0;
+    std::int32_t BoardTop = 0;
+    Rectangle Box;              ///< the highlight inside a cell
+    std::int32_t DragPitch = 0; ///< by which a drop is turned into a number of cells
+    base::CheckedArray<Rectangle, ControlCount> Places{};
+    std::int32_t Width = 0; ///< of the inner area
+    std::int32_t Height = 0;
+
+    const Rectangle& PlaceOf(Control Which) const { return Places[static_cast<int>(Which)]; }
+    Rectangle& PlaceOf(Control Which) { return Places[static_cast<int>(Which)]; }
+    bool operator==(const LayoutFields&) const = default;
+};
+
+inline constexpr int ProductPanel = 0;
+inline constexpr int StatusPanel = 1;
+inline constexpr int OpeningPanel = 2;
+inline constexpr int StatusPanelCount = 3;
+
+/// What the window shows.
+struct WindowContents {
+    std::string Caption;
+    base::CheckedArray<BoardCell, BoardPictures> Cells{};
+    std::vector<EdgeLabel> EdgeLabels;
+    bool FrameShown = false;
+    Rectangle BoardFrame;
+    LayoutFields Layout;
+    ListFields List1;    ///< the game's moves
+    ListFields List2;    ///< the moves that may be played
+    ListFields List3;    ///< the root moves of the last calculation
+    TextBoxFields Text1; ///< the comment
+    TextBoxFields Text2; ///< the typed move
+    LabelFields Label1;  ///< name of the upper player
+    LabelFields Label2;  ///< of the lower one
+    LabelFields Label3;  ///< colour of the upper player
+    LabelFields Label4;  ///< of the lower one
+    LabelFields Label5;  ///< material of the upper player
+    LabelFields Label6;  ///< of the lower one
+    LabelFields Label7;  ///< strength, and depth or time
+    LabelFields Label8;  ///< the variant's name
+    LabelFields Label9;  ///< the calculation
+    LabelFields Label10; ///< "Extra Pieces:", and what belongs to it
+    LabelFields Label11;
+    LabelFields Label12; ///< pieces of Black still off the board
+    LabelFields Label13;
+    LabelFields Label14; ///< of White
+    ProgressFields Progress;
+    base::CheckedArray<std::string, StatusPanelCount> StatusPanels{};
+    base::CheckedArray<CommandState, CommandCount> Commands{};
+    bool ToolbarEnabled = true;
+
+    const CommandState& CommandOf(CommandId Id) const { return Commands[static_cast<int>(Id)]; }
+    CommandState& CommandOf(CommandId Id) { return Commands[static_cast<int>(Id)]; }
+    bool operator==(const WindowContents&) const = default;
+};
+
+/// The labels by number, `Label1` at 0.
+inline constexpr LabelFields WindowContents::*Labels[] = {
+    &WindowContents::Label1,  &WindowContents::Label2,  &WindowContents::Label3,  &WindowContents::Label4,
+    &WindowContents::Label5,  &WindowContents::Label6,  &WindowContents::Label7,  &WindowContents::Label8,
+    &WindowContents::Label9,  &WindowContents::Label10, &WindowContents::Label11, &WindowContents::Label12,
+    &WindowContents::Label13, &WindowContents::Label14};
+
+inline constexpr std::int32_t ComputerPlayer = 0;
+inline constexpr std::int32_t PlayerPlayer = 1;
+inline constexpr std::int32_t ComputerComputer = 2;
+
+/// The settings that neither rules nor engine read. The rest of them: `TouchMove` and `NotationMode` in the rules'
+/// slice, strength and search in the engine's.
+struct SettingsFields {
+    std::int32_t PlayMode = ComputerPlayer;
+    std::int32_t BoardTurned = 0; ///< 1: Black's side at the bottom
+    std::uint8_t ShowAvailableMoves = 1;
+    std::string VariantName = "International Checkers"; ///< the file's name
+    std::uint8_t ChessDrawRules = 1;
+    std::string PlayerName = "Player";
+    std::uint8_t CapitalNotation = 0;
+    std::int32_t ConfirmExit = 1;
+    std::int32_t AskForDraw = 0;
+    std::uint8_t UseBook = 0;
+    std::uint8_t MoveLimitChoice = 1;
+    std::int32_t ShowCalculation = 1;
+    std::int32_t BookFallback = 0;
+    std::uint8_t ColonCapture = 0;
+    std::uint8_t ChooseOpening = 0;
+    std::uint8_t RandomOpening = 0;
+    std::uint8_t UseRating = 1;
+    std::int32_t SizeClass = 2; ///< 0 small, 2 medium, 4 a skin of its own
+    std::int32_t AutoSave = 0;
+    std::uint8_t UseSound = 0;
+    std::string SkinName = "Classic Medium";
+    std::uint8_t KingVersusKing = 0;
+    std::uint8_t SaveAlgebraic = 0;
+    std::uint8_t PlyValueDepth = 5;
+    std::int32_t UseClassic = 1; ///< 1: the variant is one of the program's, 0: one of the user's own
+};
+
+/// The state of the view: settings in force and contents of the window, over the engine's state.
+struct ViewState : engine::EngineState, SettingsFields, WindowContents {
+    // --- program: written at start-up and by `LoadSkin` --------------------------------------------------------------
+    std::int32_t TwipsPerPixel = 15;   ///< 12 on a desktop of 120 dots an inch
+    std::int32_t BoardCustomSize = -1; ///< of a skin of its own: 0 small, 2 medium, -1 not told
+
+    // --- variant: written when its file is read ----------------------------------------------------------------------
+    std::string VariantTitle; ///< the variant's name as a person sees it
+    std::string HelpText;
+    std::string HelpLink;
+    std::string QuickHelpLink;
+
+    // --- game
+    // ----------------------------------------------------------------------------------------------------------
+    std::string WhitePlayerName;
+    std::string BlackPlayerName;
+
+    // --- written by `DrawBoard`
+    // ----------------------------------------------------------------------------------------
+    std::int32_t WhiteMaterial = 0; ///< men, a king counting two
+    std::int32_t BlackMaterial = 0;
+    std::int32_t AnyMan = 0;
+    std::int32_t KingsOnlyEqual = 0; ///< 1: equal material and no man on the board
+
+    ViewState() : engine::EngineState() {}
+};
+
+} // namespace zonterbrook::view
