@@ -74,17 +74,12 @@ std::optional<fs::path> FindFile(const fs::path& Folder, std::string_view Name) 
 }
 
 ReadResult<std::string> ReadTextFile(const fs::path& File) {
-    const ReadError Unreadable = {0, "the file can't be read"};
-    // A folder opens like a file on some systems and fails only when it is read.
-    std::error_code Error;
-    if (!fs::is_regular_file(File, Error)) {
-        return {std::nullopt, Unreadable};
-    }
     std::ifstream Stream(File, std::ios::binary);
     std::ostringstream Bytes;
     Bytes << Stream.rdbuf();
+    // A folder opens like a file on some systems and fails only when it is read.
     if (!Stream.is_open() || Bytes.bad()) {
-        return {std::nullopt, Unreadable};
+        return {std::nullopt, {0, "the file can't be read"}};
     }
     return {base::DecodeText(Bytes.view()), {}};
 }

@@ -27,8 +27,7 @@ std::string Repeat(std::string_view Text, int Times) {
     return Result;
 }
 
-// --- texts that are read
-// -----------------------------------------------------------------------------------------------
+// --- texts that are read ---------------------------------------------------------------------------------
 
 struct ReadCase {
     const char* Name; ///< the fault that the row would catch
@@ -140,8 +139,7 @@ TEST(VariantReader, KeepsTheRulesBeforeForKeysThatAreAbsent) {
     EXPECT_EQ(Expected, Result.Document->Rules);
 }
 
-// --- texts that are refused
-// --------------------------------------------------------------------------------------------
+// --- texts that are refused ------------------------------------------------------------------------------
 
 struct RefusedCase {
     const char* Name;
@@ -182,8 +180,7 @@ INSTANTIATE_TEST_SUITE_P(
         RefusedCase{"setup_normal_in_capitals", "x\nSetup=Normal\nEND\n", std::string("line 2: ") + BadSetup}),
     [](const auto& Info) { return std::string(Info.param.Name); });
 
-// --- files
-// -------------------------------------------------------------------------------------------------------------
+// --- files -----------------------------------------------------------------------------------------------
 
 class VariantFiles : public testing::Test {
 protected:
