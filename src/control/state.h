@@ -79,8 +79,6 @@ struct GameState : view::ViewState {
     std::int32_t DrawCode = 0; ///< 0 none, 1 repetition, 2 move limit, 3 king v king, 4 three kings, 5 two kings
     std::int32_t ThreeKingsStart = 0;
     std::int32_t TwoKingsStart = 0;
-    /// The position after each half-move, for the count of repetitions; the search keeps keys of its own.
-    rules::ByGameMove<engine::PositionKey> DrawHistory{};
 
     // --- input: cleared by `ClearInput`, the latches of a drag by its end
     // ------------------------------------------------
