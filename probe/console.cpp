@@ -1,0 +1,500 @@
+// The commands one by one. Each reads its arguments whole before it touches the state.
+#include "console.h"
+
+#include "base/checked_number.h"
+#include "base/text.h"
+#include "bench_positions.h"
+#include "engine/evaluate.h"
+#include "engine/root_search.h"
+#include "engine/search.h"
+#include "formats/text_file.h"
+#include "formats/variant_file.h"
+#include "rules/generate.h"
+#include "rules/install.h"
+#include "rules/perft.h"
+#include "rules/position.h"
+
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <stdexcept>
+
+namespace zonterbrook::probe {
+
+using namespace engine;
+using namespace rules;
+
+namespace {
+
+constexpr int DeepestSearch = MaxPly;
+
+/// What is wrong with a command.
+class CommandError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+std::vector<std::string_view> SplitWords(std::string_view Text) {
+    std::vector<std::string_view> Words;
+    while (!(Text = base::Trim(Text)).empty()) {
+        const std::size_t End = Text.find_first_of(" \t");
+        Words.push_back(Text.substr(0, End));
+        Text.remove_prefix(End == std::string_view::npos ? Text.size() : End);
+    }
+    return Words;
+}
+
+void ExpectCount(const std::vector<std::string_view>& Words, std::size_t Least, std::size_t Most) {
+    if (Words.size() < Least || Words.size() > Most) {
+        throw CommandError(Words.size() < Least ? "too few arguments" : "too many arguments");
+    }
+}
+
+std::int64_t Number(std::string_view Text, std::int64_t Lowest, std::int64_t Highest) {
+    std::int64_t Value = 0;
+    const auto Result = std::from_chars(Text.data(), Text.data() + Text.size(), Value);
+    if (Result.ec != std::errc{} || Result.ptr != Text.data() + Text.size()) {
+        throw CommandError("'" + std::string(Text) + "' is no number");
+    }
+    if (Value < Lowest || Value > Highest) {
+        throw CommandError(std::string(Text) + " is not within " + std::to_string(Lowest) + " to " +
+                           std::to_string(Highest));
+    }
+    return Value;
+}
+
+int SmallNumber(std::string_view Text, int Lowest, int Highest) {
+    return static_cast<int>(Number(Text, Lowest, Highest));
+}
+
+std::int32_t WideNumber(std::string_view Text) {
+    return static_cast<std::int32_t>(Number(Text, INT32_MIN, INT32_MAX));
+}
+
+/// The generator that the argument at `Index` asks for; the generic one if it is not there.
+const Generator& ChosenGenerator(const RulesState& State, const std::vector<std::string_view>& Words,
+                                 std::size_t Index) {
+    if (Words.size() <= Index || Words[Index] == "generic") {
+        return GeneratorOf(0);
+    }
+    if (Words[Index] != "special") {
+        throw CommandError("'" + std::string(Words[Index]) + "' is no generator");
+    }
+    return GeneratorOf(State.SpecialRuleSet);
+}
+
+std::string SideLetter(std::int32_t Side) {
+    return Side == White ? "w" : "b";
+}
+
+std::string MoveLine(const MoveRecord& Record) {
+    std::string Line =
+        std::to_string(Record.Source) + ' ' + std::to_string(Record.Dest) + ' ' + std::to_string(Record.Kind) + ' ';
+    if (Record.Captures.Count == 0) {
+        Line += '-';
+    }
+    for (int I = 0; I < Record.Captures.Count; ++I) {
+        const CaptureGroup& Group = Record.Captures.Groups[I];
+        Line += std::to_string(Group.Weight * 1000 + Group.Cell);
+    }
+    return Line + ' ' + std::to_string(Record.Score) + '\n';
+}
+
+std::string MainLineText(const EngineState& State) {
+    std::string Line = "line";
+    for (const MainLineMove& Move : State.MainVariantTable[0]) {
+        if (Move.Source == 0) {
+            break;
+        }
+        Line += ' ' + std::to_string(Move.Source) + '-' + std::to_string(Move.Dest);
+    }
+    return Line + '\n';
+}
+
+void ForgetLines(EngineState& State) {
+    State.Killers.Fill({});
+    for (auto& Row : State.MainVariantTable) {
+        Row.Fill({});
+    }
+}
+
+/// Writes one line for each iteration.
+class IterationLines final : public RootObserver {
+public:
+    explicit IterationLines(const EngineState& InState) : State(InState) {}
+
+    void IterationDone(int Iteration, double /*Seconds*/) override {
+        const MoveRecord& Best = State.MoveStack[0];
+        Text += "depth " + std::to_string(Iteration) + " score " + std::to_string(State.BestScore) + " best " +
+                std::to_string(Best.Source) + '-' + std::to_string(Best.Dest) + " nodes " +
+                std::to_string(State.NodeCount) + '\n';
+    }
+
+    std::string Text;
+
+private:
+    const EngineState& State;
+};
+
+/// A setting that `set` knows: where it lies, as a function that stores a value in it.
+struct Setting {
+    std::string_view Name;
+    void (*Store)(EngineState& State, std::int64_t Value);
+};
+
+constexpr Setting Settings[] = {
+    {"ExtendedSearch",
+     [](EngineState& S, std::int64_t V) { S.ExtendedSearch = base::Narrow<decltype(S.ExtendedSearch)>(V); }},
+    {"BruteForce", [](EngineState& S, std::int64_t V) { S.BruteForce = base::Narrow<decltype(S.BruteForce)>(V); }},
+    {"Balance", [](EngineState& S, std::int64_t V) { S.Balance = base::Narrow<decltype(S.Balance)>(V); }},
+    {"Plys", [](EngineState& S, std::int64_t V) { S.Plys = base::Narrow<decltype(S.Plys)>(V); }},
+    {"LazyMargin", [](EngineState& S, std::int64_t V) { S.LazyMargin = base::Narrow<decltype(S.LazyMargin)>(V); }},
+    {"PatternTermEnabled",
+     [](EngineState& S, std::int64_t V) { S.PatternTermEnabled = base::Narrow<decltype(S.PatternTermEnabled)>(V); }},
+    {"NotationMode",
+     [](EngineState& S, std::int64_t V) { S.NotationMode = base::Narrow<decltype(S.NotationMode)>(V); }},
+};
+
+struct NamedEvaluator {
+    std::string_view Name;
+    EvaluateFunction Evaluate;
+};
+
+constexpr NamedEvaluator Evaluators[] = {{"generic", EvaluatePosition},
+                                         {"american", EvaluateAmerican},
+                                         {"german", EvaluateGerman},
+                                         {"italian", EvaluateItalian}};
+
+template <typename Table>
+const auto& FindRow(const Table& Rows, std::string_view Name, std::string_view What) {
+    for (const auto& Row : Rows) {
+        if (Row.Name == Name) {
+            return Row;
+        }
+    }
+    throw CommandError("'" + std::string(Name) + "' is no " + std::string(What));
+}
+
+} // namespace
+
+double StillWorld::Seconds() {
+    using namespace std::chrono;
+    constexpr double Day = 86400;
+    const double Now = duration<double>(steady_clock::now().time_since_epoch()).count();
+    return Now - Day * static_cast<double>(static_cast<std::int64_t>(Now / Day));
+}
+
+Console::Console() : State(std::make_unique<EngineState>()) {
+    ResetEngine(*State, World);
+    StartEngineGame(*State);
+}
+
+std::string Console::Execute(std::string_view Line) {
+    Line = base::Trim(Line);
+    const std::size_t End = Line.find_first_of(" \t");
+    const std::string_view Command = Line.substr(0, End);
+    const std::string_view Rest = End == std::string_view::npos ? std::string_view{} : base::Trim(Line.substr(End));
+    const auto Before = std::make_unique<EngineState>(*State);
+    try {
+        return Run(Command, Rest) + "ok\n";
+    } catch (const GeneratorFault& Fault) {
+        *State = *Before;
+        return "error: fault in " + std::string(Fault.Routine) + '\n';
+    } catch (const std::runtime_error& Error) {
+        *State = *Before;
+        return "error: " + std::string(Error.what()) + '\n';
+    }
+}
+
+std::string Console::Run(std::string_view Command, std::string_view Rest) {
+    if (Command == "variant") {
+        return Variant(Rest);
+    }
+    if (Command == "rule") {
+        return Rule(Rest);
+    }
+    struct Row {
+        std::string_view Name;
+        std::string (*Answer)(Console& Self, const Words& Arguments);
+    };
+    static constexpr std::array<Row, 15> Commands = {{
+        {"board", [](Console& C, const Words& A) { return C.Board(A); }},
+        {"show", [](Console& C, const Words& A) { return ExpectCount(A, 0, 0), C.Show(); }},
+        {"key", [](Console& C, const Words& A) { return ExpectCount(A, 1, 1), C.Key(A[0]); }},
+        {"moves", [](Console& C, const Words& A) { return C.Moves(A); }},
+        {"generate", [](Console& C, const Words& A) { return C.Generate(A); }},
+        {"exists", [](Console& C, const Words& A) { return C.Exists(A); }},
+        {"perft", [](Console& C, const Words& A) { return C.Perft(A); }},
+        {"play", [](Console& C, const Words& A) { return C.Play(A); }},
+        {"undo", [](Console& C, const Words& A) { return ExpectCount(A, 0, 0), C.Undo(); }},
+        {"eval", [](Console& C, const Words& A) { return C.Eval(A); }},
+        {"set", [](Console& C, const Words& A) { return C.Set(A); }},
+        {"search", [](Console& C, const Words& A) { return C.Search(A); }},
+        {"think", [](Console& C, const Words& A) { return C.Think(A); }},
+        {"bench", [](Console& C, const Words& A) { return C.Bench(A); }},
+        {"quit",
+         [](Console& C, const Words& A) {
+             ExpectCount(A, 0, 0);
+             C.Quit = true;
+             return std::string();
+         }},
+    }};
+    return FindRow(Commands, Command, "command").Answer(*this, SplitWords(Rest));
+}
+
+void Console::ForgetMoves() {
+    Played.clear();
+    HasList = false;
+}
+
+std::string Console::Variant(std::string_view File) {
+    if (File.empty()) {
+        throw CommandError("no file given");
+    }
+    const auto Text = formats::ReadTextFile(formats::TextPath(File));
+    if (!Text.Document) {
+        throw CommandError(Text.Error.Text());
+    }
+    const auto Document = formats::ReadVariant(*Text.Document, RuleSetFields{});
+    if (!Document.Document) {
+        throw CommandError(Document.Error.Text());
+    }
+    State->LoadedRuleSet = Document.Document->Rules;
+    State->RuleSet = State->LoadedRuleSet;
+    LaySetup(*State, Document.Document->Setup);
+    StartEngineGame(*State);
+    ForgetMoves();
+    return {};
+}
+
+std::string Console::Rule(std::string_view Assignment) {
+    const std::size_t Equals = Assignment.find('=');
+    if (Equals == std::string_view::npos) {
+        throw CommandError("a rule is set by <Key>=<value>");
+    }
+    const std::string_view Name = Assignment.substr(0, Equals);
+    const std::string_view Value = Assignment.substr(Equals + 1);
+    InitGameTree(*State);
+    if (Name == "Setup") {
+        if (Value != "normal" && !IsSetupText(Value)) {
+            throw CommandError("a start position has a hundred digits, 0 to 4");
+        }
+        LaySetup(*State, Value);
+        StartEngineGame(*State);
+        ForgetMoves();
+        return {};
+    }
+    const int ColourBefore = State->RuleSet.PiecesOnBlack;
+    if (!WriteRule(State->RuleSet, Name, Value)) {
+        throw CommandError("'" + std::string(Name) + "' is no rule");
+    }
+    if (Name == "BlackStarts") {
+        State->Side = State->RuleSet.BlackStarts == 1 ? Black : White;
+    } else if (Name == "ContractNumber") {
+        State->PiecesInHandWhite = State->PiecesInHandBlack = State->RuleSet.ContractNumber;
+    }
+    InstallEngineRules(*State);
+    if (Name == "PiecesOnBlack" && State->RuleSet.PiecesOnBlack < 2 && State->RuleSet.PiecesOnBlack != ColourBefore) {
+        FitMenToColour(*State);
+    }
+    HasList = false;
+    return {};
+}
+
+std::string Console::Board(const Words& Arguments) {
+    ExpectCount(Arguments, 2, 2);
+    if (!IsSetupText(Arguments[0])) {
+        throw CommandError("a position has a hundred digits, 0 to 4");
+    }
+    if (Arguments[1] != "w" && Arguments[1] != "b") {
+        throw CommandError("the side to move is w or b");
+    }
+    State->Board = State->BoardTemplate;
+    WriteSetup(State->Board, Arguments[0]);
+    State->Side = Arguments[1] == "w" ? White : Black;
+    ResetMoves(*State);
+    RecountPosition(*State);
+    State->PositionHistory.Fill({});
+    State->HistoryFingerprint.Fill(0);
+    ForgetMoves();
+    return {};
+}
+
+std::string Console::Show() const {
+    return "board " + SetupText(State->Board) + ' ' + SideLetter(State->Side) + "\nspecial " +
+           std::to_string(State->SpecialRuleSet) + "\nmaterial " + std::to_string(State->Material[State->Ply]) + ' ' +
+           std::to_string(State->TotalMaterial[State->Ply]) + "\nhand " + std::to_string(State->PiecesInHandWhite) +
+           ' ' + std::to_string(State->PiecesInHandBlack) + '\n';
+}
+
+std::string Console::Key(std::string_view Name) const {
+    const auto Value =
+        Name == "Setup" ? std::optional<std::string>(BuildSetupText(*State)) : RuleText(State->RuleSet, Name);
+    if (!Value) {
+        throw CommandError("'" + std::string(Name) + "' is no rule");
+    }
+    return std::string(Name) + '=' + *Value + '\n';
+}
+
+std::string Console::ListMoves() const {
+    std::string Text;
+    for (int I = State->StackLimit[State->Ply]; I < State->StackLimit[State->Ply + 1]; ++I) {
+        Text += MoveLine(State->MoveStack[I]);
+    }
+    return Text;
+}
+
+std::string Console::Moves(const Words& Arguments) {
+    ExpectCount(Arguments, 0, 1);
+    const Generator& Chosen = ChosenGenerator(*State, Arguments, 0);
+    const GamePositionScope Scope(*State);
+    Chosen.GenerateBoth(*State);
+    Listed.assign(State->MoveStack.begin() + State->StackLimit[State->Ply],
+                  State->MoveStack.begin() + State->StackLimit[State->Ply + 1]);
+    HasList = true;
+    return ListMoves();
+}
+
+std::string Console::Generate(const Words& Arguments) {
+    ExpectCount(Arguments, 1, 2);
+    const int AllMoves = WideNumber(Arguments[0]);
+    const Generator& Chosen = ChosenGenerator(*State, Arguments, 1);
+    const GamePositionScope Scope(*State);
+    Chosen.Generate(*State, AllMoves);
+    return ListMoves();
+}
+
+std::string Console::Exists(const Words& Arguments) {
+    ExpectCount(Arguments, 1, 1);
+    const int AllMoves = WideNumber(Arguments[0]);
+    const GamePositionScope Scope(*State);
+    return GenerateMoves1(*State, AllMoves) ? "exists 1\n" : "exists 0\n";
+}
+
+std::string Console::Perft(const Words& Arguments) {
+    ExpectCount(Arguments, 1, 2);
+    const int Depth = SmallNumber(Arguments[0], 0, DeepestSearch);
+    const Generator& Chosen = ChosenGenerator(*State, Arguments, 1);
+    return "nodes " + std::to_string(rules::Perft(*State, Depth, Chosen)) + '\n';
+}
+
+std::string Console::Play(const Words& Arguments) {
+    ExpectCount(Arguments, 1, 1);
+    if (!HasList) {
+        throw CommandError("ask for the moves of this position first");
+    }
+    if (Listed.empty()) {
+        throw CommandError("there is no move");
+    }
+    const auto Chosen = static_cast<std::size_t>(Number(Arguments[0], 0, static_cast<std::int64_t>(Listed.size()) - 1));
+    const int Index = State->StackLimit[State->Ply] + static_cast<int>(Chosen);
+    State->MoveStack[Index] = Listed[Chosen];
+    InitGameTree(*State);
+    const Step Done = {RememberMove(*State, Index), State->Material[0], State->TotalMaterial[0]};
+    PerformMove(*State, Index);
+    Played.push_back(Done);
+    HasList = false;
+    return {};
+}
+
+std::string Console::Undo() {
+    if (Played.empty()) {
+        throw CommandError("no move has been played");
+    }
+    const Step& Last = Played.back();
+    StepBack(*State, Last.Move, Last.Material, Last.TotalMaterial);
+    Played.pop_back();
+    HasList = false;
+    return {};
+}
+
+std::string Console::Eval(const Words& Arguments) {
+    if (Arguments.size() != 1 && Arguments.size() != 3) {
+        throw CommandError("an evaluator and no window, or both its bounds");
+    }
+    const NamedEvaluator& Chosen = FindRow(Evaluators, Arguments[0], "evaluator");
+    const std::int32_t Alpha = Arguments.size() == 3 ? WideNumber(Arguments[1]) : WindowLow;
+    const std::int32_t Beta = Arguments.size() == 3 ? WideNumber(Arguments[2]) : WindowHigh;
+    InitEngineThresholds(*State);
+    State->DrawPending = 0;
+    State->NoLegalDrawHit = 0;
+    const GamePositionScope Scope(*State);
+    const std::int32_t Score = Chosen.Evaluate(*State, Alpha, Beta, State->Side);
+    return "score " + std::to_string(Score) + " lost " + std::to_string(State->SideToMoveLost) + " nolegal " +
+           std::to_string(State->NoLegalDrawHit) + '\n';
+}
+
+std::string Console::Set(const Words& Arguments) {
+    ExpectCount(Arguments, 2, 2);
+    FindRow(Settings, Arguments[0], "setting").Store(*State, WideNumber(Arguments[1]));
+    return {};
+}
+
+std::string Console::Search(const Words& Arguments) {
+    if (Arguments.size() != 2 && Arguments.size() != 4) {
+        throw CommandError("a routine, a depth, and no window or both its bounds");
+    }
+    const SearchRoutine& Chosen = FindRow(SearchRoutines(), Arguments[0], "search routine");
+    std::int32_t Depth = SmallNumber(Arguments[1], -DeepestSearch, DeepestSearch);
+    std::int32_t Alpha =
+        Arguments.size() == 4 ? static_cast<std::int32_t>(Number(Arguments[2], WindowLow, WindowHigh)) : WindowLow;
+    const std::int32_t Beta =
+        Arguments.size() == 4 ? static_cast<std::int32_t>(Number(Arguments[3], WindowLow, WindowHigh)) : WindowHigh;
+    InitGameTree(*State);
+    InitEngineThresholds(*State);
+    ForgetLines(*State);
+    State->RootSide = State->Side;
+    State->DrawPending = 0;
+    State->CancelRequested = 0;
+    State->StopAutoPlay = 0;
+    State->MaxSearchDepth = Depth + State->Plys;
+    State->NodeCount = 0;
+    const std::int32_t Score = Chosen.Search(*State, Alpha, Beta, Depth);
+    return "score " + std::to_string(Score) + " nodes " + std::to_string(State->NodeCount) + '\n' +
+           MainLineText(*State);
+}
+
+std::string Console::Think(const Words& Arguments) {
+    ExpectCount(Arguments, 1, 1);
+    RootLimits Limits;
+    Limits.Depth = SmallNumber(Arguments[0], 1, DeepestSearch);
+    State->LazyMargin = DefaultLazyMargin;
+    ForgetLines(*State);
+    PrepareSearch(*State);
+    State->Noise = 0;
+    State->CancelRequested = 0;
+    State->QuietLimit = 0;
+    State->DrawPending = 0;
+    InitGameTree(*State);
+    PlayingRoutine(*State).Evaluate(*State, WindowLow, WindowHigh, State->Side);
+    GenerateGameMoves(*State);
+    if (MoveCountOfPly(*State) == 0) {
+        return {};
+    }
+    if (MoveCountOfPly(*State) == 1) {
+        Limits.Depth = 1;
+    }
+    IterationLines Lines(*State);
+    RootSearch(*State, Limits, World.Seconds(), Lines);
+    return Lines.Text;
+}
+
+std::string Console::Bench(const Words& Arguments) const {
+    ExpectCount(Arguments, 0, 1);
+    const double Least = Arguments.empty() ? 0 : static_cast<double>(Number(Arguments[0], 0, 3600));
+    const auto Start = std::chrono::steady_clock::now();
+    std::uint64_t Nodes = 0;
+    std::uint64_t Fingerprint = 0;
+    double Seconds = 0;
+    do {
+        Fingerprint = SearchBenchPositions();
+        Nodes += Fingerprint;
+        Seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - Start).count();
+    } while (Seconds < Least);
+    const auto PerSecond = static_cast<std::uint64_t>(static_cast<double>(Nodes) / Seconds);
+    return "bench nodes " + std::to_string(Fingerprint) + " nps " + std::to_string(PerSecond) + '\n';
+}
+
+} // namespace zonterbrook::probe

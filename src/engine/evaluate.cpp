@@ -1,0 +1,386 @@
+// The evaluators: census, decided positions, lazy exit, positional sum, repetition, pattern, score.
+//
+// The generic evaluator and the three hard-wired ones are one routine over a policy, so that what differs between them
+// stands in one place. Numbers that hang on the rule set alone come from tables (evaluate_tables.cpp).
+#include "engine/evaluate.h"
+
+#include "rules/generate.h"
+#include "rules/position.h"
+
+#include <array>
+#include <cmath>
+#include <cstdlib>
+
+namespace zonterbrook::engine {
+
+using namespace rules;
+
+namespace {
+
+/// What the four evaluators differ in.
+struct EvaluatorPolicy {
+    EvaluatorKind Kind;
+    /// Reads the rules of the variant: goals, draws without a move, anti mode, empty cells, goals' distances.
+    bool Generic;
+};
+
+using DistanceRow = std::array<std::uint8_t, BoardCells>;
+
+constexpr std::array<DistanceRow, BoardCells> MakeDistances() {
+    std::array<DistanceRow, BoardCells> Table{};
+    for (std::size_t A = 0; A < BoardCells; ++A) {
+        for (std::size_t B = 0; B < BoardCells; ++B) {
+            Table[A][B] = static_cast<std::uint8_t>(SquareDistance(static_cast<int>(A), static_cast<int>(B)));
+        }
+    }
+    return Table;
+}
+constexpr auto Distances = MakeDistances();
+
+int DistanceBetween(int A, int B) {
+    return Distances[static_cast<std::size_t>(A)][static_cast<std::size_t>(B)];
+}
+
+/// What the census of a position tells.
+struct Census {
+    int Pieces[2];
+    int Men[2];
+    bool Early[2];    ///< the colour has more men than its threshold
+    int Strongest[2]; ///< the cell of the colour's strongest piece; cell 0 if it has none
+    bool Goal[2];
+};
+
+/// White's strongest piece is the first of equals, Black's the last, in rows from the bottom and columns from the
+/// right. The asymmetry is wanted.
+int FirstFromTheRight(CellSet Set) {
+    return (Set & RowCells(RowOf(Set.First()))).Last();
+}
+int LastFromTheRight(CellSet Set) {
+    return (Set & RowCells(RowOf(Set.Last()))).First();
+}
+
+Census Count(const EngineState& State) {
+    Census Result;
+    for (const int Colour : {0, 1}) {
+        const CellSet Men = State.Pieces[Colour];
+        const CellSet Kings = State.Pieces[Colour + 2];
+        Result.Men[Colour] = Men.Count();
+        Result.Pieces[Colour] = Result.Men[Colour] + Kings.Count();
+        Result.Early[Colour] = Result.Men[Colour] > (Colour == 0 ? State.MenThresholdWhite : State.MenThresholdBlack);
+        const CellSet Strongest = Kings.Any() ? Kings : Men;
+        Result.Strongest[Colour] = Strongest.None() ? 0
+                                   : Colour == 0    ? FirstFromTheRight(Strongest)
+                                                    : LastFromTheRight(Strongest);
+    }
+    return Result;
+}
+
+/// A king that stands where it wins: on its own promotion square, or, where kings must come back, on the enemy's.
+void FindGoals(const EngineState& State, Census& Figures) {
+    const RuleSetFields& Rules = State.RuleSet;
+    for (const int Colour : {0, 1}) {
+        const int Column = Rules.WinAtPromo != 0 ? 1 - Colour : Colour;
+        const bool Armed = Rules.WinAtPromo != 0 || Rules.KingWin != 0;
+        Figures.Goal[Colour] = Armed && (State.Pieces[Colour + 2] & State.PromotionSet[Column]).Any();
+    }
+}
+
+/// 1 plus 2 for each own piece that stands one step behind: `Isamulti`, on the sets that are at hand.
+class Support {
+public:
+    Support(const EngineState& State, int Colour) {
+        for (int Index = Colour; Index < PieceIndices; Index += 2) {
+            if (State.Pieces[Index].None()) {
+                continue;
+            }
+            for (const std::int16_t Step : State.MoveDirections[Index]) {
+                if (Step == DirectionSentinel) {
+                    break;
+                }
+                Reached[Count++] = State.Pieces[Index].Moved(Step);
+            }
+        }
+    }
+
+    int Of(int Cell) const {
+        int Sum = 1;
+        for (int I = 0; I < Count; ++I) {
+            Sum += Reached[I].Contains(Cell) ? 2 : 0;
+        }
+        return Sum;
+    }
+
+private:
+    CellSet Reached[2 * (DirectionEntries - 1)];
+    int Count = 0;
+};
+
+/// The sum over one colour's pieces, seen from White, for evaluators in which the order of the pieces is all one.
+template <EvaluatorPolicy P>
+int SumOfColour(const EngineState& State, const PieceValueTable& Values, int Colour, int Target) {
+    const Support Behind(State, Colour);
+    const DistanceRow& ToTarget = Distances[static_cast<std::size_t>(Target)];
+    const bool WithDistance = !P.Generic || State.DistanceTermEnabled != 0;
+    int Sum = 0;
+    int Pull = 0;
+    for (int Index = Colour; Index < PieceIndices; Index += 2) {
+        const BoardCellsArray& Points = Values[Index];
+        const int Divisor = P.Generic && Index < 2 ? 1 : 3;
+        for (CellSet Pieces = State.Pieces[Index]; Pieces.Any();) {
+            const int Cell = Pieces.TakeFirst();
+            Sum += Points[Cell];
+            if (WithDistance) {
+                const int Supporters = Behind.Of(Cell);
+                Pull += Supporters * ((19 - ToTarget[static_cast<std::size_t>(Cell)]) / Divisor);
+                if constexpr (!P.Generic) {
+                    Pull -= Supporters == 1 ? 10 : 0;
+                }
+            }
+        }
+    }
+    return Sum + (Colour == 0 ? Pull : -Pull);
+}
+
+/// The file term of variants whose men never leave their rows: the opponent of the side to move counts columns that it
+/// holds alone. The slot is the row's number though it was counted by column. Wanted.
+int SidewaysTerm(const EngineState& State, int Row) {
+    const int Column = 12 - Row;
+    CellSet::Word Bits = 0;
+    for (int R = FirstRow; R <= LastRow; ++R) {
+        Bits |= CellSet::Word{1} << static_cast<unsigned>(CellAt(R, Column) - FirstCell);
+    }
+    const int Own = State.RootSide == White ? 0 : 1;
+    const CellSet Cells(Bits);
+    const bool Holds = (State.Pieces[Own] & Cells).Count() > 1 && (State.Pieces[1 - Own] & Cells).Count() < 2;
+    return Holds ? State.RootSide : 0;
+}
+
+bool HasSidewaysTerm(const EngineState& State, std::int32_t Side) {
+    return State.SidewaysOnly != 0 && State.RootSide == -Side;
+}
+
+/// The sum for variants that the first king wins. Where the colours have unequal numbers of promotion squares a
+/// fraction is rounded at each piece, halves to even, so the order of the cells counts.
+int KingWinSum(const EngineState& State, const Census& Figures, int Combination, std::int32_t Side) {
+    const PieceValueTable& Values = State.GenericValues[Combination];
+    const double Factor = 2.0 - (Figures.Pieces[0] + Figures.Pieces[1]) * 0.01;
+    const bool ByRow = HasSidewaysTerm(State, Side);
+    int FirstRowOf[2] = {0, 0};
+    int RowsDone = FirstRow - 1;
+    int Sum = 0; // less what the empty cells up to here give
+    const auto EnterRows = [&](int Row) {
+        while (ByRow && RowsDone < Row) {
+            Sum += SidewaysTerm(State, ++RowsDone);
+        }
+    };
+    for (CellSet Pieces = AllPieces(State); Pieces.Any();) {
+        const int Cell = Pieces.TakeFirst();
+        const int Row = RowOf(Cell);
+        const int Index = PieceIndex(State.Board[Cell]);
+        const int Colour = Index % 2;
+        const int Sign = Colour == 0 ? 1 : -1;
+        EnterRows(Row);
+        Sum += Values[Index][Cell];
+        const int EmptySoFar = State.EmptyPrefix[Combination][Cell];
+        for (int Entry = 0; Entry < PromotionRows; ++Entry) {
+            const int Square = State.RuleSet.PromotionSquares[Entry][Colour];
+            if (Square != NoSquare) {
+                Sum += Sign * 2 * (19 - DistanceBetween(Cell, Square));
+            } else if (State.PromotionCountEqual == 0 && Entry <= State.PromotionCountMax) {
+                const int Distance = DistanceBetween(Cell, Figures.Strongest[1 - Colour]);
+                const double Exact = (Sum + EmptySoFar) + Sign * Factor * (19 - Distance);
+                Sum = static_cast<int>(std::nearbyint(Exact)) - EmptySoFar;
+                if (FirstRowOf[Colour] == 0) {
+                    FirstRowOf[Colour] = Row - 1;
+                }
+                Sum -= Sign * 10 * std::abs(FirstRowOf[Colour] + 1 - Row);
+            }
+        }
+    }
+    EnterRows(LastRow);
+    return Sum + State.EmptyPrefix[Combination][LastCell];
+}
+
+/// The positional sum from White's point of view.
+template <EvaluatorPolicy P>
+int PositionalSum(const EngineState& State, const Census& Figures, std::int32_t Side) {
+    if constexpr (!P.Generic) {
+        const PieceValueTable& Values = State.SpecialValues[static_cast<int>(P.Kind)];
+        return SumOfColour<P>(State, Values, 0, Figures.Strongest[1]) +
+               SumOfColour<P>(State, Values, 1, Figures.Strongest[0]);
+    } else {
+        const int Combination = (Figures.Early[0] ? 1 : 0) + (Figures.Early[1] ? 2 : 0);
+        if (State.RuleSet.KingWin == 1) {
+            return KingWinSum(State, Figures, Combination, Side);
+        }
+        const PieceValueTable& Values = State.GenericValues[Combination];
+        int Sum = State.EmptyPrefix[Combination][LastCell] + SumOfColour<P>(State, Values, 0, Figures.Strongest[1]) +
+                  SumOfColour<P>(State, Values, 1, Figures.Strongest[0]);
+        if (HasSidewaysTerm(State, Side)) {
+            for (int Row = FirstRow; Row <= LastRow; ++Row) {
+                Sum += SidewaysTerm(State, Row);
+            }
+        }
+        return Sum;
+    }
+}
+
+/// A mix of all the key's bits. Unequal keys may share it; the keys themselves decide then.
+std::uint32_t Fingerprint(const PositionKey& Key) {
+    std::uint64_t Mix = 0;
+    for (const CellSet& Set : Key.Pieces) {
+        Mix = (Mix ^ Set.Low()) * 0x9E3779B97F4A7C15ULL;
+        Mix = (Mix ^ (Mix >> 29U) ^ Set.High()) * 0xBF58476D1CE4E5B9ULL;
+        Mix ^= Mix >> 32U;
+    }
+    return static_cast<std::uint32_t>(Mix);
+}
+
+/// True if the position stood before in the game or the line, two moves back or more. If not, its key is stored.
+bool IsRepetition(EngineState& State) {
+    const PositionKey Key = KeyOfPosition(State);
+    const std::uint32_t Print = Fingerprint(Key);
+    const int Last = State.GameMoves - 2;
+    for (int I = 0; I <= Last; ++I) {
+        if (State.HistoryFingerprint[I] == Print && State.PositionHistory[I] == Key) [[unlikely]] {
+            return true;
+        }
+    }
+    if (State.GameMoves > 0) {
+        State.PositionHistory[State.GameMoves - 1] = Key;
+        State.HistoryFingerprint[State.GameMoves - 1] = Print;
+    }
+    return false;
+}
+
+/// The gain of a colour from free ground in front of its promotion squares, and of closed lines of men there. The
+/// hard-wired evaluators count free ground twice where all three cells are free. Wanted.
+template <EvaluatorPolicy P>
+int Pattern(const EngineState& State, int Colour) {
+    const PatternList& List = P.Generic ? State.GenericPattern[Colour] : State.SpecialPattern[Colour];
+    if (List.Faults != 0) [[unlikely]] {
+        base::FailIndex(NoSquare, BoardCells);
+    }
+    int Gain = 0;
+    int Lines = 0;
+    for (int I = 0; I < List.Count; ++I) {
+        const PatternCells& Cells = List.Cells[I];
+        const std::int32_t Square = State.Board[Cells.Square];
+        const std::int32_t Next = State.Board[Cells.Next];
+        const std::int32_t Beyond = State.Board[Cells.Beyond];
+        if (Square == Empty) {
+            if (Next == Empty && Beyond == Empty) {
+                Gain += P.Generic ? 30 : 50;
+            } else if (Next == Empty || Beyond == Empty) {
+                Gain += 20;
+            }
+        } else if (Cells.Straight != 0 && IsMan(Square) && Next == Square && Beyond == Square) {
+            Lines += 30 * Square;
+        }
+    }
+    return (Colour == 0 ? Gain : -Gain) + Lines;
+}
+
+int NoiseTerm(EngineState& State) {
+    if (State.Noise == 0) {
+        return 0;
+    }
+    const auto Draw = [&] { return static_cast<int>(std::floor(State.World->Random() * State.Noise)); };
+    const int First = Draw();
+    return First - Draw();
+}
+
+template <EvaluatorPolicy P>
+std::int32_t Evaluate(EngineState& State, std::int32_t Alpha, std::int32_t Beta, std::int32_t Side) {
+    // 1. Nothing is known yet.
+    State.SideToMoveLost = 0;
+
+    // 2. Census.
+    Census Figures = Count(State);
+    const bool Anti = P.Generic && State.RuleSet.AntiMode != 0;
+    if constexpr (P.Generic) {
+        FindGoals(State, Figures);
+
+        // 3. A draw for want of a move.
+        if (State.RuleSet.NoLegalDraw != 0) {
+            State.NoLegalDrawHit = 0;
+            if (!GenerateMoves1(State, 1) && Figures.Pieces[0] > 0 && Figures.Pieces[1] > 0) {
+                State.NoLegalDrawHit = 1;
+                return 0;
+            }
+        }
+    }
+
+    // 4. Decided positions. In anti mode the colours change their roles.
+    const int Mover = (Side == White) != Anti ? 0 : 1;
+    const int Other = 1 - Mover;
+    const std::int32_t Limit = State.RuleSet.NumberPieces;
+    bool Lost = Figures.Pieces[Mover] <= Limit;
+    bool Won = Figures.Pieces[Other] <= Limit;
+    if constexpr (P.Generic) {
+        Lost = Lost || Figures.Goal[Other];
+        Won = Won || Figures.Goal[Mover];
+    }
+    State.SideToMoveLost = Lost ? 1 : 0;
+    if (Won) {
+        return WindowHigh - State.Ply;
+    }
+
+    // 5. Lazy exit.
+    const std::int32_t Material = State.Material[State.Ply];
+    const bool Outside =
+        Material < std::int64_t{Alpha} - State.LazyMargin || Material > std::int64_t{Beta} + State.LazyMargin;
+    if (Outside && (!P.Generic || State.TotalMaterial[State.Ply] != 0)) {
+        return Anti ? -Material : Material;
+    }
+
+    // 6. A draw that waits for this line.
+    if (State.DrawPending != 0) {
+        return 0;
+    }
+
+    // 7. and 8. Positional sum and repetition, which share nothing but their place: a repetition needs no sum.
+    if (IsRepetition(State)) {
+        return 0;
+    }
+    int Sum = PositionalSum<P>(State, Figures, Side);
+
+    // 9. Promotion rows.
+    if (!P.Generic || State.PatternTermEnabled == 1) {
+        for (const int Colour : {0, 1}) {
+            if (Figures.Early[Colour]) {
+                Sum += Pattern<P>(State, Colour);
+            }
+        }
+    }
+
+    // 10. The score, from the side to move.
+    const std::int32_t Score = Material + (Side == Black ? -Sum : Sum) + NoiseTerm(State);
+    return P.Generic && State.RuleSet.AntiMode == 1 ? -Score : Score;
+}
+
+} // namespace
+
+PositionKey KeyOfPosition(const RulesState& State) {
+    return {State.Pieces};
+}
+
+void StoreKey(EngineState& State, int Index, const PositionKey& Key) {
+    State.PositionHistory[Index] = Key;
+    State.HistoryFingerprint[Index] = Fingerprint(Key);
+}
+
+std::int32_t EvaluatePosition(EngineState& State, std::int32_t Alpha, std::int32_t Beta, std::int32_t Side) {
+    return Evaluate<EvaluatorPolicy{EvaluatorKind::Generic, true}>(State, Alpha, Beta, Side);
+}
+std::int32_t EvaluateAmerican(EngineState& State, std::int32_t Alpha, std::int32_t Beta, std::int32_t Side) {
+    return Evaluate<EvaluatorPolicy{EvaluatorKind::American, false}>(State, Alpha, Beta, Side);
+}
+std::int32_t EvaluateGerman(EngineState& State, std::int32_t Alpha, std::int32_t Beta, std::int32_t Side) {
+    return Evaluate<EvaluatorPolicy{EvaluatorKind::German, false}>(State, Alpha, Beta, Side);
+}
+std::int32_t EvaluateItalian(EngineState& State, std::int32_t Alpha, std::int32_t Beta, std::int32_t Side) {
+    return Evaluate<EvaluatorPolicy{EvaluatorKind::Italian, false}>(State, Alpha, Beta, Side);
+}
+
+} // namespace zonterbrook::engine

@@ -1,0 +1,288 @@
+// Iterative deepening at the root.
+//
+// Reads the root moves from the stack, writes their order, `RootMoves`, `BestScore`, the main line and the margins.
+// Works on the position through make and unmake alone.
+#include "engine/root_search.h"
+
+#include "engine/evaluate.h"
+#include "engine/search.h"
+#include "rules/generate.h"
+#include "rules/moves.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace zonterbrook::engine {
+
+using namespace rules;
+
+namespace {
+
+constexpr std::int32_t StartAspirationWidth = 100;
+constexpr std::int32_t WidenStep = 10;
+constexpr std::int32_t ShortLine = 3;
+constexpr std::int32_t VerifyFrom = 3;
+/// How far the score must have fallen since the last iteration to be worth half as much time again.
+constexpr std::int32_t FallingScore = 50;
+constexpr int MenBelowThreshold = 6;
+constexpr double SecondsPerDay = 86400;
+
+/// How many of the keys of the game equal the position on the board.
+int CountRepetitions(const EngineState& State) {
+    const PositionKey Key = KeyOfPosition(State);
+    int Count = 0;
+    for (int I = 0; I < State.SearchBase; ++I) {
+        Count += State.PositionHistory[I] == Key ? 1 : 0;
+    }
+    return Count;
+}
+
+class RootLoop {
+public:
+    RootLoop(EngineState& InState, const RootLimits& InLimits, double InStarted, RootObserver& InObserver)
+        : State(InState), Limits(InLimits), Started(InStarted), Observer(InObserver), Routine(PlayingRoutine(InState)),
+          VerifiesFullWindow(InState.SpecialRuleSet == 1 ||
+                             (InState.SpecialRuleSet == 0 && InState.RuleSet.AntiMode == 1)) {}
+
+    RootOutcome Run() {
+        State.RootSide = State.Side;
+        Count = State.StackLimit[1];
+        for (int I = 0; I < std::min(Count, RootMoveEntries); ++I) {
+            State.RootMoves[I].Source = State.MoveStack[I].Source;
+            State.RootMoves[I].Dest = State.MoveStack[I].Dest;
+        }
+        for (Iteration = 1; Iteration <= Limits.Depth; ++Iteration) {
+            if (!RunIteration()) {
+                break;
+            }
+        }
+        // A stop by the clock is not the user's: whoever plays on plays on.
+        if (State.CancelRequested == 2) {
+            State.CancelRequested = 0;
+            State.StopAutoPlay = 0;
+        }
+        Outcome.Seconds = Elapsed();
+        return Outcome;
+    }
+
+private:
+    double Elapsed() const { return ElapsedSeconds(Started, State.World->Seconds()); }
+
+    void StopByClock() {
+        State.CancelRequested = 2;
+        State.StopAutoPlay = 1;
+    }
+
+    /// A stop does not break the loop while the score is a forced one: what is left returns at once.
+    bool MustLeave() const { return std::abs(Alpha) <= DecidedScore && State.StopAutoPlay == 1; }
+
+    /// Returns false when the iterations are to end.
+    bool RunIteration() {
+        const double IterationStarted = State.World->Seconds();
+        // The verification may widen the lazy margin at once at a fixed depth, later when playing by time.
+        if (Limits.ByTime ? Iteration > 2 : Iteration == 1) {
+            WidenAllowed = true;
+        }
+        if (Iteration == 1) {
+            Alpha = WindowLow;
+            Beta = WindowHigh;
+        } else {
+            Beta = Alpha + State.AspirationWidth;
+            Alpha -= State.AspirationWidth;
+        }
+        State.MaxSearchDepth = Iteration + State.Plys;
+        for (int Move = 0; Move < Count; ++Move) {
+            if (!SearchMove(Move)) {
+                break;
+            }
+        }
+        if (Limits.ByTime && Elapsed() >= Limits.TimeLimit) {
+            StopByClock();
+        }
+        if (State.StopAutoPlay == 1) {
+            return false;
+        }
+        LastIterationScore = State.BestScore;
+        Observer.IterationDone(Iteration, ElapsedSeconds(IterationStarted, State.World->Seconds()));
+        return true;
+    }
+
+    /// One root move of an iteration. Returns false when the loop over the moves is to end.
+    bool SearchMove(int Move) {
+        State.MainVariantTable[0][0].Source = 0;
+        Observer.MoveStarts(Iteration, Move, false);
+        std::int32_t Score = TryMove(Move, Move == 0 ? WindowLow - 1 : WindowHigh);
+        if (MustLeave()) {
+            return false;
+        }
+        bool Accepted = false;
+        if (Move == 0) {
+            if (Score < Alpha || Score >= Beta) {
+                const bool Low = Score < Alpha;
+                Alpha = Low ? WindowLow : Score;
+                Beta = Low ? Score : WindowHigh;
+                Score = TryMove(Move, WindowLow - 1);
+                if (MustLeave()) {
+                    return false;
+                }
+            }
+            Accepted = true;
+        } else if (Score > Alpha) {
+            // The window of a move that fails here is left as the attempt has set it. Wanted.
+            const std::int32_t OldAlpha = std::exchange(Alpha, Score);
+            Beta = WindowHigh;
+            Score = TryMove(Move, OldAlpha);
+            if (MustLeave()) {
+                return false;
+            }
+            Accepted = Score > OldAlpha;
+            Beta = Alpha + 1;
+        }
+        if (Accepted) {
+            Alpha = Score;
+            Beta = Alpha + 1;
+            Accept(Move, Score);
+        }
+        CheckClock();
+        const int Place = Accepted ? 0 : Move;
+        if (Place < RootMoveEntries) {
+            State.RootMoves[Place].Score = Verified ? ScoreBeforeVerify : Score;
+        }
+        return State.StopAutoPlay != 1;
+    }
+
+    /// Searches one root move with the window in force. It is verified if it beats `VerifyAbove`.
+    std::int32_t TryMove(int Move, std::int32_t VerifyAbove) {
+        Verified = false;
+        TriedMove Tried(State, Move);
+        State.DrawPending = CountRepetitions(State);
+        if (State.DrawPending == 0) {
+            const bool Quiet = State.PlyIrreversible[State.Ply] == 0;
+            State.DrawPending = State.QuietLimit > 0 && Quiet && State.QuietMoves + 1 > State.QuietLimit ? 1 : 0;
+        }
+        std::int32_t Depth = Iteration - 1;
+        std::int32_t Score = SearchReply(Alpha, Beta, Depth);
+        if (Score > VerifyAbove) {
+            Score = Verify(Move, Score);
+        }
+        Tried.TakeBack();
+        return Score;
+    }
+
+    std::int32_t SearchReply(std::int32_t Low, std::int32_t High, std::int32_t& Depth) {
+        std::int32_t ReplyAlpha = -High;
+        return -Routine.Search(State, ReplyAlpha, -Low, Depth);
+    }
+
+    /// A best move with a suspiciously short line behind it gets a look a ply deeper.
+    std::int32_t Verify(int Move, std::int32_t Score) {
+        int Length = 1;
+        while (State.MainVariantTable[1][Length].Source != 0) {
+            ++Length;
+        }
+        if (Length >= ShortLine || Iteration < VerifyFrom) {
+            return Score;
+        }
+        Observer.MoveStarts(Iteration, Move, true);
+        ScoreBeforeVerify = Score;
+        Verified = true;
+        // The depth is the iteration itself: an extension in the search lengthens the root's count too. Wanted.
+        Score =
+            VerifiesFullWindow ? SearchReply(WindowLow, WindowHigh, Iteration) : SearchReply(Alpha, Beta, Iteration);
+        if (State.Material[State.Ply] != 0 && WidenAllowed) {
+            State.LazyMargin += WidenStep;
+            if (State.WidenDropsPattern == 1) {
+                State.PatternTermEnabled = 0;
+            }
+        }
+        return Score;
+    }
+
+    /// The move is the best of its iteration so far: it goes to the front, and the others keep their order.
+    void Accept(int Move, std::int32_t Score) {
+        State.BestScore = Score;
+        UpdateMainVariant(State, Move);
+        Outcome.DepthReached = Iteration;
+        Observer.MoveAccepted(Iteration, Move);
+        auto* Records = State.MoveStack.begin();
+        std::rotate(Records, Records + Move, Records + Move + 1);
+        // The list holds the first moves only; one from behind its end pushes the last one out.
+        const int Listed = std::min(Move, RootMoveEntries - 1);
+        auto* Moves = State.RootMoves.begin();
+        std::rotate(Moves, Moves + Listed, Moves + Listed + 1);
+        Moves->Source = Records->Source;
+        Moves->Dest = Records->Dest;
+    }
+
+    void CheckClock() {
+        const double Seconds = Limits.ByTime ? Elapsed() : 0;
+        Observer.MoveDone(Seconds);
+        if (!Limits.ByTime || Seconds < Limits.TimeLimit) {
+            return;
+        }
+        // Half as much time again may be spent, but only to repair a falling score.
+        const bool Falling = State.BestScore < LastIterationScore - FallingScore;
+        if (!Falling || Seconds >= 1.5 * Limits.TimeLimit) {
+            StopByClock();
+        }
+    }
+
+    EngineState& State;
+    const RootLimits Limits;
+    const double Started;
+    RootObserver& Observer;
+    const SearchRoutine& Routine;
+    const bool VerifiesFullWindow;
+    RootOutcome Outcome;
+    int Count = 0;
+    std::int32_t Iteration = 0;
+    std::int32_t Alpha = 0;
+    std::int32_t Beta = 0;
+    std::int32_t LastIterationScore = 0;
+    std::int32_t ScoreBeforeVerify = 0;
+    bool Verified = false;
+    bool WidenAllowed = false;
+};
+
+} // namespace
+
+void InitEngineThresholds(EngineState& State) {
+    State.MenThresholdWhite = std::max(State.StartMenWhite - MenBelowThreshold, MenBelowThreshold);
+    State.MenThresholdBlack = std::max(State.StartMenBlack - MenBelowThreshold, MenBelowThreshold);
+}
+
+void SetNoise(EngineState& State) {
+    const int Noise = State.Strength * 70 - 70;
+    State.Noise = Noise == 0 ? 5 : std::max(Noise, 0);
+}
+
+void PrepareSearch(EngineState& State) {
+    State.PatternTermEnabled = 1;
+    State.AspirationWidth = StartAspirationWidth;
+    State.RootMoves.Fill({UnsetScore, 0, UnsetScore});
+    InitEngineThresholds(State);
+    SetNoise(State);
+    State.StopAutoPlay = 0;
+    State.SearchBase = State.GameMoves;
+    State.NodeCount = 0;
+}
+
+RootOutcome RootSearch(EngineState& State, const RootLimits& Limits, double Started, RootObserver& Observer) {
+    RootLoop Loop(State, Limits, Started, Observer);
+    const std::int32_t Before = std::exchange(State.AtGamePosition, 0);
+    const RootOutcome Outcome = Loop.Run();
+    State.AtGamePosition = Before;
+    return Outcome;
+}
+
+void SortRootMoves(EngineState& State) {
+    std::stable_sort(State.RootMoves.begin(), State.RootMoves.end(),
+                     [](const RootMove& A, const RootMove& B) { return A.Score > B.Score; });
+}
+
+double ElapsedSeconds(double From, double To) {
+    return To >= From ? To - From : To - From + SecondsPerDay;
+}
+
+} // namespace zonterbrook::engine

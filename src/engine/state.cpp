@@ -1,0 +1,45 @@
+// Defaults of the engine's slice, and what a new game forgets.
+#include "engine/state.h"
+
+#include "rules/install.h"
+#include "rules/position.h"
+
+namespace zonterbrook::engine {
+
+void ResetEngine(EngineState& State, base::OutsideWorld& World) {
+    State = EngineState{};
+    rules::ResetRules(State);
+    State.World = &World;
+    State.Strength = 1;
+    State.SearchDepth = 2;
+    State.TimeLimit = 2;
+    State.ExtendedSearch = 1;
+    State.Balance = 150;
+    State.Plys = 3;
+    ResetEngineGame(State);
+}
+
+void ResetEngineGame(EngineState& State) {
+    State.LazyMargin = DefaultLazyMargin;
+    State.PositionHistory.Fill({});
+    State.HistoryFingerprint.Fill(0);
+    State.DrawPending = 0;
+    State.StopAutoPlay = 0;
+    State.NoLegalDrawHit = 0;
+    State.BestScore = 0;
+}
+
+void StartEngineGame(EngineState& State) {
+    rules::StartRulesGame(State);
+    InstallEngineRules(State);
+    ResetEngineGame(State);
+}
+
+bool SameRoot(const EngineState& A, const EngineState& B) {
+    return A.Board == B.Board && A.Pieces == B.Pieces && A.Side == B.Side && A.Ply == B.Ply &&
+           A.GameMoves == B.GameMoves && A.PiecesInHandWhite == B.PiecesInHandWhite &&
+           A.PiecesInHandBlack == B.PiecesInHandBlack && A.Material[0] == B.Material[0] &&
+           A.TotalMaterial[0] == B.TotalMaterial[0];
+}
+
+} // namespace zonterbrook::engine

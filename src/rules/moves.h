@@ -1,0 +1,168 @@
+// The move stack and making and taking back a move.
+//
+// There is one board. A search does not copy it: it makes a move, looks deeper and takes the move back, strictly
+// nested. A generator fills `MoveStack` from `StackLimit[Ply]` up to `StackLimit[Ply + 1]`.
+#pragma once
+
+#include "rules/position.h"
+#include "rules/state.h"
+
+#include <algorithm>
+
+namespace zonterbrook::rules {
+
+/// The score of a record that has been handed out, and the lowest that a search window knows.
+inline constexpr std::int32_t UsedScore = -32000;
+
+/// The ordering bonuses of the moves that a search would like to see first, held ready for one generator call.
+struct MoveOrdering {
+    std::int32_t Source[3]; ///< main line, first killer, second killer
+    std::int32_t Dest[3];
+    std::int32_t RecaptureDest; ///< where the move before the last one landed, 0 if there is none
+
+    explicit MoveOrdering(const RulesState& State) {
+        const MainLineMove& Line = State.MainVariantTable[State.Ply][State.Ply];
+        const KillerPair& Killer = State.Killers[State.Ply];
+        Source[0] = Line.Source;
+        Dest[0] = Line.Dest;
+        Source[1] = Killer.Source1;
+        Dest[1] = Killer.Dest1;
+        Source[2] = Killer.Source2;
+        Dest[2] = Killer.Dest2;
+        // The index is the one before the ply's own: the square that the mover's last move but one reached.
+        RecaptureDest = State.Ply > 0 ? State.PlyDest[State.Ply - 1] : 0;
+    }
+
+    std::int32_t Bonus(int From, int To) const {
+        static constexpr std::int32_t Bonuses[3] = {500, 250, 150};
+        for (int I = 0; I < 3; ++I) {
+            if (Source[I] == From && Dest[I] == To) {
+                return Bonuses[I];
+            }
+        }
+        return 0;
+    }
+};
+
+/// Puts a plain move on the stack. A full stack asks the search to stop and keeps overwriting its last record.
+inline void RegisterMove(RulesState& State, const MoveOrdering& Order, int Source, int Dest) {
+    MoveRecord& Record = State.MoveStack[State.StackTop];
+    Record.Source = Source;
+    Record.Dest = Dest;
+    Record.Kind = 0;
+    Record.Score = Order.Bonus(Source, Dest);
+    Record.Captures.Count = 0;
+    if (State.StackTop < StackFull) {
+        ++State.StackTop;
+    } else {
+        State.CancelRequested = 1;
+    }
+}
+
+/// Puts a capture on the stack. Its score is what it takes less half of the mover's worth, with the bonuses added.
+/// Faults when the path is longer than a record holds.
+inline void RegisterCaptureMove(RulesState& State, const MoveOrdering& Order, int Source, int Dest,
+                                const CapturePath& Path) {
+    if (Path.Count > MaxCaptures) [[unlikely]] {
+        base::FailIndex(Path.Count, MaxCaptures);
+    }
+    MoveRecord& Record = State.MoveStack[State.StackTop];
+    int Weight = 0;
+    for (int I = 0; I < Path.Count; ++I) {
+        Weight += Path.Groups[I].Weight;
+    }
+    Record.Source = Source;
+    Record.Dest = Dest;
+    Record.Kind = 0;
+    Record.Score = 100 * Weight - 50 * std::abs(State.Board[Source]) + (Dest == Order.RecaptureDest ? 300 : 0) +
+                   Order.Bonus(Source, Dest);
+    Record.Captures = Path;
+    if (State.StackTop < StackFull) {
+        ++State.StackTop;
+    } else {
+        State.CancelRequested = 1;
+    }
+}
+
+/// Puts a promotion on the stack: a capture, or with an empty path a plain move.
+inline void RegisterPromotion(RulesState& State, const MoveOrdering& Order, int Source, int Dest,
+                              const CapturePath& Path) {
+    if (Path.Count != 0) {
+        RegisterCaptureMove(State, Order, Source, Dest, Path);
+    } else {
+        RegisterMove(State, Order, Source, Dest);
+    }
+    // With the stack full this marks the record below the one just written. Nobody plays from a full stack.
+    State.MoveStack[State.StackTop - 1].Kind = 2;
+}
+
+/// Hands out the unused record of the ply with the highest score, the first of equals, and marks it; -1 if none is
+/// left.
+inline int NextBestMove(RulesState& State) {
+    std::int32_t BestScore = UsedScore;
+    int Best = -1;
+    const int End = State.StackLimit[State.Ply + 1];
+    for (int I = State.StackLimit[State.Ply]; I < End; ++I) {
+        const std::int32_t Score = State.MoveStack[I].Score;
+        if (Score > BestScore) {
+            BestScore = Score;
+            Best = I;
+        }
+    }
+    if (Best >= 0) {
+        State.MoveStack[Best].Score = UsedScore;
+    }
+    return Best;
+}
+
+/// Makes the present node the root: the figures of ply 1 become those of ply 0. At ply 0 it does nothing.
+void InitGameTree(RulesState& State);
+
+/// Makes the move on record `Move`. Raises `Ply` and `GameMoves`; faults at their limits.
+void PerformMove(RulesState& State, int Move);
+
+/// Takes back the move on record `Move`, which must be the one made last.
+///
+/// A piece that ended where it began, and a king that `KingMan` demoted, left the board for good and do not come back
+/// here: see `TriedMove` for whoever only tries a move.
+void TakeBackMove(RulesState& State, int Move);
+
+/// Makes a move to look at what follows, and leaves the board as it was when it goes out of scope or is taken back.
+class TriedMove {
+public:
+    TriedMove(RulesState& InState, int InMove)
+        : State(InState), Move(InMove), Source(InState.MoveStack[InMove].Source),
+          Mover(Source == FromHand ? Empty : InState.Board[Source]) {
+        PerformMove(State, Move);
+    }
+
+    void TakeBack() {
+        TakeBackMove(State, Move);
+        if (Source != FromHand && State.Board[Source] != Mover) [[unlikely]] {
+            SetCell(State, Source, Mover);
+        }
+    }
+
+private:
+    RulesState& State;
+    int Move;
+    int Source;
+    std::int32_t Mover;
+};
+
+/// A move as the record of a game keeps it, with what stepping back needs beside it.
+struct PlayedMove {
+    MoveRecord Record;
+    std::int32_t Mover; ///< what stood on the source cell before it
+};
+
+/// The move on record `Move`, to be kept by the game's record. Must run before the move is made.
+PlayedMove RememberMove(const RulesState& State, int Move);
+
+/// Steps back over a played move: the position as it stood before it, `Ply` 0, and the material figures given.
+void StepBack(RulesState& State, const PlayedMove& Move, std::int32_t Material, std::int32_t TotalMaterial);
+
+/// The number of own pieces that could step onto `Square`, doubled, plus 1. Anything but Black's -1 counts as White.
+int Isamulti(const RulesState& State, int Square, std::int32_t Side);
+
+} // namespace zonterbrook::rules

@@ -1,0 +1,34 @@
+// A square's name from its cell and back, in the three notations, and the text of a move.
+//
+// Reads the notation switch and the colour of the playing squares; changes only the move texts.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zonterbrook::rules {
+
+struct RulesState;
+
+/// How `SquareNotation` fills a numbered name below 10.
+enum class Padding { Blank = 0, None = 1, Zero = 2 };
+
+/// "a1" to "j0" for a cell of the board; the tenth rank is written 0.
+std::string AlgebraicName(int Cell);
+
+/// The cell that an upper-case letter-and-digit name stands for, or 0. Lower case gives 0: callers that take text from
+/// a person convert it first. Does not ask whether the cell is played on.
+int AlgebraicCell(std::string_view Name);
+
+/// The name of a cell in the notation in force. Empty for an entry from off the board, "--" for a border cell.
+std::string SquareNotation(const RulesState& State, int Square, Padding Pad);
+
+/// The cell that a name stands for in the notation in force, or 0 if it is no name.
+int SquareNumber(const RulesState& State, std::string_view Name);
+
+/// Fills `MoveText` and `MoveTextPadded` with the move on record `Move` of the stack, "c3-d4" or "c3xe5", "K" at the
+/// end of a promotion. Must run before the move is made.
+void DisplayMove(RulesState& State, int Move);
+
+} // namespace zonterbrook::rules

@@ -1,0 +1,186 @@
+// The slice of the game's state that the rules work on: the position, the move stack, the rule set and what derives
+// from it.
+//
+// It is plain data. The engine's, the view's and the game's slices derive from it, so that one object holds everything
+// and a routine's first parameter says how far its hands reach. It is trivially copyable: a test takes it before, takes
+// it after, and compares.
+#pragma once
+
+#include "base/checked_array.h"
+#include "base/fixed_text.h"
+#include "rules/cells.h"
+#include "rules/rule_set.h"
+
+#include <cstdint>
+#include <type_traits>
+
+namespace zonterbrook::rules {
+
+inline constexpr int MaxPly = 100;
+inline constexpr int PlyEntries = MaxPly + 1;
+inline constexpr int MaxGameMoves = 1000;
+inline constexpr int GameMoveEntries = MaxGameMoves + 1;
+inline constexpr int StackEntries = 1001;
+/// `StackTop` stays here once the stack is full; the record at this index is then overwritten by each further move.
+inline constexpr int StackFull = StackEntries - 1;
+inline constexpr int MaxCaptures = 18;
+inline constexpr int CaptureLevels = 21;
+inline constexpr int CaptureRows = 2001;
+inline constexpr std::int16_t DirectionSentinel = -99;
+inline constexpr int DirectionEntries = 9;
+
+/// One captured piece: where it stood and its worth in men, 1 or 2.
+struct CaptureGroup {
+    std::uint8_t Cell;
+    std::uint8_t Weight;
+
+    bool operator==(const CaptureGroup&) const = default;
+};
+
+/// The pieces that a move captures, in the order in which they are jumped. What lies beyond `Count` is no value.
+struct CapturePath {
+    std::uint8_t Count;
+    CaptureGroup Groups[CaptureLevels];
+
+    bool operator==(const CapturePath& Other) const {
+        if (Count != Other.Count) {
+            return false;
+        }
+        for (int I = 0; I < Count; ++I) {
+            if (Groups[I] != Other.Groups[I]) {
+                return false;
+            }
+        }
+        return true;
+    }
+};
+
+/// A move as the generators list it.
+struct MoveRecord {
+    std::int32_t Source; ///< cell, or `FromHand`
+    std::int32_t Dest;   ///< cell
+    std::int32_t Kind;   ///< 0 plain, 2 promotes; times `Side` it is the new piece
+    std::int32_t Score;  ///< ordering score; -32000 once `NextBestMove` has handed the move out
+    CapturePath Captures;
+
+    bool operator==(const MoveRecord&) const = default;
+};
+
+/// One capture found by a generator, before the filters.
+struct CaptureRowFields {
+    std::int32_t Source;
+    std::int32_t Dest;
+    std::int32_t Piece;    ///< the mover's code as it stood before the capture
+    std::uint8_t Promotes; ///< 1: the move ends in promotion
+    std::uint8_t KingsTaken;
+    std::uint8_t LongestPath; ///< pieces in the longest path of this mover when the row was stored
+    CapturePath Text;
+};
+
+/// The rows of one generator call. They stay until the next one: a refused drop looks its reason up here.
+struct CaptureTable {
+    std::int32_t Count;
+    base::CheckedArray<CaptureRowFields, CaptureRows> Rows;
+};
+
+/// One column of step offsets, ended by `DirectionSentinel`.
+using DirectionColumn = base::CheckedArray<std::int16_t, DirectionEntries>;
+/// Columns 0..3: plain steps by piece index; 4..7: capture steps.
+using DirectionTable = base::CheckedArray<DirectionColumn, 8>;
+
+/// Source, Dest and a tag: 1 for a capture, 10 added for a promotion.
+struct MainLineMove {
+    std::int32_t Source;
+    std::int32_t Dest;
+    std::int32_t Tag;
+
+    bool operator==(const MainLineMove&) const = default;
+};
+
+struct KillerPair {
+    std::int32_t Source1;
+    std::int32_t Dest1;
+    std::int32_t Source2;
+    std::int32_t Dest2;
+
+    bool operator==(const KillerPair&) const = default;
+};
+
+using BoardCellsArray = base::CheckedArray<std::int32_t, BoardCells>;
+template <typename T>
+using ByPly = base::CheckedArray<T, PlyEntries>;
+template <typename T>
+using ByGameMove = base::CheckedArray<T, GameMoveEntries>;
+using MoveTextField = base::FixedText<12>;
+
+/// The state of the rules core. Built by `ResetRules`.
+struct RulesState {
+    // --- position: laid by `LayPosition`, changed by `PerformMove` and `TakeBackMove` -------------------------------
+    BoardCellsArray Board;
+    /// The same pieces as sets, by piece index: kept by `SetCell` alone.
+    base::CheckedArray<CellSet, PieceIndices> Pieces;
+    std::int32_t Side;
+    std::int32_t PiecesInHandWhite;
+    std::int32_t PiecesInHandBlack;
+    std::int32_t Ply;       ///< 0 at the root, 100 at most
+    std::int32_t GameMoves; ///< moves made on the board, in the game and in a search
+
+    // --- by ply ----------------------------------------------------------------------------------------------------
+    ByPly<std::int32_t> Material;      ///< hundredths of a man, from the side to move
+    ByPly<std::int32_t> TotalMaterial; ///< both sides together
+    ByPly<std::int32_t> PlyIrreversible;
+    ByPly<std::int32_t> PlyDest;
+    ByPly<KillerPair> Killers;
+    base::CheckedArray<ByPly<MainLineMove>, PlyEntries> MainVariantTable;
+
+    // --- by performed move -----------------------------------------------------------------------------------------
+    ByGameMove<std::int16_t> MoveDest;
+    ByGameMove<std::int16_t> MoveKingDemoted;
+    ByGameMove<std::int16_t> MoveLastManCrowned;
+
+    // --- move stack: filled by the generators ----------------------------------------------------------------------
+    /// One entry more than plies, so that a generator may run at the last ply.
+    base::CheckedArray<std::int32_t, PlyEntries + 1> StackLimit;
+    std::int32_t StackTop;
+    base::CheckedArray<MoveRecord, StackEntries> MoveStack;
+    CaptureTable CaptureRow;
+    /// 1 while moves are generated for the game's own position, whatever `Ply` says: the rule `LastCap` binds there.
+    std::int32_t AtGamePosition;
+    /// 0 none, 1 the user's stop or a full stack, 2 the clock.
+    std::int32_t CancelRequested;
+
+    // --- input: written by `InputMove` -----------------------------------------------------------------------------
+    std::int32_t TouchMove;     ///< the option: the piece first touched must move
+    std::int32_t TouchedSquare; ///< 0: none
+    std::int32_t MoveWasCapture;
+    std::int32_t MoveWasPromotion;
+    std::int32_t PlayedIndex;
+    MoveTextField MoveText;
+    MoveTextField MoveTextPadded;
+
+    // --- notation --------------------------------------------------------------------------------------------------
+    std::int32_t NotationMode; ///< 0 algebraic, 1 numeric, 2 none
+    char CaptureChar;          ///< 'x' or ':'
+
+    // --- rule set: derived figures are written by `InstallRuleSet` --------------------------------------------------
+    RuleSetFields RuleSet;
+    RuleSetFields LoadedRuleSet;
+    BoardCellsArray BoardTemplate;
+    BoardCellsArray StartBoard;
+    DirectionTable MoveDirections;
+    DirectionTable LoadedMoveDirections;
+    std::int32_t SpecialRuleSet; ///< 0 generic, 1 American, 2 Italian, 3 German, 4 Russian
+    std::int32_t SetCaptures;
+    std::int32_t SidewaysOnly;
+    std::int32_t WidenDropsPattern;
+    std::int32_t StartMenWhite; ///< men in the start position
+    std::int32_t StartMenBlack;
+    std::int32_t TotalMen; ///< weight of all its pieces, in men
+    /// The squares of each column of the promotion table as a set; the second from its first twelve rows only.
+    base::CheckedArray<CellSet, 2> PromotionSet;
+    base::CheckedArray<CellSet, 2> JumpPromotionSet;
+};
+
+static_assert(std::is_trivially_copyable_v<RulesState>);
+
+} // namespace zonterbrook::rules
