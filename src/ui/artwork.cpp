@@ -1,0 +1,94 @@
+// The pictures of the board: squares, pieces and drag pointers, rendered from vector art.
+//
+// The art is a handful of drawings, each the size of a whole square: two squares and four pieces with their shadows.
+// The fourteen pictures are what can be made by laying one over the other.
+#include "ui/artwork.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <array>
+
+// The drawings lie in a library, from which nothing is linked that is not named; the macro wants to stand outside of
+// any namespace.
+static void NameTheDrawings() {
+    Q_INIT_RESOURCE(art);
+}
+
+namespace zonterbrook::ui {
+
+namespace {
+
+struct Layers {
+    const char* Square; // nullptr: nothing behind the piece
+    const char* Piece;  // nullptr: nothing on the square
+};
+
+// In the order of `view::Picture`.
+constexpr std::array<Layers, view::PictureCount> Recipes{{
+    {"dark_square", nullptr},
+    {"light_square", nullptr},
+    {"dark_square", "white_man"},
+    {"dark_square", "black_man"},
+    {"dark_square", "white_king"},
+    {"dark_square", "black_king"},
+    {"light_square", "white_man"},
+    {"light_square", "black_man"},
+    {"light_square", "white_king"},
+    {"light_square", "black_king"},
+    {nullptr, "white_man"},
+    {nullptr, "black_man"},
+    {nullptr, "white_king"},
+    {nullptr, "black_king"},
+}};
+
+void PaintLayer(QPainter& Painter, const char* Name, QSize Size) {
+    if (Name == nullptr) {
+        return;
+    }
+    QSvgRenderer Drawing(QStringLiteral(":/art/pieces/%1.svg").arg(QLatin1String(Name)));
+    Drawing.render(&Painter, QRectF(QPointF(0, 0), QSizeF(Size)));
+}
+
+QPixmap Compose(view::Picture Which, QSize Size, qreal Density) {
+    const Layers& Recipe = Recipes.at(static_cast<std::size_t>(Which));
+    QImage Canvas(Size, Recipe.Square != nullptr ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+    Canvas.fill(Recipe.Square != nullptr ? Qt::black : Qt::transparent);
+    QPainter Painter(&Canvas);
+    Painter.setRenderHint(QPainter::Antialiasing);
+    PaintLayer(Painter, Recipe.Square, Size);
+    PaintLayer(Painter, Recipe.Piece, Size);
+    Painter.end();
+    QPixmap Picture = QPixmap::fromImage(std::move(Canvas));
+    Picture.setDevicePixelRatio(Density);
+    return Picture;
+}
+
+} // namespace
+
+void RegisterArt() {
+    NameTheDrawings();
+}
+
+const QPixmap& Artwork::CellPicture(view::Picture Which, QSize Size, qreal Density) {
+    // A density enters the key because it is stored in the picture; in 1/1000, which no desktop's steps are finer than.
+    const quint64 Key = (static_cast<quint64>(Which) << 56) | (static_cast<quint64>(Size.width() & 0xFFFF) << 40) |
+                        (static_cast<quint64>(Size.height() & 0xFFFF) << 24) |
+                        static_cast<quint64>(qRound(Density * 1000) & 0xFFFFFF);
+    auto Found = Prepared.find(Key);
+    if (Found == Prepared.end()) {
+        Found = Prepared.insert(Key, Compose(Which, Size, Density));
+    }
+    return *Found;
+}
+
+QCursor Artwork::Pointer(view::Picture Which, int CellPixels, qreal Density) {
+    if (Which == view::Picture::None) {
+        return QCursor(Qt::ArrowCursor);
+    }
+    const int Side = qRound(CellPixels * Density);
+    // Held by its middle, so that the square under the piece is the one that it falls on.
+    return QCursor(CellPicture(Which, QSize(Side, Side), Density), CellPixels / 2, CellPixels / 2);
+}
+
+} // namespace zonterbrook::ui

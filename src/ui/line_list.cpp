@@ -1,0 +1,81 @@
+// A list of lines: the game's moves, the moves that may be played, the root moves of a calculation.
+//
+// The lines are aligned with blanks, which in most fonts are narrower than digits. They are shown as figure spaces, so
+// that the columns stand straight in the desktop's own font; the items keep the text as it is.
+#include "ui/line_list.h"
+
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QStyledItemDelegate>
+
+namespace zonterbrook::ui {
+
+namespace {
+
+class FigureSpaces : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* Option, const QModelIndex& Index) const override {
+        QStyledItemDelegate::initStyleOption(Option, Index);
+        constexpr char16_t FigureSpace = 0x2007;
+        Option->text.replace(QLatin1Char(' '), QChar(FigureSpace));
+    }
+};
+
+} // namespace
+
+LineList::LineList(QWidget* Parent) : QListWidget(Parent) {
+    setItemDelegate(new FigureSpaces(this));
+    setUniformItemSizes(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setTextElideMode(Qt::ElideNone);
+    connect(this, &QListWidget::currentRowChanged, this, &LineList::LineSelected);
+}
+
+void LineList::Display(const view::ListFields& Fields) {
+    const QSignalBlocker Quiet(this);
+    const int Wanted = static_cast<int>(Fields.Lines.size());
+    while (count() > Wanted) {
+        delete takeItem(count() - 1);
+    }
+    for (int Row = 0; Row < Wanted; ++Row) {
+        const QString Line = QString::fromStdString(Fields.Lines[static_cast<std::size_t>(Row)]);
+        if (Row >= count()) {
+            addItem(Line);
+        } else if (item(Row)->text() != Line) {
+            item(Row)->setText(Line);
+        }
+    }
+    const int Selected = Fields.Selected < Wanted ? Fields.Selected : -1;
+    if (currentRow() != Selected) {
+        setCurrentRow(Selected);
+        if (Selected < 0) {
+            clearSelection();
+        }
+    }
+    if (Selected >= 0) {
+        scrollToItem(item(Selected));
+    }
+    setEnabled(Fields.Enabled);
+    setVisible(Fields.Visible);
+}
+
+void LineList::mouseReleaseEvent(QMouseEvent* Event) {
+    QListWidget::mouseReleaseEvent(Event);
+    if (Event->button() == Qt::LeftButton) {
+        emit Released();
+    }
+}
+
+void LineList::keyPressEvent(QKeyEvent* Event) {
+    if (Event->key() == Qt::Key_Return || Event->key() == Qt::Key_Enter) {
+        emit EnterPressed();
+        return;
+    }
+    QListWidget::keyPressEvent(Event);
+}
+
+} // namespace zonterbrook::ui

@@ -1,0 +1,178 @@
+// The main window `frmMain`: owns the game's state, turns events into calls of control, and shows what the state says.
+//
+// This file has the window's life and its events; what it is made of is in main_window_build.cpp, how it shows the
+// contents in main_window_show.cpp. While a search runs, events come in through the platform's turns: a handler then
+// runs inside the one that searches, and those that may not do so refuse by themselves.
+#include "ui/main_window.h"
+
+#include "control/events.h"
+#include "ui/icons.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QCursor>
+#include <QKeyEvent>
+#include <QScreen>
+
+#include <cmath>
+
+namespace zonterbrook::ui {
+
+namespace {
+
+// Desktops with text of 120 dots an inch have 12 twips to a pixel; a display's scale factor comes on top by itself.
+int TwipsPerPixelOf(const QScreen* Screen) {
+    constexpr int LargeTextDensity = 120;
+    const int Density = static_cast<int>(std::lround(Screen->logicalDotsPerInch()));
+    return Density == LargeTextDensity ? 12 : 15;
+}
+
+} // namespace
+
+MainWindow::MainWindow(ProgramFolders Folders, QWidget* Parent)
+    : QMainWindow(Parent), Outside(std::make_unique<QtPlatform>(*this, std::move(Folders))),
+      State(std::make_unique<control::GameState>()) {
+    setObjectName(QStringLiteral("frmMain"));
+    RegisterArt();
+    setWindowIcon(ProgramIcon());
+    BuildMenus();
+    BuildToolbar();
+    BuildControls();
+    BuildStatusBar();
+    NameControls();
+    ConnectControls();
+
+    State->Outside = Outside.get();
+    State->TwipsPerPixel = TwipsPerPixelOf(screen());
+    control::Form_Load(*State);
+    ShowContents();
+    Board->setFocus();
+}
+
+MainWindow::~MainWindow() = default;
+
+// --- Handlers
+// ------------------------------------------------------------------------------------------------------------
+
+void MainWindow::Dispatch(const std::function<void(control::GameState&)>& Handler) {
+    if (EndWanted) {
+        return;
+    }
+    Handler(*State);
+    ShowContents();
+    LeaveIfAsked();
+}
+
+void MainWindow::ConnectControls() {
+    using control::GameState;
+
+    connect(Board, &BoardWidget::CellPressed, this, [this](int Cell, int Button, int X, int Y) {
+        Dispatch([=](GameState& Game) { control::c_MouseDown(Game, Cell, Button, X, Y); });
+    });
+    connect(Board, &BoardWidget::CellMoved, this, [this](int Cell, int Button, int X, int Y) {
+        Dispatch([=](GameState& Game) { control::c_MouseMove(Game, Cell, Button, X, Y); });
+    });
+    connect(Board, &BoardWidget::CellReleased, this, [this](int Cell, int Button, int X, int Y) {
+        Dispatch([=](GameState& Game) { control::c_MouseUp(Game, Cell, Button, X, Y); });
+    });
+
+    // What a person selects or types stands in the widget already: it goes to the state, and to the copy of what is
+    // shown.
+    const auto KeepSelection = [this](LineList* List, view::ListFields view::WindowContents::*Fields) {
+        connect(List, &LineList::currentRowChanged, this, [this, Fields](int Row) {
+            (State.get()->*Fields).Selected = Row;
+            (Shown.*Fields).Selected = Row;
+        });
+    };
+    KeepSelection(List1, &view::WindowContents::List1);
+    KeepSelection(List2, &view::WindowContents::List2);
+    KeepSelection(List3, &view::WindowContents::List3);
+    connect(List1, &LineList::Released, this, [this] { Dispatch(control::List1_MouseUp); });
+    connect(List1, &LineList::EnterPressed, this,
+            [this] { Dispatch([](GameState& Game) { control::List1_KeyDown(Game, control::EnterKey); }); });
+    connect(List2, &LineList::doubleClicked, this, [this] { Dispatch(control::List2_DblClick); });
+    connect(List2, &LineList::EnterPressed, this, [this] { Dispatch(control::List2_DblClick); });
+    connect(List3, &LineList::doubleClicked, this, [this] { Dispatch(control::List3_DblClick); });
+    connect(List3, &LineList::EnterPressed, this, [this] { Dispatch(control::List3_DblClick); });
+
+    connect(Text1, &QPlainTextEdit::textChanged, this, [this] {
+        State->Text1.Text = Text1->toPlainText().toStdString();
+        Shown.Text1.Text = State->Text1.Text;
+        Dispatch(control::Text1_KeyUp);
+    });
+    connect(Text2, &QLineEdit::textEdited, this, [this](const QString& Typed) {
+        State->Text2.Text = Typed.toStdString();
+        Shown.Text2.Text = State->Text2.Text;
+    });
+    // Enter counts when it goes down: its release may belong to a message box that it has just closed.
+    connect(Text2, &QLineEdit::returnPressed, this,
+            [this] { Dispatch([](GameState& Game) { control::Text2_KeyUp(Game, control::EnterKey); }); });
+
+    for (const view::CommandRow& Row : view::CommandRows()) {
+        if (QAction* Entry = Row.Id == view::CommandId::None ? nullptr : ActionOf(Row.Id)) {
+            connect(Entry, &QAction::triggered, this,
+                    [this, Id = Row.Id] { Dispatch([Id](GameState& Game) { control::RunCommand(Game, Id); }); });
+        }
+    }
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* Event) {
+    if (Event->key() == Qt::Key_Escape) {
+        Dispatch(control::PutBackPiece);
+        return;
+    }
+    QMainWindow::keyPressEvent(Event);
+}
+
+view::CommandId MainWindow::RunPopup(view::CommandId Menu) {
+    QMenu* Popup = Menus.at(static_cast<std::size_t>(Menu));
+    // The entries are chosen from here and not run: they are the answer to whoever opened the menu.
+    const QSignalBlocker Quiet(this);
+    const QAction* Chosen = Popup->exec(QCursor::pos());
+    for (const view::CommandRow& Row : view::CommandRows()) {
+        if (Chosen != nullptr && Row.Id != view::CommandId::None && ActionOf(Row.Id) == Chosen) {
+            return Row.Id;
+        }
+    }
+    return view::CommandId::None;
+}
+
+// --- The end
+// -------------------------------------------------------------------------------------------------------------
+
+void MainWindow::closeEvent(QCloseEvent* Event) {
+    if (!EndWanted) {
+        bool Stay = false;
+        control::Form_QueryUnload(*State, Stay);
+        ShowContents();
+        if (Stay) {
+            Event->ignore();
+            return;
+        }
+        control::Form_Unload(*State);
+        EndWanted = true;
+    }
+    Event->accept();
+    QCoreApplication::quit();
+}
+
+void MainWindow::CloseLater() {
+    CloseWanted = true;
+    QMetaObject::invokeMethod(this, &MainWindow::LeaveIfAsked, Qt::QueuedConnection);
+}
+
+void MainWindow::EndLater() {
+    EndWanted = true;
+    QMetaObject::invokeMethod(this, &MainWindow::LeaveIfAsked, Qt::QueuedConnection);
+}
+
+void MainWindow::LeaveIfAsked() {
+    // Inside a handler this is a turn that a search has given: the search has to unwind first.
+    if (State->HandlerDepth > 0 || !(CloseWanted || EndWanted)) {
+        return;
+    }
+    CloseWanted = false;
+    close();
+}
+
+} // namespace zonterbrook::ui

@@ -1,0 +1,108 @@
+// The main window `frmMain`: owns the game's state, turns events into calls of control, and shows what the state says.
+//
+// It keeps a copy of what it shows. After every handler it compares the state's contents with the copy and brings the
+// widgets up to date; nothing is polled. Menus and toolbar are made from the table of commands.
+#pragma once
+
+#include "control/state.h"
+#include "ui/board_widget.h"
+#include "ui/line_list.h"
+#include "ui/qt_platform.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QToolBar>
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <span>
+
+namespace zonterbrook::ui {
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// Builds the window and starts the game's state in it. The window is not shown yet.
+    explicit MainWindow(ProgramFolders Folders, QWidget* Parent = nullptr);
+    ~MainWindow() override;
+
+    control::GameState& GameOf() { return *State; }
+    BoardWidget& BoardOf() { return *Board; }
+
+    /// The entry of a command, in menu and toolbar alike; null for menus and `None`.
+    QAction* ActionOf(view::CommandId Id) const { return Actions.at(static_cast<std::size_t>(Id)); }
+
+    /// Brings the widgets up to date with the state's contents.
+    void ShowContents();
+
+    /// Opens a popup menu at the mouse and returns what was chosen.
+    view::CommandId RunPopup(view::CommandId Menu);
+
+    /// Closes the window as a person would, or for good, as soon as no handler is at work.
+    void CloseLater();
+    void EndLater();
+
+protected:
+    void closeEvent(QCloseEvent* Event) override;
+    void keyPressEvent(QKeyEvent* Event) override;
+    void changeEvent(QEvent* Event) override;
+
+private:
+    void BuildMenus();
+    void BuildToolbar();
+    void BuildControls();
+    void BuildStatusBar();
+    void NameControls();
+    void ConnectControls();
+    QMenu* BuildMenu(const view::CommandRow& Row);
+    QAction* BuildAction(const view::CommandRow& Row);
+
+    /// Runs a handler, then shows what it changed. Nothing once the program is ending.
+    void Dispatch(const std::function<void(control::GameState&)>& Handler);
+    void LeaveIfAsked();
+
+    void ShowLayout();
+    void ShowBoard();
+    void ShowLists();
+    void ShowTexts();
+    void ShowLabels();
+    void ShowProgress();
+    void ShowCommands();
+    void CentreOnScreen();
+    void PlaceControls();
+    void PlaceLabels();
+    using LabelColumn = std::array<std::size_t, 2>; // labels that stand below each other, by index in `Labels`
+    int PlaceColumns(std::span<const LabelColumn> Columns, int RightEnd);
+    int BoardRaisedBy() const;
+    static void ColourLabel(QLabel* Label, view::LabelColours Colours);
+
+    std::unique_ptr<QtPlatform> Outside;
+    std::unique_ptr<control::GameState> State;
+    view::WindowContents Shown; // what the widgets show now
+    bool EverShown = false;     // whether `Shown` is true of the widgets at all
+    bool CloseWanted = false;
+    bool EndWanted = false;
+    bool TypingInterrupted = false; // the box of typed moves had the focus when it was disabled
+
+    std::array<QAction*, view::CommandCount> Actions{};
+    std::array<QMenu*, view::CommandCount> Menus{};
+    QToolBar* Toolbar = nullptr;
+    QWidget* Inner = nullptr; // all controls stand on it
+    BoardWidget* Board = nullptr;
+    LineList* List1 = nullptr;
+    LineList* List2 = nullptr;
+    LineList* List3 = nullptr;
+    QPlainTextEdit* Text1 = nullptr;
+    QLineEdit* Text2 = nullptr;
+    std::array<QLabel*, std::size(view::Labels)> Labels{};
+    QProgressBar* Progress = nullptr;
+    std::array<QLabel*, view::StatusPanelCount> Panels{};
+};
+
+} // namespace zonterbrook::ui

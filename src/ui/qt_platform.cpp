@@ -1,0 +1,171 @@
+// The world outside the game, made real: message boxes, clock, chance, folders, log, and turns for the window's events.
+//
+// Whatever waits for a person shows the contents first, so that a message never stands over a stale board.
+#include "ui/qt_platform.h"
+
+#include "ui/main_window.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDesktopServices>
+#include <QDir>
+#include <QEventLoop>
+#include <QMessageBox>
+#include <QTemporaryFile>
+#include <QTimer>
+#include <QUrl>
+
+#include <cmath>
+
+namespace zonterbrook::ui {
+
+namespace {
+
+// Long enough that a look at the event queue costs the search nothing, short enough that nobody sees a delay.
+constexpr std::chrono::milliseconds TurnInterval{10};
+
+QString Text(std::string_view Utf8) {
+    return QString::fromUtf8(Utf8.data(), static_cast<qsizetype>(Utf8.size()));
+}
+
+bool CanWriteIn(const std::filesystem::path& Folder) {
+    QTemporaryFile Probe(QDir(QString::fromStdString(Folder.string())).filePath(QStringLiteral("XXXXXX.tmp")));
+    return Probe.open();
+}
+
+} // namespace
+
+ProgramFolders FindFolders(const std::filesystem::path& Program, const std::filesystem::path& OfUser) {
+    if (CanWriteIn(Program)) {
+        return {Program, Program};
+    }
+    std::error_code Ignored; // a folder that can't be made shows when a file is to be written there
+    std::filesystem::create_directories(OfUser, Ignored);
+    return {Program, OfUser};
+}
+
+QtPlatform::QtPlatform(MainWindow& Owner, ProgramFolders Where) : Window(Owner), Folders(std::move(Where)) {
+    SeedRandom();
+}
+
+// --- Time and chance
+// -----------------------------------------------------------------------------------------------------
+
+double QtPlatform::Seconds() {
+    return QTime::currentTime().msecsSinceStartOfDay() / 1000.0;
+}
+
+double QtPlatform::Random() {
+    return std::generate_canonical<double, 53>(Chance);
+}
+
+void QtPlatform::SeedRandom() {
+    Chance.seed(static_cast<std::mt19937_64::result_type>(QDateTime::currentMSecsSinceEpoch()));
+}
+
+std::string QtPlatform::Date() {
+    return QDate::currentDate().toString(QStringLiteral("MM/dd/yyyy")).toStdString();
+}
+
+std::string QtPlatform::Time() {
+    return QTime::currentTime().toString(QStringLiteral("HH:mm:ss")).toStdString();
+}
+
+void QtPlatform::TakeTurn() {
+    const auto Now = std::chrono::steady_clock::now();
+    if (Now - LastTurn < TurnInterval) {
+        return;
+    }
+    Window.ShowContents();
+    QCoreApplication::processEvents();
+    LastTurn = std::chrono::steady_clock::now();
+}
+
+void QtPlatform::Wait(double Seconds) {
+    Window.ShowContents();
+    QEventLoop Loop;
+    QTimer::singleShot(static_cast<int>(std::lround(Seconds * 1000)), Qt::PreciseTimer, &Loop, &QEventLoop::quit);
+    Loop.exec();
+}
+
+void QtPlatform::Refresh() {
+    Window.ShowContents();
+}
+
+// --- Messages
+// ------------------------------------------------------------------------------------------------------------
+
+void QtPlatform::Message(std::string_view Title, std::string_view Words, control::Icon Sign) {
+    Window.ShowContents();
+    QMessageBox Box(&Window);
+    Box.setObjectName(QStringLiteral("MessageBox"));
+    Box.setWindowTitle(Text(Title));
+    Box.setTextFormat(Qt::PlainText);
+    Box.setText(Text(Words));
+    Box.setIcon(Sign == control::Icon::Exclamation ? QMessageBox::Warning
+                : Sign == control::Icon::Question  ? QMessageBox::Question
+                                                   : QMessageBox::NoIcon);
+    Box.setStandardButtons(QMessageBox::Ok);
+    Box.exec();
+}
+
+bool QtPlatform::Ask(std::string_view Title, std::string_view Words) {
+    Window.ShowContents();
+    QMessageBox Box(&Window);
+    Box.setObjectName(QStringLiteral("QuestionBox"));
+    Box.setWindowTitle(Text(Title));
+    Box.setTextFormat(Qt::PlainText);
+    Box.setText(Text(Words));
+    Box.setIcon(QMessageBox::Question);
+    Box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    Box.setDefaultButton(QMessageBox::Yes);
+    Box.setEscapeButton(QMessageBox::No);
+    return Box.exec() == QMessageBox::Yes;
+}
+
+view::CommandId QtPlatform::ShowPopup(view::CommandId Menu) {
+    Window.ShowContents();
+    return Window.RunPopup(Menu);
+}
+
+void QtPlatform::PlaySound(std::string_view /*File*/) {
+    // Silent: the program brings no sounds with it, and a file that is missing is no reason to complain.
+}
+
+void QtPlatform::OpenDocument(std::string_view Target) {
+    QDesktopServices::openUrl(QUrl::fromUserInput(Text(Target)));
+}
+
+// --- Folders and the log
+// -------------------------------------------------------------------------------------------------
+
+std::filesystem::path QtPlatform::ApplicationDirectory() const {
+    return Folders.Program;
+}
+
+bool QtPlatform::OpenLog() {
+    Log.setFileName(QDir(QString::fromStdString(Folders.Written.string())).filePath(QStringLiteral("quavermill.log")));
+    return Log.open(QIODevice::Append | QIODevice::WriteOnly);
+}
+
+void QtPlatform::AppendLog(std::string_view Words) {
+    Log.write(Words.data(), static_cast<qint64>(Words.size()));
+    Log.flush();
+}
+
+void QtPlatform::CloseLog() {
+    Log.close();
+}
+
+// --- The end
+// ---------------------------------------------------------------------------------------------------------------
+
+void QtPlatform::CloseWindow() {
+    Window.CloseLater();
+}
+
+void QtPlatform::EndProgram() {
+    Window.EndLater();
+}
+
+} // namespace zonterbrook::ui

@@ -1,0 +1,64 @@
+// The world outside the game, made real: message boxes, clock, chance, folders, log, and turns for the window's events.
+//
+// The engine yields through it at every node; at most every hundredth of a second the window then repaints and handles
+// its events.
+#pragma once
+
+#include "control/platform.h"
+
+#include <QFile>
+
+#include <chrono>
+#include <filesystem>
+#include <random>
+
+namespace zonterbrook::ui {
+
+class MainWindow;
+
+/// Where the program's files lie, and where those go that it writes: the same folder unless the program is installed
+/// where it may not write.
+struct ProgramFolders {
+    std::filesystem::path Program;
+    std::filesystem::path Written;
+};
+
+/// The folders of a program whose own folder is `Program`. `OfUser`: the user's data folder, made if it is needed.
+ProgramFolders FindFolders(const std::filesystem::path& Program, const std::filesystem::path& OfUser);
+
+class QtPlatform : public control::Platform {
+public:
+    QtPlatform(MainWindow& Owner, ProgramFolders Where);
+
+    double Seconds() override;
+    double Random() override;
+
+    void Message(std::string_view Title, std::string_view Text, control::Icon Sign) override;
+    bool Ask(std::string_view Title, std::string_view Text) override;
+    void PlaySound(std::string_view File) override;
+    void Wait(double Seconds) override;
+    void Refresh() override;
+    std::string Date() override;
+    std::string Time() override;
+    void SeedRandom() override;
+    std::filesystem::path ApplicationDirectory() const override;
+    bool OpenLog() override;
+    void AppendLog(std::string_view Text) override;
+    void CloseLog() override;
+    view::CommandId ShowPopup(view::CommandId Menu) override;
+    void OpenDocument(std::string_view Target) override;
+    void CloseWindow() override;
+    void EndProgram() override;
+
+protected:
+    void TakeTurn() override;
+
+private:
+    MainWindow& Window;
+    ProgramFolders Folders;
+    QFile Log;
+    std::mt19937_64 Chance;
+    std::chrono::steady_clock::time_point LastTurn;
+};
+
+} // namespace zonterbrook::ui
