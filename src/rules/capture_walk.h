@@ -215,7 +215,7 @@ private:
     }
 
     bool IsPromotionSquare(int Cell) const {
-        return State.PromotionSet[ColourIndex(Code > 0 ? White : Black)].Contains(Cell);
+        return Rule.Promotion[ColourIndex(Code > 0 ? White : Black)].Contains(Cell);
     }
 
     /// The path cannot go on: store it if it is a capture of its own, and take its last jump back.

@@ -10,7 +10,7 @@
 #include "rules/position.h"
 #include "rules/walk_rules.h"
 
-#include <type_traits>
+#include <string>
 
 namespace zonterbrook::rules {
 
@@ -95,7 +95,7 @@ bool VisitPlainMoves(const RulesState& State, const Rules& Rule, int Cell, bool 
                     }
                     Dest += Step;
                 } while (!FirstCellOfLine && State.Board[Dest] == Empty);
-            } else if (Take(Dest, IsMan(Code) && State.PromotionSet[Index].Contains(Dest))) {
+            } else if (Take(Dest, IsMan(Code) && Rule.Promotion[Index].Contains(Dest))) {
                 return true;
             }
         } else if (Rule.JumpFriend && !Flying && Value == Code) {
@@ -237,18 +237,9 @@ auto Trapped(std::string_view Name, const CallFigures& Figures, Routine&& Work) 
 }
 
 template <typename Rules>
-Rules RulesOf(const RulesState& State) {
-    if constexpr (std::is_same_v<Rules, LiveRules>) {
-        return LiveRules(State);
-    } else {
-        return {};
-    }
-}
-
-template <typename Rules>
 void GenerateBy(RulesState& State, int AllMoves, std::string_view Name) {
     CallFigures Figures;
-    Trapped(Name, Figures, [&] { Generate(State, RulesOf<Rules>(State), AllMoves, Figures); });
+    Trapped(Name, Figures, [&] { Generate(State, Rules(State), AllMoves, Figures); });
 }
 
 /// Captures, and plain moves only if there is none. When the first call met no capture at all, a second one could only
@@ -257,7 +248,7 @@ template <typename Rules>
 void GenerateBothBy(RulesState& State, std::string_view Name) {
     CallFigures Figures;
     Trapped(Name, Figures, [&] {
-        const Rules Rule = RulesOf<Rules>(State);
+        const Rules Rule = Rules(State);
         const bool NoCaptures = Generate(State, Rule, 0, Figures);
         if (MoveCountOfPly(State) > 0) {
             return;

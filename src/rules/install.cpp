@@ -169,6 +169,7 @@ void InstallRuleSet(RulesState& State) {
         State.PromotionSet[Column] = PromotionCells(State.RuleSet.PromotionSquares, Column, PromotionRows);
         // A jump over own men has never looked beyond the twelfth row. Wanted.
         State.JumpPromotionSet[Column] = PromotionCells(State.RuleSet.PromotionSquares, Column, 12);
+        State.ShortPromotionSet[Column] = PromotionCells(State.RuleSet.PromotionSquares, Column, 5);
     }
     if (State.RuleSet.PiecesOnBlack == 2) {
         State.NotationMode = 0; // numbers exist for fifty squares only

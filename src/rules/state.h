@@ -176,9 +176,11 @@ struct RulesState {
     std::int32_t StartMenWhite; ///< men in the start position
     std::int32_t StartMenBlack;
     std::int32_t TotalMen; ///< weight of all its pieces, in men
-    /// The squares of each column of the promotion table as a set; the second from its first twelve rows only.
+    /// The squares of each column of the promotion table as a set: from all rows, from the first twelve, which jumps
+    /// over friends look at, and from the first five, which the specialised generators look at.
     base::CheckedArray<CellSet, 2> PromotionSet;
     base::CheckedArray<CellSet, 2> JumpPromotionSet;
+    base::CheckedArray<CellSet, 2> ShortPromotionSet;
 };
 
 static_assert(std::is_trivially_copyable_v<RulesState>);

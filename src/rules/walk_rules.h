@@ -26,7 +26,7 @@ struct LiveRules {
           KingFirstOnly(State.RuleSet.KingCapMove != 0 &&
                         !(State.RuleSet.KingCapMove == 1 && State.RuleSet.MaxCapMoveKings == 1)),
           CapRequired(State.RuleSet.CapRequired != 0), JumpFriend(State.RuleSet.JumpFriend == 1),
-          Entries(State.RuleSet.canContract == 1) {}
+          Entries(State.RuleSet.canContract == 1), Promotion(State.PromotionSet) {}
 
     bool LongKings;            ///< kings fly
     bool KingFirst;            ///< a flying capture lands directly behind the piece
@@ -49,11 +49,15 @@ struct LiveRules {
     bool CapRequired;
     bool JumpFriend;
     bool Entries;
+    const base::CheckedArray<CellSet, 2>& Promotion; ///< by colour
     static constexpr bool RegistersAtOnce = false;
 };
 
-/// What the four recognised rule sets share.
+/// What the four recognised rule sets share. Five promotion squares a side are all they have.
 struct FoldedRules {
+    explicit FoldedRules(const RulesState& State) : Promotion(State.ShortPromotionSet) {}
+
+    const base::CheckedArray<CellSet, 2>& Promotion;
     static constexpr bool LongKings = false;
     static constexpr bool KingFirst = false;
     static constexpr bool RemovePieces = false;
@@ -80,11 +84,13 @@ struct FoldedRules {
 
 /// No filter looks at more than one path, so a capture goes straight to the stack and no row is kept.
 struct AmericanRules : FoldedRules {
+    using FoldedRules::FoldedRules;
     static constexpr bool RegistersAtOnce = true;
 };
 
 /// Unlike the generic generator this one never lets a man's capture tie with a king's.
 struct ItalianRules : FoldedRules {
+    using FoldedRules::FoldedRules;
     static constexpr bool ManCapKing = false;
     static constexpr bool MaxCapMove = true;
     static constexpr bool MaxCapMoveKings = true;
@@ -93,6 +99,7 @@ struct ItalianRules : FoldedRules {
 };
 
 struct GermanRules : FoldedRules {
+    using FoldedRules::FoldedRules;
     static constexpr bool LongKings = true;
     static constexpr bool RemovePieces = true;
     static constexpr bool ContinuesOnPromotion = true;
@@ -102,6 +109,7 @@ struct GermanRules : FoldedRules {
 };
 
 struct RussianRules : FoldedRules {
+    using FoldedRules::FoldedRules;
     static constexpr bool LongKings = true;
     static constexpr bool RemovePieces = true;
     static constexpr bool ContinuesOnPromotion = true;
