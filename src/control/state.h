@@ -94,7 +94,12 @@ struct GameState : view::ViewState {
     std::int32_t SetupLatch = 0;   ///< 1: the next press on an empty square shows no numbers
     std::int32_t PopupLatch = 0;   ///< 1: presses are ignored until the mouse moves
     std::int32_t CycleMove = 0;    ///< 1: a move of the picked piece ends where it starts
-    std::int32_t Mover = 0;        ///< what stood on the source cell of the move just entered
+    std::int32_t PopupSquare = 0;  ///< the square that the popup menu was opened on
+
+    // --- the move just entered: written by `EnterMove`
+    // -------------------------------------------------------------------
+    std::int32_t EnteredMover = 0;   ///< what stood on its source cell
+    std::int32_t EnteredChoices = 0; ///< how many moves could have been played
 
     // --- tools
     // ---------------------------------------------------------------------------------------------------------

@@ -75,6 +75,10 @@ void ShowVariantTitle(ViewState& State) {
     if (!(State.RuleSet == State.LoadedRuleSet)) {
         State.VariantTitle += " (M)";
     }
+    ShowTitle(State);
+}
+
+void ShowTitle(ViewState& State) {
     State.Label8.Text = State.VariantTitle;
     State.Caption = " " + std::string(ProductName) + " - " + State.VariantTitle;
 }

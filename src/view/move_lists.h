@@ -25,6 +25,9 @@ void ShowStrength(ViewState& State);
 /// Caption and variant label, with " (M)" when the rules in force differ from those of the variant's file.
 void ShowVariantTitle(ViewState& State);
 
+/// Caption and variant label from `VariantTitle` as it stands.
+void ShowTitle(ViewState& State);
+
 /// What the panel in the middle of the status bar says.
 void SetStatus(ViewState& State, std::string_view Text);
 

@@ -1,0 +1,145 @@
+// The notation in force and the texts that are written in it.
+//
+// Writes the notation, the rows of the record and the lists made from them. Texts that have no record behind them, the
+// calculation above all, are converted word by word.
+#include "control/notation.h"
+
+#include "base/text.h"
+#include "control/record.h"
+#include "rules/square_names.h"
+#include "view/draw_board.h"
+#include "view/move_lists.h"
+
+namespace zonterbrook::control {
+
+namespace {
+
+constexpr int Algebraic = 0;
+constexpr int Numeric = 1;
+
+bool SameWords(int ModeA, int ModeB) {
+    return (ModeA == Algebraic) == (ModeB == Algebraic);
+}
+
+// Reads and writes squares in a notation that need not be the one in force.
+class InNotation {
+public:
+    InNotation(GameState& InState, int Mode) : State(InState), Before(InState.NotationMode) {
+        State.NotationMode = Mode;
+    }
+    ~InNotation() { State.NotationMode = Before; }
+    InNotation(const InNotation&) = delete;
+    InNotation& operator=(const InNotation&) = delete;
+
+private:
+    GameState& State;
+    std::int32_t Before;
+};
+
+bool IsSquareCharacter(char C, int Mode) {
+    const bool Digit = C >= '0' && C <= '9';
+    return Mode == Algebraic ? Digit || (C >= 'a' && C <= 'j') : Digit;
+}
+
+// The length of the square's name that `Text` begins with, 0 if it begins with none.
+std::size_t SquareLength(std::string_view Text, int Mode) {
+    std::size_t Length = 0;
+    while (Length < Text.size() && Length < 2 && IsSquareCharacter(Text[Length], Mode)) {
+        ++Length;
+    }
+    return Mode == Algebraic && Length < 2 ? 0 : Length;
+}
+
+// One word if it is a move: two squares with a hyphen or capture character between them, and marks behind.
+std::string ConvertWord(GameState& State, std::string_view Word, int From, int To) {
+    const std::size_t First = SquareLength(Word, From);
+    const bool Joined =
+        First > 0 && First < Word.size() && (Word[First] == '-' || Word[First] == 'x' || Word[First] == ':');
+    const std::size_t Second = Joined ? SquareLength(Word.substr(First + 1), From) : 0;
+    if (Second == 0) {
+        return std::string(Word);
+    }
+    int Source = 0;
+    int Dest = 0;
+    {
+        const InNotation Reading(State, From);
+        Source = rules::SquareNumber(State, base::ToUpper(Word.substr(0, First)));
+        Dest = rules::SquareNumber(State, base::ToUpper(Word.substr(First + 1, Second)));
+    }
+    if (Source == 0 || Dest == 0) {
+        return std::string(Word);
+    }
+    const InNotation Writing(State, To);
+    return rules::SquareNotation(State, Source, rules::Padding::None) + Word[First] +
+           rules::SquareNotation(State, Dest, rules::Padding::None) + std::string(Word.substr(First + 1 + Second));
+}
+
+// Rewrites the rows of the record from the moves that were played, and the list from the rows.
+void RewriteRecord(GameState& State) {
+    const int Rows = static_cast<int>(State.List1.Lines.size());
+    for (int HalfMove = 1; HalfMove <= Rows; ++HalfMove) {
+        const rules::MoveRecord& Record = State.PlayedMoves[HalfMove].Record;
+        const bool FromBook = StoredDisplay(State, HalfMove).ends_with('b');
+        std::string Display = rules::SquareNotation(State, Record.Source, rules::Padding::None);
+        if (!Display.empty()) {
+            Display += Record.Captures.Count == 0 ? '-' : State.CaptureChar;
+        }
+        Display += rules::SquareNotation(State, Record.Dest, rules::Padding::None);
+        Display += Record.Kind != 0 ? "K" : "";
+        Display += FromBook ? "b" : "";
+        GameMoveRowFields& Row = State.GameMoveRow[(HalfMove + 1) / 2];
+        (HalfMove % 2 == 1 ? Row.FirstMove : Row.SecondMove) = RawTextOf(State, Record) + " " + Display;
+        State.List1.Lines[static_cast<std::size_t>(HalfMove - 1)] = view::MoveListLine(HalfMove, Display);
+    }
+}
+
+view::CommandId EntryOf(int Mode) {
+    switch (Mode) {
+    case Algebraic:
+        return view::CommandId::mnu_Board_Notation_Chess;
+    case Numeric:
+        return view::CommandId::mnu_Board_Notation_Checkers;
+    default:
+        return view::CommandId::Nonotation;
+    }
+}
+
+} // namespace
+
+std::string ConvertMoves(GameState& State, std::string_view Text, int From, int To) {
+    std::string Result;
+    while (!Text.empty()) {
+        const std::size_t End = std::min(Text.find_first_of(" \n"), Text.size());
+        Result += ConvertWord(State, Text.substr(0, End), From, To);
+        if (End < Text.size()) {
+            Result += Text[End];
+        }
+        Text.remove_prefix(std::min(End + 1, Text.size()));
+    }
+    return Result;
+}
+
+void SetNotation(GameState& State, int Mode) {
+    const int Before = State.NotationMode;
+    // Numbers exist for fifty squares only; and "None" names moves by number, which would name the wrong squares here.
+    if (Mode != Algebraic && State.RuleSet.PiecesOnBlack == 2) {
+        return;
+    }
+    view::ChooseRadio(State, EntryOf(Mode));
+    State.NotationMode = Mode;
+    if (!SameWords(Before, Mode)) {
+        const std::int32_t Selected = State.List1.Selected;
+        RewriteRecord(State);
+        State.List1.Selected = Selected;
+        State.Label9.Text = ConvertMoves(State, State.Label9.Text, Before, Mode);
+        State.StatusText = ConvertMoves(State, State.StatusText, Before, Mode);
+        for (std::string& Line : State.List3.Lines) {
+            Line = ConvertMoves(State, Line, Before, Mode);
+        }
+    }
+    view::DrawBoard(State, 0);
+    State.SourcesShown = 0;
+    view::RefreshMoveChoices(State);
+}
+
+} // namespace zonterbrook::control
