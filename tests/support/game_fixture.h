@@ -1,0 +1,107 @@
+// A program that has started, with a scripted world around it, and a person's hands on mouse and keyboard.
+#pragma once
+
+#include "base/text.h"
+#include "control/events.h"
+#include "control/new_game.h"
+#include "rules/generate.h"
+#include "rules/install.h"
+#include "rules/moves.h"
+#include "rules/position.h"
+#include "rules/square_names.h"
+#include "support/scripted_platform.h"
+#include "view/draw_board.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace zonterbrook::tests {
+
+class GameFixture : public testing::Test {
+protected:
+    ScriptedPlatform World{ZONTERBROOK_DATA_DIR};
+    std::unique_ptr<control::GameState> Owned = std::make_unique<control::GameState>();
+    control::GameState& State = *Owned;
+
+    void SetUp() override {
+        State.Outside = &World;
+        control::Form_Load(State);
+        // The computer answers at once.
+        State.FixedDepth = 1;
+        State.SearchDepth = 1;
+    }
+
+    /// Two persons at the board, so that no reply comes.
+    void BetweenPersons() { control::RunCommand(State, view::CommandId::Pplayer); }
+
+    static int Square(std::string_view Name) { return rules::AlgebraicCell(base::ToUpper(Name)); }
+    int Cell(std::string_view Name) const { return view::CellOfSquare(State, Square(Name)); }
+
+    /// A game from a position: pieces as "w c3", "B d6" (capital: a king), separated by commas.
+    void Lay(std::string_view Pieces, std::int32_t Side = rules::White) {
+        State.RuleSet.BlackStarts = Side == rules::Black ? 1 : 0;
+        for (int Cell = rules::FirstCell; Cell <= rules::LastCell; ++Cell) {
+            if (rules::IsOnBoard(Cell)) {
+                State.Board[Cell] = rules::Empty;
+            }
+        }
+        while (!Pieces.empty()) {
+            const std::size_t End = std::min(Pieces.find(','), Pieces.size());
+            const std::string_view Piece = base::Trim(Pieces.substr(0, End));
+            const char Code = Piece[0];
+            const std::int32_t Value = (Code == 'w' || Code == 'W' ? 1 : -1) * (Code == 'W' || Code == 'B' ? 2 : 1);
+            State.Board[Square(Piece.substr(2))] = Value;
+            Pieces.remove_prefix(std::min(End + 1, Pieces.size()));
+        }
+        State.StartBoard = State.Board;
+        State.Side = Side;
+        State.KeepBoard = 1;
+        control::NewGame(State);
+        view::DrawBoard(State, 0);
+    }
+
+    void Press(std::string_view From) {
+        const int Index = Cell(From);
+        control::c_MouseMove(State, Index, 0, 100, 100);
+        control::c_MouseDown(State, Index, control::LeftButton, 100, 100);
+    }
+
+    /// Lets go over the middle of a square, as the window tells it: in twips from the cell that was pressed.
+    void Release(std::string_view From, std::string_view To) {
+        const int Pressed = Cell(From);
+        const int Target = Cell(To);
+        const int Pitch = State.Layout.DragPitch;
+        const int X = (Target % 10 - Pressed % 10) * Pitch + Pitch / 2;
+        const int Y = (Target / 10 - Pressed / 10) * Pitch + Pitch / 2;
+        control::c_MouseMove(State, Pressed, control::LeftButton, X, Y);
+        control::c_MouseUp(State, Pressed, control::LeftButton, X, Y);
+    }
+
+    void Drag(std::string_view From, std::string_view To) {
+        Press(From);
+        Release(From, To);
+    }
+
+    void Type(std::string_view Move) {
+        State.Text2.Text = Move;
+        control::Text2_KeyUp(State, control::EnterKey);
+    }
+
+    void DoubleClickMove(std::string_view Line) {
+        const auto& Lines = State.List2.Lines;
+        const auto At = std::find(Lines.begin(), Lines.end(), Line);
+        ASSERT_NE(At, Lines.end()) << Line << " can't be played";
+        State.List2.Selected = static_cast<std::int32_t>(At - Lines.begin());
+        control::List2_DblClick(State);
+    }
+
+    std::int32_t PieceOn(std::string_view Name) const { return State.Board[Square(Name)]; }
+    const view::BoardCell& CellOn(std::string_view Name) const { return State.Cells[Cell(Name)]; }
+
+    void ExpectConsistent() const { EXPECT_EQ("", rules::CheckPosition(State)); }
+};
+
+} // namespace zonterbrook::tests

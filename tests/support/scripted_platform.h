@@ -1,0 +1,137 @@
+// The world outside the game as a test prepares it: what will be said and asked, and what the answers are.
+//
+// A message or question that was not prepared fails the test, and so does one that was prepared and did not come. The
+// clock stands unless the test turns it; a wait turns it by its length.
+#pragma once
+
+#include "control/platform.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zonterbrook::tests {
+
+class ScriptedPlatform : public control::Platform {
+public:
+    /// What the test may set and look at.
+    double Clock = 1000;
+    double ClockPerTurn = 0; ///< by which each turn of a search turns the clock
+    std::filesystem::path Directory;
+    std::function<void()> OnTurn;    ///< runs at each turn of a search
+    std::function<void()> OnMessage; ///< runs while a message stands
+    std::function<void()> OnClose;   ///< what the window does when it is told to close
+    std::deque<double> Chances;      ///< random numbers to come; behind them a fixed row goes on
+    std::vector<std::string> Sounds;
+    std::string Log;
+    bool LogCanBeOpened = true;
+    bool LogIsOpen = false;
+    bool Ended = false;
+    int Closings = 0;
+    int Refreshes = 0;
+    double Waited = 0;
+
+    explicit ScriptedPlatform(std::filesystem::path ApplicationFolder) : Directory(std::move(ApplicationFolder)) {}
+
+    ~ScriptedPlatform() override {
+        for (const Expected& Left : Script) {
+            ADD_FAILURE() << "never came: " << Left.Title << ": " << Left.Text;
+        }
+    }
+
+    void ExpectMessage(std::string_view Title, std::string_view Text) {
+        Script.push_back({std::string(Title), std::string(Text), Kind::Message, false, view::CommandId::None});
+    }
+    void ExpectQuestion(std::string_view Title, std::string_view Text, bool Yes) {
+        Script.push_back({std::string(Title), std::string(Text), Kind::Question, Yes, view::CommandId::None});
+    }
+    void ExpectPopup(view::CommandId Choice) { Script.push_back({"popup", "", Kind::Popup, false, Choice}); }
+
+    bool ScriptIsDone() const { return Script.empty(); }
+
+    void Message(std::string_view Title, std::string_view Text, control::Icon) override {
+        Take(Kind::Message, Title, Text);
+        if (OnMessage) {
+            OnMessage();
+        }
+    }
+    bool Ask(std::string_view Title, std::string_view Text) override { return Take(Kind::Question, Title, Text).Yes; }
+    view::CommandId ShowPopup(view::CommandId) override { return Take(Kind::Popup, "popup", "").Choice; }
+
+    void PlaySound(std::string_view File) override { Sounds.emplace_back(File); }
+    void Wait(double Seconds) override {
+        Clock += Seconds;
+        Waited += Seconds;
+    }
+    void Refresh() override { ++Refreshes; }
+    std::string Date() override { return "01/02/2003"; }
+    std::string Time() override { return "04:05:06"; }
+    void SeedRandom() override {}
+    std::filesystem::path ApplicationDirectory() const override { return Directory; }
+    bool OpenLog() override { return LogIsOpen = LogCanBeOpened; }
+    void AppendLog(std::string_view Text) override {
+        EXPECT_TRUE(LogIsOpen) << "written to a closed log: " << Text;
+        Log += Text;
+    }
+    void CloseLog() override { LogIsOpen = false; }
+    void OpenDocument(std::string_view Target) override { ADD_FAILURE() << "opened unasked: " << Target; }
+    void CloseWindow() override {
+        ++Closings;
+        if (OnClose) {
+            OnClose();
+        }
+    }
+    void EndProgram() override { Ended = true; }
+
+    double Seconds() override { return Clock; }
+    double Random() override {
+        if (!Chances.empty()) {
+            const double Next = Chances.front();
+            Chances.pop_front();
+            return Next;
+        }
+        Row = Row * 6364136223846793005U + 1442695040888963407U;
+        return static_cast<double>(Row >> 11U) / 9007199254740992.0;
+    }
+
+protected:
+    void TakeTurn() override {
+        Clock += ClockPerTurn;
+        if (OnTurn) {
+            OnTurn();
+        }
+    }
+
+private:
+    enum class Kind { Message, Question, Popup };
+    struct Expected {
+        std::string Title;
+        std::string Text;
+        Kind Sort;
+        bool Yes;
+        view::CommandId Choice;
+    };
+
+    Expected Take(Kind Sort, std::string_view Title, std::string_view Text) {
+        if (Script.empty()) {
+            ADD_FAILURE() << "unexpected: " << Title << ": " << Text;
+            return {"", "", Sort, false, view::CommandId::None};
+        }
+        Expected Next = Script.front();
+        Script.pop_front();
+        EXPECT_EQ(Next.Sort, Sort) << Title << ": " << Text;
+        EXPECT_EQ(Next.Title, Title);
+        EXPECT_EQ(Next.Text, Text);
+        return Next;
+    }
+
+    std::deque<Expected> Script;
+    std::uint64_t Row = 1;
+};
+
+} // namespace zonterbrook::tests

@@ -1,0 +1,362 @@
+// What the board shows: cells and squares, pictures, numbers, edge labels, counters, names.
+#include "rules/moves.h"
+#include "rules/position.h"
+#include "rules/square_names.h"
+#include "support/quiet_world.h"
+#include "view/draw_board.h"
+#include "view/layout.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <string>
+
+namespace zonterbrook::view {
+namespace {
+
+class Board : public testing::Test {
+protected:
+    tests::QuietWorld World;
+    std::unique_ptr<ViewState> Owned = std::make_unique<ViewState>();
+    ViewState& State = *Owned;
+
+    void SetUp() override {
+        engine::ResetEngine(State, World);
+        engine::InstallEngineRules(State);
+        LayoutWindow(State);
+        DrawBoard(State, 0);
+    }
+    static int Square(std::string_view Name) { return rules::AlgebraicCell(Name); }
+    BoardCell& On(std::string_view Name) { return State.Cells[CellOfSquare(State, Square(Name))]; }
+    void Empty() {
+        for (int Cell = rules::FirstCell; Cell <= rules::LastCell; ++Cell) {
+            if (State.Board[Cell] != rules::Border) {
+                rules::SetCell(State, Cell, rules::Empty);
+            }
+        }
+    }
+};
+
+struct MappingCase {
+    std::string_view Name;
+    int Turned;
+    int Cell;
+};
+
+class Mapping : public Board, public testing::WithParamInterface<MappingCase> {};
+
+TEST_P(Mapping, SquareAndCellAreEachOthersPlace) {
+    State.BoardTurned = GetParam().Turned;
+    EXPECT_EQ(GetParam().Cell, CellOfSquare(State, Square(GetParam().Name)));
+    EXPECT_EQ(Square(GetParam().Name), SquareOfCell(State, GetParam().Cell));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, Mapping,
+                         testing::Values(MappingCase{"A1", 0, 90}, MappingCase{"J0", 0, 9}, MappingCase{"A0", 0, 0},
+                                         MappingCase{"D4", 0, 63}, MappingCase{"A1", 1, 9}, MappingCase{"J0", 1, 90},
+                                         MappingCase{"A0", 1, 99}, MappingCase{"D4", 1, 36}));
+
+TEST_F(Board, EveryCellHasItsOwnSquareEitherWayRound) {
+    for (const int Turned : {0, 1}) {
+        State.BoardTurned = Turned;
+        std::set<int> Squares;
+        for (int Cell = 0; Cell < BoardPictures; ++Cell) {
+            const int Found = SquareOfCell(State, Cell);
+            EXPECT_TRUE(rules::IsOnBoard(Found));
+            EXPECT_EQ(Cell, CellOfSquare(State, Found));
+            Squares.insert(Found);
+        }
+        EXPECT_EQ(100U, Squares.size());
+    }
+}
+
+struct PictureCase {
+    const char* Name;
+    std::uint8_t PiecesOnBlack;
+    std::string_view Square;
+    std::int32_t Value;
+    Picture Expected;
+};
+
+class Pictures : public Board, public testing::WithParamInterface<PictureCase> {};
+
+TEST_P(Pictures, ShowPieceAndColourOfSquare) {
+    State.RuleSet.PiecesOnBlack = GetParam().PiecesOnBlack;
+    Empty();
+    rules::SetCell(State, Square(GetParam().Square), GetParam().Value);
+    DrawBoard(State, 0);
+    EXPECT_EQ(GetParam().Expected, On(GetParam().Square).Shows);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, Pictures,
+    testing::Values(PictureCase{"dark_corner", 1, "A1", 0, Picture::dark_square},
+                    PictureCase{"light_neighbour", 1, "B1", 0, Picture::light_square},
+                    PictureCase{"light_corner_of_the_other_colour", 0, "A1", 0, Picture::light_square},
+                    PictureCase{"dark_corner_of_both_colours", 2, "A1", 0, Picture::dark_square},
+                    PictureCase{"man", 1, "A1", 1, Picture::dark_white_man},
+                    PictureCase{"king", 1, "A1", -2, Picture::dark_black_king},
+                    PictureCase{"piece_on_the_wrong_colour_is_drawn_dark", 1, "B1", -1, Picture::dark_black_man},
+                    PictureCase{"light_piece", 2, "B1", 2, Picture::light_white_king},
+                    PictureCase{"dark_piece_among_both", 2, "A1", -1, Picture::dark_black_man}),
+    [](const auto& Info) { return std::string(Info.param.Name); });
+
+TEST_F(Board, AJumpedPieceInMidCaptureLeavesItsCellAsItWas) {
+    const int Jumped = Square("A1");
+    State.Board[Jumped] = -9;
+    DrawBoard(State, 0);
+    EXPECT_EQ(Picture::dark_white_man, On("A1").Shows);
+    State.Board[Jumped] = 1;
+}
+
+struct NumberCase {
+    std::uint8_t PiecesOnBlack;
+    int Turned;
+    std::string_view Square;
+    int Number;
+};
+
+class Numbers : public Board, public testing::WithParamInterface<NumberCase> {};
+
+TEST_P(Numbers, RunOverTheSquaresOfOneColour) {
+    State.RuleSet.PiecesOnBlack = GetParam().PiecesOnBlack;
+    State.BoardTurned = GetParam().Turned;
+    DrawBoard(State, 1);
+    EXPECT_EQ(GetParam().Number, On(GetParam().Square).Number);
+    DrawBoard(State, 0);
+    EXPECT_EQ(0, On(GetParam().Square).Number) << "the numbers outlive the press";
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, Numbers,
+                         testing::Values(NumberCase{1, 0, "B0", 1}, NumberCase{1, 0, "J0", 5},
+                                         NumberCase{1, 0, "A9", 6}, NumberCase{1, 0, "A1", 46},
+                                         NumberCase{1, 0, "I1", 50}, NumberCase{1, 0, "B1", 0},
+                                         NumberCase{0, 0, "A0", 1}, NumberCase{0, 0, "B1", 46},
+                                         NumberCase{0, 0, "A1", 0}, NumberCase{1, 1, "B0", 1},
+                                         NumberCase{2, 0, "A1", 0}, NumberCase{2, 0, "B1", 0}));
+
+struct EdgeCase {
+    const char* Name;
+    std::int32_t SizeClass;
+    std::int32_t Twips;
+    std::int32_t Notation;
+    int Turned;
+    std::uint8_t PiecesOnBlack;
+    bool Bottom; ///< bottom edge, else left
+    int Place;   ///< the how manieth label of that edge, from the left or from below, from 1
+    const char* Text;
+    std::int32_t X;
+    std::int32_t Y;
+};
+
+class Edges : public Board, public testing::WithParamInterface<EdgeCase> {};
+
+TEST_P(Edges, StandWhereTheBoardsSizePutsThem) {
+    const EdgeCase& Row = GetParam();
+    State.SizeClass = Row.SizeClass;
+    State.TwipsPerPixel = Row.Twips;
+    State.NotationMode = Row.Notation;
+    State.BoardTurned = Row.Turned;
+    State.RuleSet.PiecesOnBlack = Row.PiecesOnBlack;
+    DrawBoard(State, 0);
+    std::int32_t BottomY = 0;
+    for (const EdgeLabel& Label : State.EdgeLabels) {
+        BottomY = std::max(BottomY, Label.Y);
+    }
+    std::vector<EdgeLabel> Edge;
+    std::ranges::copy_if(State.EdgeLabels, std::back_inserter(Edge),
+                         [&](const EdgeLabel& Label) { return (Label.Y == BottomY) == Row.Bottom; });
+    ASSERT_GE(Edge.size(), static_cast<std::size_t>(Row.Place));
+    const EdgeLabel& Found = Edge[static_cast<std::size_t>(Row.Place - 1)];
+    EXPECT_EQ(Row.Text, Found.Text);
+    EXPECT_EQ(Row.X, Found.X);
+    EXPECT_EQ(Row.Y, Found.Y);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, Edges,
+    testing::Values(EdgeCase{"small_letter", 0, 15, 0, 0, 1, true, 1, "a", 607, 6259},
+                    EdgeCase{"small_last_letter", 0, 15, 0, 0, 1, true, 10, "j", 5737, 6259},
+                    EdgeCase{"small_first_rank", 0, 15, 0, 0, 1, false, 1, "1", 164, 5784},
+                    EdgeCase{"the_tenth_rank_is_0", 0, 15, 0, 0, 1, false, 10, "0", 164, 663},
+                    EdgeCase{"turned_letters_run_down", 0, 15, 0, 1, 1, true, 1, "j", 607, 6259},
+                    EdgeCase{"turned_ranks_begin_with_0", 0, 15, 0, 1, 1, false, 1, "0", 164, 5784},
+                    EdgeCase{"turned_second_rank", 0, 15, 0, 1, 1, false, 2, "9", 164, 5215},
+                    EdgeCase{"turned_last_rank", 0, 15, 0, 1, 1, false, 10, "1", 164, 663},
+                    EdgeCase{"small_dense_letter", 0, 12, 0, 0, 1, true, 2, "b", 1009, 5089},
+                    EdgeCase{"small_dense_rank", 0, 12, 0, 0, 1, false, 1, "1", 194, 4715},
+                    EdgeCase{"medium_letter", 2, 15, 0, 0, 1, true, 1, "a", 725, 8648},
+                    EdgeCase{"medium_rank", 2, 15, 0, 0, 1, false, 1, "1", 164, 8067},
+                    EdgeCase{"medium_dense_letter", 2, 12, 0, 0, 1, true, 1, "a", 653, 7023},
+                    EdgeCase{"medium_dense_rank", 2, 12, 0, 0, 1, false, 10, "0", 194, 687},
+                    EdgeCase{"small_number", 0, 15, 1, 0, 1, true, 1, "46", 562, 6259},
+                    EdgeCase{"small_number_turned", 0, 15, 1, 1, 1, true, 1, "5", 607, 6259},
+                    EdgeCase{"small_number_of_the_other_colour", 0, 15, 1, 0, 0, true, 1, "46", 1132, 6259},
+                    EdgeCase{"small_dense_number", 0, 12, 1, 0, 1, true, 2, "47", 1417, 5089},
+                    EdgeCase{"small_dense_other_colour", 0, 12, 1, 0, 0, true, 1, "46", 962, 5089},
+                    EdgeCase{"medium_number", 2, 15, 1, 0, 1, true, 2, "47", 2287, 8648},
+                    EdgeCase{"medium_number_turned", 2, 15, 1, 1, 1, true, 5, "1", 7196, 8648},
+                    EdgeCase{"medium_other_colour", 2, 15, 1, 0, 0, true, 1, "46", 1469, 8648},
+                    EdgeCase{"medium_dense_number", 2, 12, 1, 0, 1, true, 1, "46", 608, 7023},
+                    EdgeCase{"medium_dense_number_turned", 2, 12, 1, 1, 1, true, 1, "5", 653, 7023},
+                    EdgeCase{"medium_dense_other_colour", 2, 12, 1, 0, 0, true, 1, "46", 1253, 7023},
+                    EdgeCase{"left_number_below", 2, 15, 1, 0, 1, false, 1, "46", 30, 8067},
+                    EdgeCase{"left_digit_stands_further_in", 2, 15, 1, 0, 1, false, 9, "6", 120, 1595},
+                    EdgeCase{"left_number_above", 2, 15, 1, 0, 1, false, 10, "1", 120, 786},
+                    EdgeCase{"left_digit_turned", 2, 15, 1, 1, 1, false, 1, "5", 120, 8067},
+                    EdgeCase{"left_number_turned", 2, 15, 1, 1, 1, false, 2, "10", 30, 7258}),
+    [](const auto& Info) { return std::string(Info.param.Name); });
+
+TEST_F(Board, CapitalLettersTouchLettersAlone) {
+    State.CapitalNotation = 1;
+    DrawBoard(State, 0);
+    EXPECT_EQ("A", State.EdgeLabels.front().Text);
+    EXPECT_EQ("1", State.EdgeLabels[1].Text);
+}
+
+TEST_F(Board, NumbersStandUnderEveryOtherColumn) {
+    State.NotationMode = 1;
+    DrawBoard(State, 0);
+    EXPECT_EQ(15U, State.EdgeLabels.size());
+}
+
+TEST_F(Board, WithoutNotationOnlyTheFrameIsLeft) {
+    State.NotationMode = 2;
+    DrawBoard(State, 0);
+    EXPECT_TRUE(State.EdgeLabels.empty());
+    EXPECT_TRUE(State.FrameShown);
+}
+
+TEST_F(Board, ASkinThatTellsNoSizeHasNeitherFrameNorLabels) {
+    State.SizeClass = 4;
+    DrawBoard(State, 0);
+    EXPECT_TRUE(State.EdgeLabels.empty());
+    EXPECT_FALSE(State.FrameShown);
+}
+
+TEST_F(Board, TheFrameHoldsTheCells) {
+    for (const std::int32_t SizeClass : {0, 2}) {
+        for (const std::int32_t Twips : {12, 15}) {
+            State.SizeClass = SizeClass;
+            State.TwipsPerPixel = Twips;
+            LayoutWindow(State);
+            DrawEdges(State);
+            const std::int32_t End = State.Layout.BoardLeft + 9 * State.Layout.Pitch + State.Layout.CellSize;
+            EXPECT_LT(State.BoardFrame.Left, State.Layout.BoardLeft);
+            // Within half a pixel: twips do not always make whole ones.
+            EXPECT_NEAR(End, State.BoardFrame.Left + State.BoardFrame.Width, Twips / 2);
+        }
+    }
+}
+
+struct MaterialCase {
+    const char* Name;
+    std::string_view White;
+    std::int32_t WhiteValue;
+    std::string_view Black;
+    std::int32_t BlackValue;
+    std::int32_t KingsOnlyEqual;
+};
+
+class MaterialRows : public Board, public testing::WithParamInterface<MaterialCase> {};
+
+TEST_P(MaterialRows, KingsAloneAndEqualAreNoticed) {
+    Empty();
+    rules::SetCell(State, Square(GetParam().White), GetParam().WhiteValue);
+    rules::SetCell(State, Square(GetParam().Black), GetParam().BlackValue);
+    DrawBoard(State, 0);
+    EXPECT_EQ(GetParam().KingsOnlyEqual, State.KingsOnlyEqual);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, MaterialRows,
+                         testing::Values(MaterialCase{"kings", "A1", 2, "B0", -2, 1},
+                                         MaterialCase{"men", "A1", 1, "B0", -1, 0},
+                                         MaterialCase{"king_and_man", "A1", 2, "B0", -1, 0}),
+                         [](const auto& Info) { return std::string(Info.param.Name); });
+
+TEST_F(Board, CountersStandBesideTheirNames) {
+    Empty();
+    rules::SetCell(State, Square("A1"), 1);
+    rules::SetCell(State, Square("B0"), -2);
+    DrawBoard(State, 0);
+    EXPECT_EQ("1", State.Label5.Text);
+    EXPECT_EQ("2", State.Label6.Text);
+    State.RuleSet.BlackStarts = 1;
+    DrawBoard(State, 0);
+    EXPECT_EQ("2", State.Label5.Text);
+    EXPECT_EQ("1", State.Label6.Text);
+}
+
+TEST_F(Board, PiecesInHandAreCounted) {
+    State.RuleSet.canContract = 1;
+    State.PiecesInHandBlack = 3;
+    State.PiecesInHandWhite = 7;
+    DrawBoard(State, 0);
+    EXPECT_EQ("3", State.Label12.Text);
+    EXPECT_EQ("7", State.Label14.Text);
+}
+
+struct PlayersCase {
+    std::uint8_t BlackStarts;
+    std::int32_t Side;
+    const char* Upper;
+    bool UpperMoves;
+};
+
+class Players : public Board, public testing::WithParamInterface<PlayersCase> {};
+
+TEST_P(Players, TheSideToMoveIsMarked) {
+    State.WhitePlayerName = "Ann";
+    State.BlackPlayerName = "Bob";
+    State.RuleSet.BlackStarts = GetParam().BlackStarts;
+    State.Side = GetParam().Side;
+    DrawBoard(State, 0);
+    EXPECT_EQ(GetParam().Upper, State.Label3.Text);
+    EXPECT_EQ(std::string_view(GetParam().Upper) == "White" ? "Ann" : "Bob", State.Label1.Text);
+    EXPECT_EQ(std::string_view(GetParam().Upper) == "White" ? "Bob" : "Ann", State.Label2.Text);
+    EXPECT_EQ(GetParam().UpperMoves ? LabelColours::WhiteOnRed : LabelColours::RedOnWhite, State.Label1.Colours);
+    EXPECT_EQ(GetParam().UpperMoves ? LabelColours::RedOnWhite : LabelColours::WhiteOnRed, State.Label2.Colours);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, Players,
+                         testing::Values(PlayersCase{0, rules::White, "White", true},
+                                         PlayersCase{0, rules::Black, "White", false},
+                                         PlayersCase{1, rules::Black, "Black", true},
+                                         PlayersCase{1, rules::White, "Black", false}));
+
+TEST_F(Board, BoxesTakeTheColourOfTheirSquare) {
+    State.RuleSet.PiecesOnBlack = 2;
+    BoxSquare(State, Square("A1"));
+    BoxSquare(State, Square("B1"));
+    EXPECT_EQ(Highlight::Dark, On("A1").Box);
+    EXPECT_EQ(Highlight::Light, On("B1").Box);
+    DrawBoard(State, 0);
+    EXPECT_EQ(Highlight::None, On("A1").Box);
+}
+
+TEST_F(Board, RepaintingTheSourcesLeavesOtherBoxes) {
+    State.StackLimit[0] = 0;
+    State.StackLimit[1] = 2;
+    State.MoveStack[0] = {};
+    State.MoveStack[0].Source = Square("C3");
+    State.MoveStack[1] = {};
+    State.MoveStack[1].Source = rules::FromHand;
+    BoxSquare(State, Square("C3"));
+    BoxSquare(State, Square("D4"));
+    RepaintMoveSources(State);
+    EXPECT_EQ(Highlight::None, On("C3").Box);
+    EXPECT_EQ(Highlight::Dark, On("D4").Box);
+}
+
+TEST_F(Board, WhatDidNotChangeComparesEqual) {
+    const WindowContents Before = State;
+    DrawBoard(State, 0);
+    EXPECT_TRUE(Before == static_cast<const WindowContents&>(State));
+    BoxSquare(State, Square("C3"));
+    EXPECT_FALSE(Before == static_cast<const WindowContents&>(State));
+}
+
+} // namespace
+} // namespace zonterbrook::view

@@ -1,0 +1,145 @@
+// The layout's tables: figures that the window must have, and what must hold of all of them.
+#include "support/quiet_world.h"
+#include "view/draw_board.h"
+#include "view/layout.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+namespace zonterbrook::view {
+namespace {
+
+class Layouts : public testing::Test {
+protected:
+    tests::QuietWorld World;
+    std::unique_ptr<ViewState> Owned = std::make_unique<ViewState>();
+    ViewState& State = *Owned;
+
+    void SetUp() override { engine::ResetEngine(State, World); }
+    void LayOut(std::int32_t SizeClass, std::int32_t CustomSize, std::int32_t Twips) {
+        State.SizeClass = SizeClass;
+        State.BoardCustomSize = CustomSize;
+        State.TwipsPerPixel = Twips;
+        LayoutWindow(State);
+    }
+    Rectangle PlaceOf(Control Which) const { return State.Layout.PlaceOf(Which); }
+};
+
+struct BoardCase {
+    const char* Name;
+    std::int32_t SizeClass;
+    std::int32_t CustomSize;
+    std::int32_t Twips;
+    std::int32_t CellSize;
+    std::int32_t Pitch;
+    std::int32_t DragPitch;
+    std::int32_t BoxEnd;
+    std::int32_t LastCellLeft;
+    std::int32_t PixelsOfCell;
+};
+
+class BoardFigures : public Layouts, public testing::WithParamInterface<BoardCase> {};
+
+TEST_P(BoardFigures, AreThoseOfTheSize) {
+    const BoardCase& Row = GetParam();
+    LayOut(Row.SizeClass, Row.CustomSize, Row.Twips);
+    EXPECT_EQ(Row.CellSize, State.Layout.CellSize);
+    EXPECT_EQ(Row.Pitch, State.Layout.Pitch);
+    EXPECT_EQ(Row.DragPitch, State.Layout.DragPitch);
+    EXPECT_EQ((Rectangle{16, 16, Row.BoxEnd - 16, Row.BoxEnd - 16}), State.Layout.Box);
+    EXPECT_EQ(Row.LastCellLeft, State.Layout.BoardLeft + 9 * State.Layout.Pitch);
+    EXPECT_EQ(Row.PixelsOfCell, (State.Layout.CellSize + Row.Twips / 2) / Row.Twips);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, BoardFigures,
+                         testing::Values(BoardCase{"small", 0, -1, 15, 568, 570, 568, 544, 5504, 38},
+                                         BoardCase{"small_dense", 0, -1, 12, 458, 456, 458, 434, 4488, 38},
+                                         BoardCase{"medium", 2, -1, 15, 808, 811, 808, 784, 7672, 54},
+                                         BoardCase{"medium_dense_drags_by_more", 2, -1, 12, 648, 648, 653, 629, 6216,
+                                                   54},
+                                         BoardCase{"skin_of_small_pictures", 4, 0, 15, 568, 570, 568, 544, 5504, 38},
+                                         BoardCase{"skin_of_medium_pictures", 4, 2, 12, 648, 648, 653, 629, 6216, 54},
+                                         BoardCase{"skin_without_size", 4, -1, 15, 568, 570, 2488, 544, 5504, 38},
+                                         BoardCase{"skin_without_size_dense", 4, -1, 12, 458, 456, 458, 434, 4488, 38}),
+                         [](const auto& Info) { return std::string(Info.param.Name); });
+
+TEST_F(Layouts, SmallBoardOfTheUsualDensityPushesTheListsAside) {
+    LayOut(0, -1, 12);
+    const Rectangle Dense = PlaceOf(Control::List2);
+    EXPECT_EQ(7560, Dense.Left);
+    EXPECT_EQ(1320, Dense.Top);
+    LayOut(0, -1, 15);
+    EXPECT_EQ(Dense.Left + 1130, PlaceOf(Control::List2).Left);
+    EXPECT_EQ(1400, PlaceOf(Control::List2).Top);
+    EXPECT_EQ(240, PlaceOf(Control::Label9).Left) << "what stands below the board stays";
+}
+
+// Where the pieces off the board are shown, and where they are not; both sizes, both densities.
+struct RoomCase {
+    std::int32_t SizeClass;
+    std::int32_t Twips;
+    bool ExtraPieces;
+};
+
+class Room : public Layouts, public testing::WithParamInterface<RoomCase> {};
+
+bool Overlap(const Rectangle& A, const Rectangle& B) {
+    return A.Left < B.Left + B.Width && B.Left < A.Left + A.Width && A.Top < B.Top + B.Height &&
+           B.Top < A.Top + A.Height;
+}
+
+TEST_P(Room, NothingOverlapsAndNothingSticksOut) {
+    State.RuleSet.canContract = GetParam().ExtraPieces ? 1 : 0;
+    LayOut(GetParam().SizeClass, -1, GetParam().Twips);
+    DrawEdges(State);
+    const auto IsExtra = [](int Which) {
+        return Which >= static_cast<int>(Control::Label10) && Which <= static_cast<int>(Control::Label14);
+    };
+    constexpr std::int32_t TextHeight = 220;
+    for (int A = 0; A < ControlCount; ++A) {
+        if (IsExtra(A) && !GetParam().ExtraPieces) {
+            continue;
+        }
+        const Rectangle& Place = State.Layout.Places[A];
+        EXPECT_GT(Place.Width, 0) << A;
+        EXPECT_GT(Place.Height, 0) << A;
+        EXPECT_LE(Place.Left + Place.Width, State.Layout.Width) << A;
+        EXPECT_LE(Place.Top + Place.Height, State.Layout.Height) << A;
+        EXPECT_FALSE(Overlap(Place, State.BoardFrame)) << "on the board: " << A;
+        for (const EdgeLabel& Label : State.EdgeLabels) {
+            EXPECT_FALSE(Overlap(Place, {Label.X, Label.Y, 120, TextHeight})) << A << " on " << Label.Text;
+        }
+        for (int B = A + 1; B < ControlCount; ++B) {
+            if (!IsExtra(B) || GetParam().ExtraPieces) {
+                EXPECT_FALSE(Overlap(Place, State.Layout.Places[B])) << A << " and " << B;
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, Room,
+                         testing::Values(RoomCase{0, 15, false}, RoomCase{0, 12, false}, RoomCase{2, 15, false},
+                                         RoomCase{2, 12, false}, RoomCase{0, 15, true}, RoomCase{0, 12, true},
+                                         RoomCase{2, 15, true}, RoomCase{2, 12, true}));
+
+TEST_F(Layouts, ExtraPiecesAreShownByTheRuleAlone) {
+    LayOut(2, -1, 15);
+    EXPECT_FALSE(State.Label10.Visible);
+    const Rectangle Whole = PlaceOf(Control::Text1);
+    State.RuleSet.canContract = 1;
+    LayoutWindow(State);
+    EXPECT_TRUE(State.Label14.Visible);
+    EXPECT_EQ("Extra Pieces:", State.Label10.Text);
+    const Rectangle Shrunk = PlaceOf(Control::Text1);
+    EXPECT_LT(Shrunk.Height, Whole.Height);
+    EXPECT_EQ(Whole.Top + Whole.Height, Shrunk.Top + Shrunk.Height);
+    State.RuleSet.canContract = 0;
+    LayoutWindow(State);
+    EXPECT_FALSE(State.Label14.Visible);
+    EXPECT_EQ(Whole, PlaceOf(Control::Text1));
+}
+
+} // namespace
+} // namespace zonterbrook::view

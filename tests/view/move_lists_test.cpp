@@ -1,0 +1,83 @@
+// Lists of moves and the texts made from the state.
+#include "rules/square_names.h"
+#include "support/quiet_world.h"
+#include "view/move_lists.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zonterbrook::view {
+namespace {
+
+class Lists : public testing::Test {
+protected:
+    tests::QuietWorld World;
+    std::unique_ptr<ViewState> Owned = std::make_unique<ViewState>();
+    ViewState& State = *Owned;
+
+    void SetUp() override {
+        engine::ResetEngine(State, World);
+        engine::InstallEngineRules(State);
+    }
+};
+
+struct LineCase {
+    int HalfMove;
+    const char* Line;
+};
+
+class Lines : public testing::TestWithParam<LineCase> {};
+
+TEST_P(Lines, AlignAtTheFullStop) {
+    EXPECT_EQ(GetParam().Line, MoveListLine(GetParam().HalfMove, "c3-d4"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, Lines,
+                         testing::Values(LineCase{1, "   1. c3-d4"}, LineCase{2, "      c3-d4"},
+                                         LineCase{17, "   9. c3-d4"}, LineCase{19, "  10. c3-d4"},
+                                         LineCase{197, "  99. c3-d4"}, LineCase{199, " 100. c3-d4"},
+                                         LineCase{200, "      c3-d4"}));
+
+TEST_F(Lists, TheFirstMovesOfTheGameAreNine) {
+    RefreshMoveChoices(State);
+    EXPECT_EQ(9U, State.List2.Lines.size());
+    EXPECT_NE(std::ranges::find(State.List2.Lines, "d4-e5"), State.List2.Lines.end()) << "names in small letters";
+    State.NotationMode = 1;
+    RefreshMoveChoices(State);
+    EXPECT_NE(std::ranges::find(State.List2.Lines, "32-28"), State.List2.Lines.end());
+    EXPECT_EQ(9U, State.List2.Lines.size()) << "lines of the list before are left";
+}
+
+TEST_F(Lists, RootMovesShowSquaresAndScore) {
+    State.RootMoves.Fill({engine::UnsetScore, 0, engine::UnsetScore});
+    State.RootMoves[0] = {rules::AlgebraicCell("C3"), rules::AlgebraicCell("D4"), -12};
+    State.RootMoves[1] = {rules::FromHand, rules::AlgebraicCell("E1"), 31990};
+    ShowRootMoves(State);
+    ASSERT_EQ(2U, State.List3.Lines.size());
+    EXPECT_EQ("c3-d4     -12", State.List3.Lines[0]);
+    EXPECT_EQ("e1      31990", State.List3.Lines[1]);
+}
+
+TEST_F(Lists, StrengthIsShownWithItsLimit) {
+    State.Strength = 1;
+    EXPECT_EQ("Strength:9   Time:2 sec", StrengthText(State));
+    State.FixedDepth = 1;
+    State.SearchDepth = 7;
+    EXPECT_EQ("Strength:9   Depth:7 ply", StrengthText(State));
+}
+
+TEST_F(Lists, AChangedRuleMarksTheName) {
+    State.VariantName = "Russian Checkers 10X10";
+    ShowVariantTitle(State);
+    EXPECT_EQ("Russian Checkers", State.Label8.Text);
+    State.RuleSet.LongKings = 0;
+    ShowVariantTitle(State);
+    EXPECT_EQ("Russian Checkers (M)", State.Label8.Text);
+    EXPECT_TRUE(State.Caption.ends_with("Russian Checkers (M)"));
+}
+
+} // namespace
+} // namespace zonterbrook::view
