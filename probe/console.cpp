@@ -466,7 +466,6 @@ std::string Console::Think(const Words& Arguments) {
     State->Noise = 0;
     State->CancelRequested = 0;
     State->QuietLimit = 0;
-    State->DrawPending = 0;
     InitGameTree(*State);
     PlayingRoutine(*State).Evaluate(*State, WindowLow, WindowHigh, State->Side);
     GenerateGameMoves(*State);

@@ -5,6 +5,7 @@
 // EngineState.
 #include "engine/evaluate.h"
 #include "rules/install.h"
+#include "rules/position.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -157,6 +158,20 @@ void InitSpecialValues(EngineState& State) {
             });
         }
     }
+}
+
+/// The weights that make and unmake sum up: those of the evaluator by which the rule set is played.
+void InitPieceWeights(EngineState& State) {
+    for (int Index = 0; Index < PieceIndices; ++Index) {
+        ForEachPlayingCell([&](int Cell) {
+            auto& Lanes = State.PieceWeights[Index][Cell].Lanes;
+            for (int Lane = 0; Lane < 4; ++Lane) {
+                Lanes[Lane] = State.SpecialRuleSet > 0 ? State.SpecialValues[Lane][Index][Cell]
+                                                       : State.GenericValues[Lane][Index][Cell];
+            }
+        });
+    }
+    RecountPosition(State);
 }
 
 /// The pattern's cells in front of one promotion square: two steps of the men that defend it.
@@ -329,6 +344,7 @@ void InstallEngineRules(EngineState& State) {
     InitGenericValues(State);
     InitSpecialValues(State);
     InitPatterns(State);
+    InitPieceWeights(State);
 }
 
 } // namespace zonterbrook::engine

@@ -75,54 +75,70 @@ public:
     __extension__ using Word = unsigned __int128;
 
     constexpr CellSet() = default;
-    constexpr explicit CellSet(Word Content) : Bits(Content) {}
+    constexpr explicit CellSet(Word Content)
+        : Halves{static_cast<std::uint64_t>(Content), static_cast<std::uint64_t>(Content >> 64U)} {}
 
-    static constexpr CellSet Of(int Cell) { return CellSet(Word{1} << (Cell - FirstCell)); }
+    static constexpr CellSet Of(int Cell) {
+        CellSet Set;
+        Set.Toggle(Cell);
+        return Set;
+    }
 
-    constexpr bool Contains(int Cell) const { return ((Bits >> (Cell - FirstCell)) & 1U) != 0; }
-    constexpr bool Any() const { return Bits != 0; }
-    constexpr bool None() const { return Bits == 0; }
-    constexpr int Count() const { return std::popcount(Low()) + std::popcount(High()); }
+    constexpr void Toggle(int Cell) { Halves[Half(Cell)] ^= Bit(Cell); }
+    constexpr bool Contains(int Cell) const { return (Halves[Half(Cell)] & Bit(Cell)) != 0; }
+    constexpr bool Any() const { return (Halves[0] | Halves[1]) != 0; }
+    constexpr bool None() const { return !Any(); }
+    constexpr int Count() const { return std::popcount(Halves[0]) + std::popcount(Halves[1]); }
+    /// The members that `Other` has too, counted.
+    constexpr int CountIn(const CellSet& Other) const {
+        return std::popcount(Halves[0] & Other.Halves[0]) + std::popcount(Halves[1] & Other.Halves[1]);
+    }
 
     /// The lowest and the highest member. The set must not be empty.
     constexpr int First() const {
-        return FirstCell + (Low() != 0 ? std::countr_zero(Low()) : 64 + std::countr_zero(High()));
+        return FirstCell + (Halves[0] != 0 ? std::countr_zero(Halves[0]) : 64 + std::countr_zero(Halves[1]));
     }
     constexpr int Last() const {
-        return FirstCell + (High() != 0 ? 127 - std::countl_zero(High()) : 63 - std::countl_zero(Low()));
+        return FirstCell + (Halves[1] != 0 ? 127 - std::countl_zero(Halves[1]) : 63 - std::countl_zero(Halves[0]));
     }
 
     /// Takes the lowest member out and returns it. The set must not be empty.
     constexpr int TakeFirst() {
         const int Cell = First();
-        Bits &= Bits - 1;
+        std::uint64_t& Lowest = Halves[Halves[0] != 0 ? 0 : 1];
+        Lowest &= Lowest - 1;
         return Cell;
     }
 
     /// Every member moved by `Step` cells.
     constexpr CellSet Moved(int Step) const {
+        const Word Bits = Word{Halves[1]} << 64U | Halves[0];
         return CellSet(Step >= 0 ? Bits << static_cast<unsigned>(Step) : Bits >> static_cast<unsigned>(-Step));
     }
 
-    constexpr std::uint64_t Low() const { return static_cast<std::uint64_t>(Bits); }
-    constexpr std::uint64_t High() const { return static_cast<std::uint64_t>(Bits >> 64U); }
+    constexpr std::uint64_t Low() const { return Halves[0]; }
+    constexpr std::uint64_t High() const { return Halves[1]; }
 
-    constexpr CellSet operator|(CellSet Other) const { return CellSet(Bits | Other.Bits); }
-    constexpr CellSet operator&(CellSet Other) const { return CellSet(Bits & Other.Bits); }
-    constexpr CellSet operator^(CellSet Other) const { return CellSet(Bits ^ Other.Bits); }
-    constexpr CellSet Without(CellSet Other) const { return CellSet(Bits & ~Other.Bits); }
-    constexpr CellSet& operator|=(CellSet Other) {
-        Bits |= Other.Bits;
-        return *this;
+    constexpr CellSet operator|(const CellSet& Other) const {
+        return {Halves[0] | Other.Halves[0], Halves[1] | Other.Halves[1]};
     }
-    constexpr CellSet& operator^=(CellSet Other) {
-        Bits ^= Other.Bits;
-        return *this;
+    constexpr CellSet operator&(const CellSet& Other) const {
+        return {Halves[0] & Other.Halves[0], Halves[1] & Other.Halves[1]};
     }
+    constexpr CellSet Without(const CellSet& Other) const {
+        return {Halves[0] & ~Other.Halves[0], Halves[1] & ~Other.Halves[1]};
+    }
+    constexpr CellSet& operator|=(const CellSet& Other) { return *this = *this | Other; }
     bool operator==(const CellSet&) const = default;
 
 private:
-    Word Bits = 0;
+    constexpr CellSet(std::uint64_t InLow, std::uint64_t InHigh) : Halves{InLow, InHigh} {}
+
+    static constexpr unsigned Index(int Cell) { return static_cast<unsigned>(Cell - FirstCell); }
+    static constexpr unsigned Half(int Cell) { return Index(Cell) / 64U % 2U; }
+    static constexpr std::uint64_t Bit(int Cell) { return std::uint64_t{1} << Index(Cell) % 64U; }
+
+    std::uint64_t Halves[2] = {0, 0};
 };
 
 namespace detail {

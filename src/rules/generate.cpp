@@ -53,6 +53,31 @@ CellSet PossibleCapturers(const RulesState& State, const Rules& Rule) {
     return Result;
 }
 
+/// The own pieces that have a plain move at all: one step of theirs leads to a free cell. With jumps over friends any
+/// piece may have one.
+template <typename Rules>
+CellSet PossibleMovers(const RulesState& State, const Rules& Rule) {
+    const CellSet Own = PiecesOf(State, State.Side);
+    if (Rule.JumpFriend) {
+        return Own;
+    }
+    const CellSet Free = PlayingCells.Without(AllPieces(State));
+    CellSet Result;
+    for (int Index = ColourIndex(State.Side); Index < PieceIndices; Index += 2) {
+        const CellSet Pieces = State.Pieces[Index];
+        if (Pieces.None()) {
+            continue;
+        }
+        for (const std::int16_t Step : State.MoveDirections[Index]) {
+            if (Step == DirectionSentinel) {
+                break;
+            }
+            Result |= Pieces & Free.Moved(-Step);
+        }
+    }
+    return Result;
+}
+
 /// A plain jump over a straight run of pieces like the mover, if the rules have it and the run fits: the cell behind
 /// it, or 0.
 int FriendJump(const RulesState& State, int Next, int Step, std::int32_t Code) {
@@ -144,11 +169,11 @@ void RegisterPlainMoves(RulesState& State, const Rules& Rule, const MoveOrdering
 /// The plain moves of all pieces and the entries, in the order of the cells.
 template <typename Rules>
 void RegisterAllPlainMoves(RulesState& State, const Rules& Rule, const MoveOrdering& Order) {
-    CellSet Own = PiecesOf(State, State.Side);
-    CellSet Cells = Rule.Entries ? PlayingCells : Own;
+    const CellSet Movers = PossibleMovers(State, Rule);
+    CellSet Cells = Rule.Entries ? PlayingCells : Movers;
     while (Cells.Any()) {
         const int Cell = Cells.TakeFirst();
-        if (!Rule.Entries || Own.Contains(Cell)) {
+        if (!Rule.Entries || Movers.Contains(Cell)) {
             RegisterPlainMoves(State, Rule, Order, Cell);
         }
         if (Rule.Entries && MayEnter<RowWidth>(State, Cell)) {

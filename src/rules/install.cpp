@@ -113,8 +113,7 @@ void ParseMovement(std::string_view Text, int Index, DirectionTable& Directions)
     const std::size_t Blank = Text.find(' ');
     ParseDirections(Text.substr(0, Blank), Negated, Directions[Index]);
     if (Blank != std::string_view::npos) {
-        std::string_view Captures = Text.substr(Blank + 1);
-        ParseDirections(Captures.substr(0, Captures.find(' ')), Negated, Directions[Index + 4]);
+        ParseDirections(Text.substr(Blank + 1), Negated, Directions[Index + 4]);
     }
 }
 
@@ -165,6 +164,7 @@ void InstallRuleSet(RulesState& State) {
         ParseMovement(State.LoadedRuleSet.MovementStrings[Index].View(), Index, State.LoadedMoveDirections);
     }
     ClassifyDirections(State);
+    State.Walk = DeriveWalkFlags(State.RuleSet, State.SetCaptures == 1);
     for (int Column = 0; Column < 2; ++Column) {
         State.PromotionSet[Column] = PromotionCells(State.RuleSet.PromotionSquares, Column, PromotionRows);
         // A jump over own men has never looked beyond the twelfth row. Wanted.

@@ -16,32 +16,26 @@ inline constexpr std::int32_t UsedScore = -32000;
 
 /// The ordering bonuses of the moves that a search would like to see first, held ready for one generator call.
 struct MoveOrdering {
-    std::int32_t Source[3]; ///< main line, first killer, second killer
-    std::int32_t Dest[3];
+    std::int32_t Wanted[3];     ///< main line, first killer, second killer, each as one number
     std::int32_t RecaptureDest; ///< where the move before the last one landed, 0 if there is none
 
     explicit MoveOrdering(const RulesState& State) {
         const MainLineMove& Line = State.MainVariantTable[State.Ply][State.Ply];
         const KillerPair& Killer = State.Killers[State.Ply];
-        Source[0] = Line.Source;
-        Dest[0] = Line.Dest;
-        Source[1] = Killer.Source1;
-        Dest[1] = Killer.Dest1;
-        Source[2] = Killer.Source2;
-        Dest[2] = Killer.Dest2;
+        Wanted[0] = Ends(Line.Source, Line.Dest);
+        Wanted[1] = Ends(Killer.Source1, Killer.Dest1);
+        Wanted[2] = Ends(Killer.Source2, Killer.Dest2);
         // The index is the one before the ply's own: the square that the mover's last move but one reached.
         RecaptureDest = State.Ply > 0 ? State.PlyDest[State.Ply - 1] : 0;
     }
 
     std::int32_t Bonus(int From, int To) const {
-        static constexpr std::int32_t Bonuses[3] = {500, 250, 150};
-        for (int I = 0; I < 3; ++I) {
-            if (Source[I] == From && Dest[I] == To) {
-                return Bonuses[I];
-            }
-        }
-        return 0;
+        const std::int32_t Move = Ends(From, To);
+        return Move == Wanted[0] ? 500 : Move == Wanted[1] ? 250 : Move == Wanted[2] ? 150 : 0;
     }
+
+private:
+    static constexpr std::int32_t Ends(std::int32_t From, std::int32_t To) { return From * 256 + To; }
 };
 
 /// Puts a plain move on the stack. A full stack asks the search to stop and keeps overwriting its last record.

@@ -9,6 +9,19 @@ namespace {
 
 constexpr std::int32_t SetupValues[] = {Empty, WhiteMan, BlackMan, WhiteKing, BlackKing};
 
+CellWeights WeightsOf(const RulesState& State, const base::CheckedArray<CellSet, PieceIndices>& Sets) {
+    CellWeights Sums{};
+    for (int Index = 0; Index < PieceIndices; ++Index) {
+        for (CellSet Cells = Sets[Index]; Cells.Any();) {
+            const CellWeights& Weights = State.PieceWeights[Index][Cells.TakeFirst()];
+            for (int Lane = 0; Lane < 4; ++Lane) {
+                Sums.Lanes[Lane] += Weights.Lanes[Lane];
+            }
+        }
+    }
+    return Sums;
+}
+
 char SetupDigit(std::int32_t Value) {
     const auto* Found = std::ranges::find(SetupValues, Value);
     return static_cast<char>('0' + (Found - std::begin(SetupValues)));
@@ -81,6 +94,7 @@ void RecountMaterial(RulesState& State) {
 
 void RecountPosition(RulesState& State) {
     State.Pieces = SetsOf(State.Board);
+    State.WeightSums = WeightsOf(State, State.Pieces);
     RecountMaterial(State);
 }
 
@@ -131,6 +145,7 @@ std::string CheckPosition(const RulesState& State) {
     Expect(BordersStand, "border overwritten");
     Expect(CellsGood, "a cell holds no piece value");
     Expect(State.Pieces == SetsOf(State.Board), "sets of pieces out of step with the board");
+    Expect(State.WeightSums == WeightsOf(State, State.Pieces), "sums of weights out of step with the board");
     Expect(State.Side == White || State.Side == Black, "side");
     Expect(State.Ply >= 0 && State.Ply <= MaxPly, "ply");
     Expect(State.GameMoves >= 0 && State.GameMoves <= MaxGameMoves, "game moves");

@@ -10,6 +10,7 @@
 #include "base/fixed_text.h"
 #include "rules/cells.h"
 #include "rules/rule_set.h"
+#include "rules/walk_flags.h"
 
 #include <cstdint>
 #include <type_traits>
@@ -88,6 +89,13 @@ using DirectionColumn = base::CheckedArray<std::int16_t, DirectionEntries>;
 /// Columns 0..3: plain steps by piece index; 4..7: capture steps.
 using DirectionTable = base::CheckedArray<DirectionColumn, 8>;
 
+/// Four weights of a piece on a cell, and the four sums of them over the board.
+struct CellWeights {
+    std::int32_t Lanes[4];
+
+    bool operator==(const CellWeights&) const = default;
+};
+
 /// Source, Dest and a tag: 1 for a capture, 10 added for a promotion.
 struct MainLineMove {
     std::int32_t Source;
@@ -119,6 +127,8 @@ struct RulesState {
     BoardCellsArray Board;
     /// The same pieces as sets, by piece index: kept by `SetCell` alone.
     base::CheckedArray<CellSet, PieceIndices> Pieces;
+    /// The weights of all pieces where they stand: kept by `SetCell` alone. What they mean is the engine's business.
+    CellWeights WeightSums;
     std::int32_t Side;
     std::int32_t PiecesInHandWhite;
     std::int32_t PiecesInHandBlack;
@@ -169,7 +179,10 @@ struct RulesState {
     BoardCellsArray StartBoard;
     DirectionTable MoveDirections;
     DirectionTable LoadedMoveDirections;
+    /// By piece index and cell; zero until the engine fills it in and calls `RecountPosition`.
+    base::CheckedArray<base::CheckedArray<CellWeights, BoardCells>, PieceIndices> PieceWeights;
     std::int32_t SpecialRuleSet; ///< 0 generic, 1 American, 2 Italian, 3 German, 4 Russian
+    WalkFlags Walk;              ///< the rules of captures as yes or no
     std::int32_t SetCaptures;
     std::int32_t SidewaysOnly;
     std::int32_t WidenDropsPattern;
