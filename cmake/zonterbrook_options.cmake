@@ -17,3 +17,8 @@ endif()
 # A released binary names its sources from the top of the tree, not from the folder where it happened to be built.
 target_compile_options(zonterbrook_options INTERFACE
     "$<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>")
+
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
+    # Counting the bits of a set is one instruction on every such processor of the last fifteen years, and a call without it.
+    target_compile_options(zonterbrook_options INTERFACE -march=x86-64-v2)
+endif()

@@ -215,6 +215,7 @@ void ShiftMenColour(RulesState& State, int Mode) {
             SetCell(State, To, Value);
         }
     }
+    RecountMaterial(State);
 }
 
 void FitMenToColour(RulesState& State) {
@@ -246,6 +247,7 @@ void RemoveMen(RulesState& State, base::OutsideWorld& World) {
     for (const std::vector<int>& Own : Cells) {
         RemoveByLot(State, Own, State.RuleSet.NumberMen, World);
     }
+    RecountMaterial(State);
 }
 
 } // namespace zonterbrook::rules

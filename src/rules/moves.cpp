@@ -9,35 +9,66 @@ namespace zonterbrook::rules {
 
 namespace {
 
-/// Takes the captured pieces off and returns their weight in hundredths of a man.
-std::int32_t RemoveCaptured(RulesState& State, const CapturePath& Captures) {
-    std::int32_t Weight = 0;
-    for (int I = 0; I < Captures.Count; ++I) {
-        Weight += Captures.Groups[I].Weight;
-        SetCell(State, Captures.Groups[I].Cell, Empty);
+/// Changes cells in the making of a move, and keeps the sums of weights of the new ply in a local meanwhile.
+class MoveMaker {
+public:
+    MoveMaker(RulesState& InState, int InPly)
+        : State(InState), Ply(InPly), Sums(InState.WeightSums[InPly - 1]) {}
+
+    void Finish() { State.WeightSums[Ply] = Sums; }
+
+    void Remove(int Cell) {
+        std::int32_t& Place = State.Board[Cell];
+        if (Place != Empty) {
+            Count<-1>(Cell, Place);
+            Place = Empty;
+        }
     }
-    return 100 * Weight;
-}
+
+    void Put(int Cell, std::int32_t Value) {
+        Remove(Cell);
+        if (Value != Empty) {
+            Count<1>(Cell, Value);
+            State.Board[Cell] = Value;
+        }
+    }
+
+    /// From one cell to another, or with both the same off the board.
+    void Move(int Source, int Dest) {
+        const std::int32_t Value = State.Board[Source];
+        Remove(Source);
+        if (Dest != Source) {
+            Put(Dest, Value);
+        }
+    }
+
+private:
+    template <int Sign>
+    void Count(int Cell, std::int32_t Value) {
+        const int Index = PieceIndex(Value);
+        State.Pieces[Index].Toggle(Cell);
+        const CellWeights& Weights = State.PieceWeights[Index][Cell];
+        for (int Lane = 0; Lane < 4; ++Lane) {
+            Sums.Lanes[Lane] += Sign * Weights.Lanes[Lane];
+        }
+    }
+
+    RulesState& State;
+    const int Ply;
+    CellWeights Sums;
+};
 
 /// A side that is down to one man gets a king for it; returns the cell, or 0.
-int CrownLastMan(RulesState& State) {
+int CrownLastMan(RulesState& State, MoveMaker& Maker) {
     const int Colour = ColourIndex(State.Side);
     if (State.Pieces[Colour + 2].Any() || State.Pieces[Colour].Count() != 1) {
         return 0;
     }
     const int Cell = State.Pieces[Colour].First();
-    SetCell(State, Cell, 2 * State.Side);
+    Maker.Put(Cell, 2 * State.Side);
     State.Material[State.Ply] += 100;
     State.TotalMaterial[State.Ply] += 100;
     return Cell;
-}
-
-void MovePiece(RulesState& State, int Source, int Dest) {
-    const std::int32_t Value = State.Board[Source];
-    SetCell(State, Source, Empty);
-    if (Dest != Source) {
-        SetCell(State, Dest, Value);
-    }
 }
 
 std::int32_t& InHand(RulesState& State, std::int32_t Side) {
@@ -49,6 +80,7 @@ std::int32_t& InHand(RulesState& State, std::int32_t Side) {
 void InitGameTree(RulesState& State) {
     if (State.Ply != 0) {
         State.Material[0] = State.Material[1];
+        State.WeightSums[0] = State.WeightSums[1];
         State.TotalMaterial[0] = State.TotalMaterial[1];
         State.Ply = 0;
     }
@@ -73,17 +105,21 @@ void PerformMove(RulesState& State, int Move) {
     std::int32_t TotalMaterial = State.TotalMaterial[Ply - 1];
 
     // 3. Captures.
+    MoveMaker Maker(State, Ply);
     if (Record.Captures.Count != 0) {
         Irreversible = 1;
-        const std::int32_t Weight = RemoveCaptured(State, Record.Captures);
-        Material -= Weight;
-        TotalMaterial -= Weight;
+        for (int I = 0; I < Record.Captures.Count; ++I) {
+            const CaptureGroup& Group = Record.Captures.Groups[I];
+            Maker.Remove(Group.Cell);
+            Material -= 100 * Group.Weight;
+            TotalMaterial -= 100 * Group.Weight;
+        }
         if (State.RuleSet.KingMan == 1 && Dest != Source && IsKing(State.Board[Source])) {
             State.MoveKingDemoted[GameMove] = 1;
             Material -= 100;
             TotalMaterial -= 100;
-            SetCell(State, Dest, State.Board[Source] / 2);
-            SetCell(State, Source, Empty);
+            Maker.Put(Dest, State.Board[Source] / 2);
+            Maker.Remove(Source);
             Source = Dest;
         }
     }
@@ -91,10 +127,10 @@ void PerformMove(RulesState& State, int Move) {
     // 4. The piece. One that ends where it began is taken off the board, and so is a king just demoted: wanted as it
     // stands, `TakeBackMove` is written against it.
     if (Source == FromHand) {
-        SetCell(State, Dest, Side);
+        Maker.Put(Dest, Side);
         --InHand(State, Side);
     } else {
-        MovePiece(State, Source, Dest);
+        Maker.Move(Source, Dest);
     }
 
     // 5. Promotion.
@@ -103,7 +139,7 @@ void PerformMove(RulesState& State, int Move) {
         Material -= 100;
         TotalMaterial += 100;
         const bool Turncoat = State.RuleSet.ChangeSide == 1;
-        SetCell(State, Dest, (Turncoat ? -1 : 1) * Record.Kind * Side);
+        Maker.Put(Dest, (Turncoat ? -1 : 1) * Record.Kind * Side);
         Material += Turncoat ? 200 : 0;
     }
     State.PlyIrreversible[Ply] = Irreversible;
@@ -115,8 +151,9 @@ void PerformMove(RulesState& State, int Move) {
 
     // 7. its last man may be crowned.
     if (State.RuleSet.ManKing == 1) {
-        State.MoveLastManCrowned[GameMove] = static_cast<std::int16_t>(CrownLastMan(State));
+        State.MoveLastManCrowned[GameMove] = static_cast<std::int16_t>(CrownLastMan(State, Maker));
     }
+    Maker.Finish();
 }
 
 void TakeBackMove(RulesState& State, int Move) {
@@ -168,6 +205,7 @@ void StepBack(RulesState& State, const PlayedMove& Move, std::int32_t Material, 
         SetCell(State, Move.Record.Source, Move.Mover);
     }
     State.Ply = 0;
+    RecountMaterial(State);
     State.Material[0] = Material;
     State.TotalMaterial[0] = TotalMaterial;
 }

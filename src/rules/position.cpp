@@ -90,11 +90,11 @@ void RecountMaterial(RulesState& State) {
     const int BlackWeight = Weight(Black);
     State.Material[0] = 100 * (WhiteWeight - BlackWeight) * State.Side;
     State.TotalMaterial[0] = 100 * (WhiteWeight + BlackWeight);
+    State.WeightSums[0] = WeightsOf(State, State.Pieces);
 }
 
 void RecountPosition(RulesState& State) {
     State.Pieces = SetsOf(State.Board);
-    State.WeightSums = WeightsOf(State, State.Pieces);
     RecountMaterial(State);
 }
 
@@ -145,7 +145,7 @@ std::string CheckPosition(const RulesState& State) {
     Expect(BordersStand, "border overwritten");
     Expect(CellsGood, "a cell holds no piece value");
     Expect(State.Pieces == SetsOf(State.Board), "sets of pieces out of step with the board");
-    Expect(State.WeightSums == WeightsOf(State, State.Pieces), "sums of weights out of step with the board");
+    Expect(State.WeightSums[State.Ply] == WeightsOf(State, State.Pieces), "sums of weights out of step with the board");
     Expect(State.Side == White || State.Side == Black, "side");
     Expect(State.Ply >= 0 && State.Ply <= MaxPly, "ply");
     Expect(State.GameMoves >= 0 && State.GameMoves <= MaxGameMoves, "game moves");

@@ -15,24 +15,15 @@ inline constexpr int SetupLength = 100;
 inline constexpr std::string_view DefaultSetup =
     "1010101010010101010110101010100101010101000000000000000000002020202020020202020220202020200202020202";
 
-/// Puts a piece on an empty cell, or takes the piece on a cell away: the figures beside the board. `Sign` is 1 or -1.
-inline void CountPiece(RulesState& State, int Cell, std::int32_t Value, int Sign) {
-    const int Index = PieceIndex(Value);
-    State.Pieces[Index].Toggle(Cell);
-    const CellWeights& Weights = State.PieceWeights[Index][Cell];
-    for (int Lane = 0; Lane < 4; ++Lane) {
-        State.WeightSums.Lanes[Lane] += Sign * Weights.Lanes[Lane];
-    }
-}
-
-/// Sets a cell and keeps the figures beside the board in step. `Cell` must not be a border cell.
+/// Sets a cell and keeps the sets of pieces in step. `Cell` must not be a border cell. The figures by ply are the
+/// caller's: whoever is not making a move calls `RecountPosition` when done.
 inline void SetCell(RulesState& State, int Cell, std::int32_t Value) {
     std::int32_t& Place = State.Board[Cell];
     if (Place != Empty) {
-        CountPiece(State, Cell, Place, -1);
+        State.Pieces[PieceIndex(Place)].Toggle(Cell);
     }
     if (Value != Empty) {
-        CountPiece(State, Cell, Value, 1);
+        State.Pieces[PieceIndex(Value)].Toggle(Cell);
     }
     Place = Value;
 }
@@ -62,11 +53,10 @@ std::string SetupText(const BoardCellsArray& Board);
 /// The set-up text of `StartBoard`.
 std::string BuildSetupText(const RulesState& State);
 
-/// Takes `Board` as it stands for a new position: rebuilds the sets of pieces, the sums of weights and the
-/// material figures of ply 0.
+/// Takes `Board` as it stands for a new position: rebuilds the sets of pieces and the figures of ply 0.
 void RecountPosition(RulesState& State);
 
-/// `Material[0]` and `TotalMaterial[0]` from the board and the side to move.
+/// The figures of ply 0 from the sets of pieces and the side to move: material and sums of weights.
 void RecountMaterial(RulesState& State);
 
 /// The men and weights of `StartBoard`, which the engine's thresholds and the draw figures are taken from.

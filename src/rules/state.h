@@ -127,8 +127,6 @@ struct RulesState {
     BoardCellsArray Board;
     /// The same pieces as sets, by piece index: kept by `SetCell` alone.
     base::CheckedArray<CellSet, PieceIndices> Pieces;
-    /// The weights of all pieces where they stand: kept by `SetCell` alone. What they mean is the engine's business.
-    CellWeights WeightSums;
     std::int32_t Side;
     std::int32_t PiecesInHandWhite;
     std::int32_t PiecesInHandBlack;
@@ -138,6 +136,7 @@ struct RulesState {
     // --- by ply ----------------------------------------------------------------------------------------------------
     ByPly<std::int32_t> Material;      ///< hundredths of a man, from the side to move
     ByPly<std::int32_t> TotalMaterial; ///< both sides together
+    ByPly<CellWeights> WeightSums; ///< of all pieces where they stand; what they mean is the engine's business
     ByPly<std::int32_t> PlyIrreversible;
     ByPly<std::int32_t> PlyDest;
     ByPly<KillerPair> Killers;
