@@ -8,11 +8,17 @@ namespace zonterbrook::control {
 inline constexpr int DecisiveResult = 0;
 inline constexpr int DrawnResult = 2;
 
+inline constexpr std::string_view DrawText = "It's a draw!";
+
 /// Sets `DrawCode` and the start counters. Once for every move played, after it stands in the record.
 void DrawRuleCheck(GameState& State);
 
+/// Whether `DrawCode` ends the game: a rule that is not in force never does. The position's moves must stand on the
+/// stack at `Ply`.
+bool DrawRuleEndsGame(const GameState& State);
+
 /// Ends the game and says so if the position is decided, without moves or drawn; else nothing that can be seen.
-/// `GameEnded` tells. Leaves the moves of the position generated.
+/// `GameEnded` tells. Leaves the moves of the position generated, and `Ply` 0.
 void GameEndCheck(GameState& State);
 
 /// Whether `GameEndCheck` would end the game; says and closes nothing.
@@ -23,5 +29,12 @@ void SetResultText(GameState& State, int Kind);
 
 /// Shows the message of `DrawCode`.
 void AnnounceDrawRule(GameState& State);
+
+/// Tells the engine how far the count of quiet half-moves is: `QuietMoves` and `QuietLimit`.
+void SetMoveLimit(GameState& State);
+
+/// Shows the board for half a second, so that the last move has been seen before a message covers it. Nobody can
+/// change the game meanwhile.
+void PauseOnLastMove(GameState& State);
 
 } // namespace zonterbrook::control

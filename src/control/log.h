@@ -1,4 +1,4 @@
-// The running log: one line for each start, three for each game, one for each move.
+// The running log: two lines for each start, four for each game, one for each move, under the computer's its search.
 #pragma once
 
 #include "control/state.h"
@@ -7,6 +7,8 @@
 
 namespace zonterbrook::control {
 
+inline constexpr std::string_view LogLineEnd = "\r\n";
+
 /// Opens the log and writes the lines of a start. Without a log the rest does nothing.
 void OpenLog(GameState& State);
 void CloseLog(GameState& State);
@@ -14,7 +16,12 @@ void CloseLog(GameState& State);
 /// The lines that stand above the moves of a game.
 void WriteLogHeader(GameState& State);
 
-/// The line of a move that a person made; `DisplayText` as the list shows it, without the number.
+/// The line of half-move `GameMoves`, made by a person; `DisplayText` as the list shows it, without the number.
 void LogPersonMove(GameState& State, std::string_view DisplayText);
+
+/// The same for one that the computer made: how deep it looked, the line that it expects, and the lines of the
+/// iterations, each with its line end.
+void LogComputerMove(GameState& State, std::string_view DisplayText, int Depth, std::string_view MainLine,
+                     std::string_view SearchLog);
 
 } // namespace zonterbrook::control

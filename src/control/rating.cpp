@@ -82,10 +82,6 @@ int RatingFactor(int Rating) {
     return static_cast<int>(std::nearbyint(130.0 - Rating / 20.0));
 }
 
-void Congratulate(GameState& State, std::string_view Text) {
-    State.Outside->Message("Congratulations", std::string(Text) + State.RatingSummary, Icon::Exclamation);
-}
-
 } // namespace
 
 void UpdateRating(GameState& State, double Score) {
@@ -142,6 +138,10 @@ void Resign(GameState& State) {
     State.GameEnded = 1;
     SetResultText(State, DecisiveResult);
     CloseGame(State, "Computer wins!");
+}
+
+void Congratulate(GameState& State, std::string_view Text) {
+    State.Outside->Message("Congratulations", std::string(Text) + State.RatingSummary, Icon::Exclamation);
 }
 
 void CloseGame(GameState& State, std::string_view Status) {

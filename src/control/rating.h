@@ -22,6 +22,9 @@ std::string GameCompliment(const GameState& State);
 void OfferDraw(GameState& State);
 void Resign(GameState& State);
 
+/// Says how the game has ended, and what that did to the rating.
+void Congratulate(GameState& State, std::string_view Text);
+
 /// Closes the game: flag, commands, lists, status.
 void CloseGame(GameState& State, std::string_view Status);
 

@@ -1,0 +1,37 @@
+// What a running calculation shows of itself: the calculation's label, the status bar, the progress bar. It also keeps
+// the texts that the log gets. For the computer's move and for the analysis.
+#pragma once
+
+#include "control/state.h"
+#include "engine/root_search.h"
+
+#include <string>
+#include <string_view>
+
+namespace zonterbrook::control {
+
+/// The main line of the last search as text, empty while the calculation is not shown; then it goes to the label, too.
+/// Its second move is the reply that is expected, `HintSource` and `HintDest`.
+std::string DisplayMainVariant(GameState& State);
+
+/// Listens to a root search and shows how far it is.
+class CalculationReport : public engine::RootObserver {
+public:
+    /// `Doing`: what the status bar says, such as "Thinking...".
+    CalculationReport(GameState& InState, std::string_view InDoing) : State(InState), Doing(InDoing) {}
+
+    void MoveStarts(int Iteration, int Move, bool Verifying) override;
+    void MoveAccepted(int Iteration, int Move) override;
+    void MoveDone(double Elapsed) override;
+    void IterationDone(int Iteration, double Seconds) override;
+
+    std::string MainLineText; ///< of the best move so far
+    std::string SearchLog;    ///< a line for each iteration that was completed
+
+private:
+    GameState& State;
+    std::string Doing;
+    std::string BestLine; ///< depth, best move and score, as the log has them
+};
+
+} // namespace zonterbrook::control
