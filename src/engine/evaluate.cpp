@@ -7,6 +7,7 @@
 #include "rules/generate.h"
 #include "rules/position.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdlib>
@@ -85,10 +86,45 @@ void FindGoals(const EngineState& State, Census& Figures) {
     }
 }
 
-/// 1 plus 2 for each own piece that stands one step behind: `Isamulti`, on the sets that are at hand.
+/// Weights by cell as a number in binary: bit p of a cell's weight is its membership of plane p. A sum over a set of
+/// pieces is then a few counts of bits, whatever their number.
+template <std::size_t Planes>
+using WeightPlanes = std::array<CellSet, Planes>;
+
+/// The pull of an enemy piece: 19 less the distance, for kings and in the hard-wired evaluators a third of it.
+constexpr int MaxPull = 19;
+constexpr int PullPlanes = 5;
+constexpr int ThirdPlanes = 3;
+/// An enemy that is not there is looked for on cell 0, further away than 19. This keeps the planes' numbers positive.
+constexpr int PullBias = 2;
+
+/// By the cell of the enemy piece.
+template <std::size_t Planes, typename Weight>
+constexpr std::array<WeightPlanes<Planes>, BoardCells> MakePlanes(Weight Of) {
+    std::array<WeightPlanes<Planes>, BoardCells> Table{};
+    for (std::size_t Target = 0; Target < BoardCells; ++Target) {
+        for (CellSet Cells = PlayingCells; Cells.Any();) {
+            const int Cell = Cells.TakeFirst();
+            const int Value = Of(SquareDistance(Cell, static_cast<int>(Target)));
+            for (std::size_t Plane = 0; Plane < Planes; ++Plane) {
+                if ((static_cast<unsigned>(Value) >> Plane & 1U) != 0) {
+                    Table[Target][Plane].Toggle(Cell);
+                }
+            }
+        }
+    }
+    return Table;
+}
+
+constexpr auto PullTable = MakePlanes<PullPlanes>([](int Distance) { return MaxPull - Distance + PullBias; });
+constexpr auto ThirdTable =
+    MakePlanes<ThirdPlanes>([](int Distance) { return Distance > MaxPull ? 0 : (MaxPull - Distance) / 3; });
+
+/// Where a colour's pieces have own pieces one step behind them. A piece counts once, and twice more for each of those:
+/// `Isamulti` for all of them at once.
 class Support {
 public:
-    Support(const EngineState& State, int Colour) {
+    Support(const EngineState& State, int Colour) : Own(State.Pieces[Colour] | State.Pieces[Colour + 2]) {
         for (int Index = Colour; Index < PieceIndices; Index += 2) {
             if (State.Pieces[Index].None()) {
                 continue;
@@ -97,48 +133,69 @@ public:
                 if (Step == DirectionSentinel) {
                     break;
                 }
-                Reached[Count++] = State.Pieces[Index].Moved(Step);
+                Add(State.Pieces[Index].Moved(Step) & Own);
             }
         }
     }
 
-    int Of(int Cell) const {
-        int Sum = 1;
-        for (int I = 0; I < Count; ++I) {
-            Sum += Reached[I].Contains(Cell) ? 2 : 0;
+    /// The counts of the pieces in `Set`, added up.
+    int Sum(const CellSet& Set) const {
+        int Total = Own.CountIn(Set);
+        for (int Digit = 0; Digit < Used; ++Digit) {
+            Total += Digits[Digit].CountIn(Set) << (Digit + 1);
         }
-        return Sum;
+        return Total;
+    }
+
+    /// The same, each times its weight.
+    template <std::size_t Planes>
+    int WeightedSum(const CellSet& Set, const WeightPlanes<Planes>& Weights) const {
+        int Total = 0;
+        for (std::size_t Plane = 0; Plane < Planes; ++Plane) {
+            Total += Sum(Set & Weights[Plane]) << Plane;
+        }
+        return Total;
+    }
+
+    /// Pieces with nothing behind them.
+    int Unsupported() const {
+        CellSet Alone = Own;
+        for (int Digit = 0; Digit < Used; ++Digit) {
+            Alone = Alone.Without(Digits[Digit]);
+        }
+        return Alone.Count();
     }
 
 private:
-    CellSet Reached[2 * (DirectionEntries - 1)];
-    int Count = 0;
-};
-
-/// The sum over one colour's pieces, seen from White, for evaluators in which the order of the pieces is all one.
-template <EvaluatorPolicy P>
-int SumOfColour(const EngineState& State, const PieceValueTable& Values, int Colour, int Target) {
-    const Support Behind(State, Colour);
-    const DistanceRow& ToTarget = Distances[static_cast<std::size_t>(Target)];
-    const bool WithDistance = !P.Generic || State.DistanceTermEnabled != 0;
-    int Sum = 0;
-    int Pull = 0;
-    for (int Index = Colour; Index < PieceIndices; Index += 2) {
-        const BoardCellsArray& Points = Values[Index];
-        const int Divisor = P.Generic && Index < 2 ? 1 : 3;
-        for (CellSet Pieces = State.Pieces[Index]; Pieces.Any();) {
-            const int Cell = Pieces.TakeFirst();
-            Sum += Points[Cell];
-            if (WithDistance) {
-                const int Supporters = Behind.Of(Cell);
-                Pull += Supporters * ((19 - ToTarget[static_cast<std::size_t>(Cell)]) / Divisor);
-                if constexpr (!P.Generic) {
-                    Pull -= Supporters == 1 ? 10 : 0;
-                }
-            }
+    /// Adds 1 to the number of each cell of `Set`, in binary, one digit of all cells' numbers in each set.
+    void Add(CellSet Set) {
+        for (int Digit = 0; Set.Any(); ++Digit) {
+            Used = std::max(Used, Digit + 1);
+            const CellSet Carry = Digits[Digit] & Set;
+            Digits[Digit] = (Digits[Digit] | Set).Without(Carry);
+            Set = Carry;
         }
     }
-    return Sum + (Colour == 0 ? Pull : -Pull);
+
+    CellSet Own;
+    int Used = 0;
+    /// Eight steps of men and eight of kings, if a rule set repeats them, bring up to sixteen supporters.
+    base::CheckedArray<CellSet, 5> Digits;
+};
+
+/// What a colour's pieces gain by standing near the enemy's strongest piece with support, from their own view.
+template <EvaluatorPolicy P>
+int PullOfColour(const EngineState& State, int Colour, int Target) {
+    const auto Row = static_cast<std::size_t>(Target);
+    const Support Behind(State, Colour);
+    if constexpr (!P.Generic) {
+        return Behind.WeightedSum(PlayingCells, ThirdTable[Row]) - 10 * Behind.Unsupported();
+    } else {
+        const CellSet Men = State.Pieces[Colour];
+        const CellSet Kings = State.Pieces[Colour + 2];
+        const int OfMen = Behind.WeightedSum(Men, PullTable[Row]) - PullBias * Behind.Sum(Men);
+        return OfMen + (Kings.Any() ? Behind.WeightedSum(Kings, ThirdTable[Row]) : 0);
+    }
 }
 
 /// The file term of variants whose men never leave their rows: the opponent of the side to move counts columns that it
@@ -201,21 +258,40 @@ int KingWinSum(const EngineState& State, const Census& Figures, int Combination,
     return Sum + State.EmptyPrefix[Combination][LastCell];
 }
 
+/// What the pieces are worth where they stand, seen from White: as make and unmake have summed it up if this is the
+/// evaluator by which the rule set is played, else counted here.
+int SumOfPlaces(const EngineState& State, const PieceValueTable& Values, bool KeptInLane, int Lane) {
+    if (KeptInLane) {
+        return State.WeightSums[State.Ply].Lanes[Lane];
+    }
+    int Sum = 0;
+    for (int Index = 0; Index < PieceIndices; ++Index) {
+        for (CellSet Pieces = State.Pieces[Index]; Pieces.Any();) {
+            Sum += Values[Index][Pieces.TakeFirst()];
+        }
+    }
+    return Sum;
+}
+
 /// The positional sum from White's point of view.
 template <EvaluatorPolicy P>
 int PositionalSum(const EngineState& State, const Census& Figures, std::int32_t Side) {
+    const auto Pull = [&] {
+        return PullOfColour<P>(State, 0, Figures.Strongest[1]) - PullOfColour<P>(State, 1, Figures.Strongest[0]);
+    };
     if constexpr (!P.Generic) {
-        const PieceValueTable& Values = State.SpecialValues[static_cast<int>(P.Kind)];
-        return SumOfColour<P>(State, Values, 0, Figures.Strongest[1]) +
-               SumOfColour<P>(State, Values, 1, Figures.Strongest[0]);
+        constexpr int Lane = static_cast<int>(P.Kind);
+        return SumOfPlaces(State, State.SpecialValues[Lane], State.SpecialRuleSet > 0, Lane) + Pull();
     } else {
         const int Combination = (Figures.Early[0] ? 1 : 0) + (Figures.Early[1] ? 2 : 0);
         if (State.RuleSet.KingWin == 1) {
             return KingWinSum(State, Figures, Combination, Side);
         }
-        const PieceValueTable& Values = State.GenericValues[Combination];
-        int Sum = State.EmptyPrefix[Combination][LastCell] + SumOfColour<P>(State, Values, 0, Figures.Strongest[1]) +
-                  SumOfColour<P>(State, Values, 1, Figures.Strongest[0]);
+        int Sum = State.EmptyPrefix[Combination][LastCell] +
+                  SumOfPlaces(State, State.GenericValues[Combination], State.SpecialRuleSet == 0, Combination);
+        if (State.DistanceTermEnabled != 0) {
+            Sum += Pull();
+        }
         if (HasSidewaysTerm(State, Side)) {
             for (int Row = FirstRow; Row <= LastRow; ++Row) {
                 Sum += SidewaysTerm(State, Row);
@@ -253,6 +329,11 @@ bool IsRepetition(EngineState& State) {
     return false;
 }
 
+int MenInLine(const CellSet& Men, const PatternSteps& Steps) {
+    const CellSet First = Men & Steps.Squares;
+    return First.None() ? 0 : (First & Men.Moved(-Steps.First)).CountIn(Men.Moved(-Steps.Both));
+}
+
 /// The gain of a colour from free ground in front of its promotion squares, and of closed lines of men there. The
 /// hard-wired evaluators count free ground twice where all three cells are free. Wanted.
 template <EvaluatorPolicy P>
@@ -261,21 +342,20 @@ int Pattern(const EngineState& State, int Colour) {
     if (List.Faults != 0) [[unlikely]] {
         base::FailIndex(NoSquare, BoardCells);
     }
+    const CellSet Free = PlayingCells.Without(AllPieces(State));
+    const int BothFree = P.Generic ? 10 : 30; // beside what the first of them gives
     int Gain = 0;
     int Lines = 0;
-    for (int I = 0; I < List.Count; ++I) {
-        const PatternCells& Cells = List.Cells[I];
-        const std::int32_t Square = State.Board[Cells.Square];
-        const std::int32_t Next = State.Board[Cells.Next];
-        const std::int32_t Beyond = State.Board[Cells.Beyond];
-        if (Square == Empty) {
-            if (Next == Empty && Beyond == Empty) {
-                Gain += P.Generic ? 30 : 50;
-            } else if (Next == Empty || Beyond == Empty) {
-                Gain += 20;
-            }
-        } else if (Cells.Straight != 0 && IsMan(Square) && Next == Square && Beyond == Square) {
-            Lines += 30 * Square;
+    for (int Row = 0; Row < List.Count; ++Row) {
+        const PatternSteps& Steps = List.Steps[Row];
+        const CellSet Open = Steps.Squares & Free;
+        if (Open.Any()) {
+            const CellSet Next = Free.Moved(-Steps.First);
+            const CellSet Beyond = Free.Moved(-Steps.Both);
+            Gain += 20 * Open.CountIn(Next | Beyond) + BothFree * Open.CountIn(Next & Beyond);
+        }
+        if (Steps.Straight != 0) {
+            Lines += 30 * MenInLine(State.Pieces[0], Steps) - 30 * MenInLine(State.Pieces[1], Steps);
         }
     }
     return (Colour == 0 ? Gain : -Gain) + Lines;

@@ -174,8 +174,22 @@ void InitPieceWeights(EngineState& State) {
     RecountPosition(State);
 }
 
-/// The pattern's cells in front of one promotion square: two steps of the men that defend it.
-void AddPatternCells(PatternList& List, int Square, const DirectionColumn& Steps, bool StopsAtSideways) {
+/// Adds a square to the steps that it is not in yet, or to new ones.
+void AddPatternSquare(PatternList& List, int Square, std::int16_t First, std::int16_t Second) {
+    const auto Both = static_cast<std::int16_t>(First + Second);
+    int Row = 0;
+    while (Row < List.Count && (List.Steps[Row].First != First || List.Steps[Row].Both != Both ||
+                                List.Steps[Row].Squares.Contains(Square))) {
+        ++Row;
+    }
+    if (Row == List.Count) {
+        List.Steps[List.Count++] = {CellSet(), First, Both, First == Second ? 1 : 0};
+    }
+    List.Steps[Row].Squares.Toggle(Square);
+}
+
+/// What the pattern looks at in front of one promotion square: two steps of the men that defend it.
+void AddPatternSquares(PatternList& List, int Square, const DirectionColumn& Steps, bool StopsAtSideways) {
     for (const std::int16_t First : Steps) {
         if (First == DirectionSentinel || (StopsAtSideways && std::abs(First) == 1) || !IsOnBoard(Square + First)) {
             return;
@@ -185,10 +199,7 @@ void AddPatternCells(PatternList& List, int Square, const DirectionColumn& Steps
                 break;
             }
             if (First + Second != 0) {
-                List.Cells[List.Count++] = {static_cast<std::uint8_t>(Square),
-                                            static_cast<std::uint8_t>(Square + First),
-                                            static_cast<std::uint8_t>(Square + First + Second),
-                                            static_cast<std::uint8_t>(First == Second ? 1 : 0)};
+                AddPatternSquare(List, Square, First, Second);
             }
         }
     }
@@ -203,11 +214,11 @@ void InitPatterns(EngineState& State) {
         for (int Row = 0; Row < PromotionRows; ++Row) {
             const int Square = State.RuleSet.PromotionSquares[Row][Colour];
             if (Square != NoSquare) {
-                AddPatternCells(Generic, Square, Steps, true);
+                AddPatternSquares(Generic, Square, Steps, true);
             }
             if (Row < 5) {
                 if (Square != NoSquare) {
-                    AddPatternCells(Special, Square, Steps, false);
+                    AddPatternSquares(Special, Square, Steps, false);
                 } else {
                     Special.Faults = 1; // these evaluators look at five squares unasked
                 }

@@ -45,19 +45,20 @@ using CellValues = base::CheckedArray<base::CheckedArray<std::int32_t, 2>, rules
 /// Points by piece index and cell, seen from White: all that an evaluator gives a piece for where it stands.
 using PieceValueTable = base::CheckedArray<rules::BoardCellsArray, rules::PieceIndices>;
 
-/// Three cells in front of a promotion square that are looked at together.
-struct PatternCells {
-    std::uint8_t Square;
-    std::uint8_t Next;
-    std::uint8_t Beyond;
-    std::uint8_t Straight; ///< 1: the two steps are the same
+/// Two steps in front of promotion squares, and the squares from which they are looked at.
+struct PatternSteps {
+    CellSet Squares;
+    std::int16_t First;    ///< the first step
+    std::int16_t Both;     ///< both steps together
+    std::int32_t Straight; ///< 1: the two steps are the same
 };
 
-/// The cells of the promotion-row pattern of one colour: sixteen squares, eight first steps, eight second ones at most.
+/// The promotion-row pattern of one colour. A square that the rules list twice counts twice, so steps may recur with
+/// other squares: sixteen squares, eight first steps, eight second ones at most.
 struct PatternList {
     std::int32_t Count;
     std::int32_t Faults; ///< 1: a square that the pattern needs is not there
-    base::CheckedArray<PatternCells, rules::PromotionRows * 64> Cells;
+    base::CheckedArray<PatternSteps, rules::PromotionRows * 64> Steps;
 };
 
 /// The evaluators, as rows of the tables that are derived for each.
