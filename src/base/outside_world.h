@@ -11,7 +11,9 @@ namespace zonterbrook::base {
 /// Implemented by the window, by the console and by tests. The engine holds a pointer to one and owns nothing.
 class OutsideWorld {
 public:
-    OutsideWorld() = default;
+    /// `InNodesPerTurn`: at least 1. Only a test has a reason to change it.
+    explicit OutsideWorld(std::uint32_t InNodesPerTurn = UsualNodesPerTurn)
+        : NodesPerTurn(InNodesPerTurn), NodesLeft(InNodesPerTurn) {}
     OutsideWorld(const OutsideWorld&) = delete;
     OutsideWorld& operator=(const OutsideWorld&) = delete;
     virtual ~OutsideWorld() = default;
@@ -37,9 +39,10 @@ protected:
 private:
     /// A turn costs a look at the clock, some tens of nanoseconds; a node some hundred. With this many nodes between
     /// two turns the looks vanish in the search, and an event waits a millisecond at most.
-    static constexpr std::uint32_t NodesPerTurn = 1024;
+    static constexpr std::uint32_t UsualNodesPerTurn = 1024;
 
-    std::uint32_t NodesLeft = NodesPerTurn;
+    std::uint32_t NodesPerTurn;
+    std::uint32_t NodesLeft;
 };
 
 } // namespace zonterbrook::base

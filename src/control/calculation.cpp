@@ -3,7 +3,6 @@
 // Reads the main line and the best score; writes label, status and progress, and the expected reply.
 #include "control/calculation.h"
 
-#include "control/log.h"
 #include "control/time_text.h"
 #include "rules/square_names.h"
 #include "view/move_lists.h"
@@ -96,7 +95,7 @@ void CalculationReport::MoveDone(double Elapsed) {
 
 void CalculationReport::IterationDone(int /*Iteration*/, double Seconds) {
     SearchLog.append(LogIndent, ' ').append(BestLine).append("   M: ").append(MainLineText);
-    SearchLog.append("  T: ").append(TimeString(Seconds, false)).append(LogLineEnd);
+    SearchLog.append("  T: ").append(TimeString(Seconds, false)).append("\n");
 }
 
 } // namespace zonterbrook::control

@@ -25,7 +25,7 @@ void Append(GameState& State, std::string_view Text) {
 }
 
 void AppendLine(GameState& State, std::string_view Line) {
-    Append(State, std::string(Line).append(LogLineEnd));
+    Append(State, std::string(Line) + "\n");
 }
 
 std::string MoveAndScore(const GameState& State, std::string_view DisplayText) {

@@ -7,8 +7,6 @@
 
 namespace zonterbrook::control {
 
-inline constexpr std::string_view LogLineEnd = "\r\n";
-
 /// Opens the log and writes the lines of a start. Without a log the rest does nothing.
 void OpenLog(GameState& State);
 void CloseLog(GameState& State);

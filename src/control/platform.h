@@ -42,7 +42,8 @@ public:
     /// The folder of the program's own files.
     virtual std::filesystem::path ApplicationDirectory() const = 0;
 
-    /// Opens the log for appending; false if it can't be written. Then text goes to its end, until it is closed.
+    /// Opens the log for appending; false if it can't be written. Then text goes to its end, until it is closed;
+    /// its lines end in "\n" here, in the file as those of every text file of the program.
     virtual bool OpenLog() = 0;
     virtual void AppendLog(std::string_view Text) = 0;
     virtual void CloseLog() = 0;

@@ -149,7 +149,7 @@ bool QtPlatform::OpenLog() {
 }
 
 void QtPlatform::AppendLog(std::string_view Words) {
-    Log.write(Words.data(), static_cast<qint64>(Words.size()));
+    Log.write(Text(Words).replace(QLatin1Char('\n'), QLatin1String("\r\n")).toUtf8());
     Log.flush();
 }
 
