@@ -1,0 +1,141 @@
+// Positions, rules and moves as short texts, so that a table of cases can be read and checked on a real board.
+//
+// A position: side to move, White's pieces, Black's pieces, a K in front of kings: "W:Wc3,Ke5:Bd6,Kf8". The tenth rank
+// is written 0. Rules: "Key=value" joined by "|", set on top of the default rules. Moves: in stack order, "c3-d4",
+// captures with what they take in the order of the jumps, "c3xg7(d4,Kf6)", "K" for a promotion, "*c1" for an entry.
+#pragma once
+
+#include "base/text.h"
+#include "rules/install.h"
+#include "rules/moves.h"
+#include "rules/position.h"
+#include "rules/square_names.h"
+
+#include <cctype>
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zonterbrook::tests {
+
+inline std::vector<std::string> Split(std::string_view Text, char Separator) {
+    std::vector<std::string> Parts;
+    while (!Text.empty()) {
+        const std::size_t End = Text.find(Separator);
+        Parts.emplace_back(Text.substr(0, End));
+        Text.remove_prefix(End == std::string_view::npos ? Text.size() : End + 1);
+    }
+    return Parts;
+}
+
+/// The cell of a name in lower or upper case; a slip in a table ends the test.
+inline int Cell(std::string_view Name) {
+    const int Found = rules::AlgebraicCell(base::ToUpper(Name));
+    if (Found == 0 || Name.size() != 2) {
+        throw std::invalid_argument("no square: " + std::string(Name));
+    }
+    return Found;
+}
+
+/// Changes `RuleSet` alone; installing is the caller's.
+inline void WriteRules(rules::RulesState& State, std::string_view Rules) {
+    for (const std::string& Rule : Split(Rules, '|')) {
+        const std::size_t Equals = Rule.find('=');
+        if (Equals == std::string::npos ||
+            !rules::WriteRule(State.RuleSet, Rule.substr(0, Equals), Rule.substr(Equals + 1))) {
+            throw std::invalid_argument("no rule: " + Rule);
+        }
+    }
+}
+
+/// Lays a position by its text, with nothing played. The start position, which the recognised rule sets and the
+/// thresholds go by, stays.
+inline void Lay(rules::RulesState& State, std::string_view Text) {
+    const std::vector<std::string> Parts = Split(Text, ':');
+    State.Board = State.BoardTemplate;
+    for (rules::CellSet Cells = rules::PlayingCells; Cells.Any();) {
+        State.Board[Cells.TakeFirst()] = rules::Empty;
+    }
+    for (std::size_t Part = 1; Part < Parts.size(); ++Part) {
+        const std::int32_t Side = Parts[Part].at(0) == 'W' ? rules::White : rules::Black;
+        for (const std::string& Piece : Split(Parts[Part].substr(1), ',')) {
+            const bool King = Piece[0] == 'K';
+            State.Board[Cell(Piece.substr(King ? 1 : 0))] = King ? 2 * Side : Side;
+        }
+    }
+    State.Side = Parts.at(0) == "W" ? rules::White : rules::Black;
+    rules::ResetMoves(State);
+    rules::RecountPosition(State);
+}
+
+/// The position on the board in the same grammar; what has been jumped or is no piece shows as it is not expected.
+inline std::string PositionText(const rules::RulesState& State) {
+    std::string Sides[2];
+    for (rules::CellSet Cells = rules::PlayingCells; Cells.Any();) {
+        const int Square = Cells.TakeFirst();
+        const std::int32_t Value = State.Board[Square];
+        if (Value != rules::Empty) {
+            std::string& Own = Sides[Value > 0 ? 0 : 1];
+            Own +=
+                (Own.empty() ? "" : ",") + std::string(std::abs(Value) == 2 ? "K" : "") + rules::AlgebraicName(Square);
+        }
+    }
+    return std::string(State.Side == rules::White ? "W" : "B") + ":W" + Sides[0] + ":B" + Sides[1];
+}
+
+inline std::string MoveText(const rules::MoveRecord& Move) {
+    std::string Text = Move.Source == rules::FromHand ? "*" : rules::AlgebraicName(Move.Source);
+    if (Move.Source != rules::FromHand) {
+        Text += Move.Captures.Count == 0 ? '-' : 'x';
+    }
+    Text += rules::AlgebraicName(Move.Dest);
+    for (int I = 0; I < Move.Captures.Count; ++I) {
+        const rules::CaptureGroup& Group = Move.Captures.Groups[I];
+        Text += (I == 0 ? "(" : ",") + std::string(Group.Weight == 2 ? "K" : "") + rules::AlgebraicName(Group.Cell);
+    }
+    return Text + (Move.Captures.Count == 0 ? "" : ")") + (Move.Kind != 0 ? "K" : "");
+}
+
+/// The moves of the present ply.
+inline std::vector<std::string> MovesOfPly(const rules::RulesState& State) {
+    std::vector<std::string> Moves;
+    for (int I = State.StackLimit[State.Ply]; I < State.StackLimit[State.Ply + 1]; ++I) {
+        Moves.push_back(MoveText(State.MoveStack[I]));
+    }
+    return Moves;
+}
+
+inline std::string Joined(const std::vector<std::string>& Words) {
+    std::string Text;
+    for (const std::string& Word : Words) {
+        Text += (Text.empty() ? "" : " ") + Word;
+    }
+    return Text;
+}
+
+inline std::string MoveList(const rules::RulesState& State) {
+    return Joined(MovesOfPly(State));
+}
+
+/// The record of the present ply that reads as `Text`.
+inline int FindMove(const rules::RulesState& State, std::string_view Text) {
+    for (int I = State.StackLimit[State.Ply]; I < State.StackLimit[State.Ply + 1]; ++I) {
+        if (MoveText(State.MoveStack[I]) == Text) {
+            return I;
+        }
+    }
+    throw std::invalid_argument("no move " + std::string(Text) + " among " + MoveList(State));
+}
+
+/// The name of a row as a test name that every filter understands.
+inline std::string RowName(std::string_view Name) {
+    std::string Text(Name);
+    for (char& Letter : Text) {
+        Letter = std::isalnum(static_cast<unsigned char>(Letter)) != 0 ? Letter : '_';
+    }
+    return Text;
+}
+
+} // namespace zonterbrook::tests
