@@ -57,7 +57,7 @@ public:
         Row.LongestPath = static_cast<std::uint8_t>(PathLongest);
         Row.Text = Text;
         ++Table.Count;
-        MostKings[Text.Count] = std::max(MostKings[Text.Count], Kings);
+        MostKings[Text.Count] = std::max(MostKings[Text.Count], Row.KingsTaken);
         Best = Piece > 0 ? std::max(Best, Piece) : std::min(Best, Piece);
         L = std::max<int>(L, Text.Count);
         int& ByKind = LongestByKind[std::abs(Piece)];
@@ -129,7 +129,7 @@ private:
     int Kings = 0;
     int LastCapCount = 0;
     base::CheckedArray<int, 3> LongestByKind{};
-    base::CheckedArray<int, CaptureLevels + 1> MostKings{};
+    base::CheckedArray<std::uint8_t, CaptureLevels + 1> MostKings{};
     base::CheckedArray<int, LastCapLimit> LastCapRows;
 };
 

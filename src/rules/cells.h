@@ -59,7 +59,8 @@ constexpr bool IsKing(std::int32_t Value) {
 
 /// A piece's row in the tables: 0 White man, 1 Black man, 2 White king, 3 Black king. `Value` must be a piece.
 constexpr int PieceIndex(std::int32_t Value) {
-    return (Value < 0 ? 1 : 0) + (IsKing(Value) ? 2 : 0);
+    // The sign bit, and from the square of the value, 1 or 4, whether it is a king: no branch.
+    return static_cast<int>((static_cast<std::uint32_t>(Value) >> 31U) + (static_cast<std::uint32_t>(Value * Value) >> 1U));
 }
 inline constexpr int PieceIndices = 4;
 

@@ -40,7 +40,10 @@ CellSet PossibleCapturers(const RulesState& State, const Rules& Rule) {
             if (Step == DirectionSentinel) {
                 break;
             }
-            Result |= Pieces & Prey.Moved(-Step) & Free.Moved(-2 * Step);
+            const CellSet Facing = Pieces & Prey.Moved(-Step);
+            if (Facing.Any()) {
+                Result |= Facing & Free.Moved(-2 * Step);
+            }
         }
         return Result;
     };

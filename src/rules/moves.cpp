@@ -33,13 +33,26 @@ public:
         }
     }
 
-    /// From one cell to another, or with both the same off the board.
+    /// From one cell to another, empty one, or with both the same off the board.
     void Move(int Source, int Dest) {
-        const std::int32_t Value = State.Board[Source];
-        Remove(Source);
-        if (Dest != Source) {
-            Put(Dest, Value);
+        std::int32_t& From = State.Board[Source];
+        if (Dest == Source || From == Empty) [[unlikely]] {
+            Remove(Source);
+            return;
         }
+        std::int32_t& To = State.Board[Dest];
+        const int Index = PieceIndex(From);
+        CellSet& Set = State.Pieces[Index];
+        Set.Toggle(Source);
+        Set.Toggle(Dest);
+        const auto& Weights = State.PieceWeights[Index];
+        const CellWeights& Before = Weights[Source];
+        const CellWeights& After = Weights[Dest];
+        for (int Lane = 0; Lane < 4; ++Lane) {
+            Sums.Lanes[Lane] += After.Lanes[Lane] - Before.Lanes[Lane];
+        }
+        To = From;
+        From = Empty;
     }
 
 private:
@@ -69,6 +82,18 @@ int CrownLastMan(RulesState& State, MoveMaker& Maker) {
     State.Material[State.Ply] += 100;
     State.TotalMaterial[State.Ply] += 100;
     return Cell;
+}
+
+/// What stands on `From`, if anything does, goes to `To`, which is empty.
+void MoveBack(RulesState& State, int From, int To) {
+    std::int32_t& Place = State.Board[From];
+    if (Place != Empty) {
+        CellSet& Set = State.Pieces[PieceIndex(Place)];
+        Set.Toggle(From);
+        Set.Toggle(To);
+        State.Board[To] = Place;
+        Place = Empty;
+    }
 }
 
 std::int32_t& InHand(RulesState& State, std::int32_t Side) {
@@ -168,9 +193,7 @@ void TakeBackMove(RulesState& State, int Move) {
         SetCell(State, Dest, Empty);
         ++InHand(State, Side);
     } else if (Dest != Source) {
-        const std::int32_t Value = State.Board[Dest];
-        SetCell(State, Dest, Empty);
-        SetCell(State, Source, Value);
+        MoveBack(State, Dest, Source);
     }
     for (int I = 0; I < Record.Captures.Count; ++I) {
         const CaptureGroup& Group = Record.Captures.Groups[I];

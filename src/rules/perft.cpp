@@ -17,7 +17,7 @@ std::uint64_t CountLeaves(RulesState& State, int Depth, const Generator& Moves) 
     const int End = State.StackLimit[State.Ply + 1];
     for (int Move = State.StackLimit[State.Ply]; Move < End; ++Move) {
         TriedMove Tried(State, Move);
-        Leaves += CountLeaves(State, Depth - 1, Moves);
+        Leaves += Depth == 1 ? 1 : CountLeaves(State, Depth - 1, Moves);
         Tried.TakeBack();
     }
     return Leaves;
