@@ -8,6 +8,7 @@
 #include "control/new_game.h"
 #include "control/record.h"
 #include "rules/generate.h"
+#include "rules/moves.h"
 #include "rules/square_names.h"
 #include "view/draw_board.h"
 #include "view/move_lists.h"
@@ -45,7 +46,7 @@ int FindStored(const GameState& State, const rules::MoveRecord& Stored) {
 }
 
 void RestoreRootMaterial(GameState& State) {
-    State.Ply = 0;
+    rules::InitGameTree(State);
     State.Material[0] = State.MaterialAt[State.GameMoves];
     State.TotalMaterial[0] = State.TotalMaterialAt[State.GameMoves];
 }

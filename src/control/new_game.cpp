@@ -31,6 +31,7 @@ void FitToColour(GameState& State) {
     const bool Asked = Colour == 0 || (Colour < 2 && Colour != State.LoadedRuleSet.PiecesOnBlack);
     if (Asked && rules::AllPieces(State).Any()) {
         rules::FitMenToColour(State);
+        rules::RecountPosition(State);
     }
 }
 
@@ -128,6 +129,7 @@ std::vector<std::string> PlayByLot(GameState& State) {
         if (!EnterMove(State, Raw)) {
             break;
         }
+        StoreHalfMove(State, {State.MoveStack[State.PlayedIndex], State.EnteredMover});
         DrawRuleCheck(State);
         if (GameWouldEnd(State)) {
             break;

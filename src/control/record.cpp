@@ -13,6 +13,7 @@
 #include "control/new_game.h"
 #include "engine/evaluate.h"
 #include "engine/root_search.h"
+#include "rules/generate.h"
 #include "rules/input.h"
 #include "rules/square_names.h"
 #include "view/draw_board.h"
@@ -64,6 +65,7 @@ rules::PlayedMove EnteredMove(const GameState& State) {
 // The move's score from its mover's side, as the computer's moves have theirs.
 void StoreEvaluation(GameState& State) {
     engine::InitEngineThresholds(State);
+    const rules::GamePositionScope Scope(State);
     const std::int32_t Score = engine::EvaluatePosition(State, engine::WindowLow, engine::WindowHigh, State.Side);
     State.MoveScores[State.GameMoves] = base::Narrow<std::int16_t>(-Score);
 }

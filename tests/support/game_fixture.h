@@ -11,6 +11,7 @@
 #include "rules/square_names.h"
 #include "support/scripted_platform.h"
 #include "view/draw_board.h"
+#include "view/move_lists.h"
 
 #include <gtest/gtest.h>
 

@@ -24,6 +24,7 @@ public:
     double ClockPerTurn = 0; ///< by which each turn of a search turns the clock
     std::filesystem::path Directory;
     std::function<void()> OnTurn;    ///< runs at each turn of a search
+    std::function<void()> OnWait;    ///< runs while the program waits
     std::function<void()> OnMessage; ///< runs while a message stands
     std::function<void()> OnClose;   ///< what the window does when it is told to close
     std::deque<double> Chances;      ///< random numbers to come; behind them a fixed row goes on
@@ -32,9 +33,11 @@ public:
     bool LogCanBeOpened = true;
     bool LogIsOpen = false;
     bool Ended = false;
+    bool TakesAnything = false; ///< nothing that is said or asked is unexpected; questions are answered by lot
     int Closings = 0;
     int Refreshes = 0;
     double Waited = 0;
+    std::string LastSaid;
 
     explicit ScriptedPlatform(std::filesystem::path ApplicationFolder) : Directory(std::move(ApplicationFolder)) {}
 
@@ -67,6 +70,9 @@ public:
     void Wait(double Seconds) override {
         Clock += Seconds;
         Waited += Seconds;
+        if (OnWait) {
+            OnWait();
+        }
     }
     void Refresh() override { ++Refreshes; }
     std::string Date() override { return "01/02/2003"; }
@@ -117,7 +123,16 @@ private:
         view::CommandId Choice;
     };
 
+    view::CommandId RandomChoice() {
+        const int First = static_cast<int>(view::CommandId::mnu_PopUp_ClearBoard);
+        return static_cast<view::CommandId>(First + static_cast<int>(Random() * (view::CommandCount - First)));
+    }
+
     Expected Take(Kind Sort, std::string_view Title, std::string_view Text) {
+        if (Script.empty() && TakesAnything) {
+            LastSaid = Text;
+            return {"", "", Sort, Random() < 0.5, RandomChoice()};
+        }
         if (Script.empty()) {
             ADD_FAILURE() << "unexpected: " << Title << ": " << Text;
             return {"", "", Sort, false, view::CommandId::None};

@@ -1,0 +1,175 @@
+// Random events of mouse, keyboard and commands: no fault, and after each of them a state that is in order.
+#include "control/record.h"
+#include "support/game_fixture.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace zonterbrook::tests {
+namespace {
+
+using view::CommandId;
+
+// What the tree of commands offers without opening a dialog, and without ending the run.
+constexpr CommandId Choices[] = {CommandId::Compute,
+                                 CommandId::First,
+                                 CommandId::Moveback,
+                                 CommandId::MoveForward,
+                                 CommandId::Last,
+                                 CommandId::Offerdraw,
+                                 CommandId::Resign,
+                                 CommandId::Cplayer,
+                                 CommandId::Pplayer,
+                                 CommandId::Turn,
+                                 CommandId::rating,
+                                 CommandId::calculation,
+                                 CommandId::Nonotation,
+                                 CommandId::New1,
+                                 CommandId::Moveback,
+                                 CommandId::MoveForward,
+                                 CommandId::Moveback,
+                                 CommandId::MoveForward,
+                                 CommandId::mnu_Board_Notation_Chess,
+                                 CommandId::mnu_Board_Notation_Checkers};
+
+class WildEvents : public GameFixture, public testing::WithParamInterface<const char*> {
+protected:
+    void SetUp() override {
+        GameFixture::SetUp();
+        World.TakesAnything = true;
+    }
+
+    int Below(int Limit) { return static_cast<int>(World.Random() * Limit); }
+
+    // A square with a move more often than not: events at random hardly ever make one.
+    int SomeCell() {
+        const int Moves = rules::MoveCountOfPly(State);
+        if (Moves > 0 && Below(4) != 0) {
+            const rules::MoveRecord& Move = State.MoveStack[State.StackLimit[State.Ply] + Below(Moves)];
+            if (Move.Source != rules::FromHand) {
+                return view::CellOfSquare(State, Move.Source);
+            }
+        }
+        return Below(100);
+    }
+
+    int SomeTarget(int Cell) {
+        const int Square = view::SquareOfCell(State, Cell);
+        const int Moves = rules::MoveCountOfPly(State);
+        for (int I = 0; I < Moves && Below(4) != 0; ++I) {
+            const rules::MoveRecord& Move = State.MoveStack[State.StackLimit[State.Ply] + I];
+            if (Move.Source == Square) {
+                return view::CellOfSquare(State, Move.Dest);
+            }
+        }
+        return Below(100);
+    }
+
+    void DragSomething() {
+        const int From = SomeCell();
+        const int To = SomeTarget(From);
+        const int Button = Below(60) == 0 ? control::RightButton : control::LeftButton;
+        const int Pitch = State.Layout.DragPitch;
+        if (Below(5) != 0) {
+            control::c_MouseMove(State, From, 0, 10, 10);
+        }
+        control::c_MouseDown(State, From, Button, 10, 10);
+        if (Below(8) == 0) {
+            return; // the release comes in the middle of something else, or never
+        }
+        control::c_MouseUp(State, From, Button, (To % 10 - From % 10) * Pitch + Below(Pitch),
+                           (To / 10 - From / 10) * Pitch + Below(Pitch));
+    }
+
+    void Scribble() {
+        static constexpr std::string_view Signs = "abcdefghij0123456789-x:K ";
+        std::string Text;
+        for (int I = Below(8); I >= 0; --I) {
+            Text += Signs[static_cast<std::size_t>(Below(static_cast<int>(Signs.size())))];
+        }
+        if (Below(2) == 0) {
+            State.Text1.Text = Text;
+            control::Text1_KeyUp(State);
+        } else {
+            Type(Text);
+        }
+    }
+
+    static void SelectSomething(view::ListFields& List, int Line) { List.Selected = Line; }
+
+    void DoSomething() {
+        switch (Below(10)) {
+        case 0:
+            control::RunCommand(State, Choices[Below(static_cast<int>(std::size(Choices)))]);
+            break;
+        case 1:
+            Scribble();
+            break;
+        case 2:
+            SelectSomething(State.List2, Below(12) - 1);
+            control::List2_DblClick(State);
+            break;
+        case 3:
+            SelectSomething(State.List1, Below(static_cast<int>(State.List1.Lines.size()) + 2) - 1);
+            control::List1_MouseUp(State);
+            break;
+        case 4:
+            SelectSomething(State.List3, Below(110) - 2);
+            control::List3_DblClick(State);
+            break;
+        default:
+            DragSomething();
+        }
+    }
+
+    std::string Complaint() {
+        std::string Found = rules::CheckPosition(State);
+        if (State.MoveCount < State.GameMoves) {
+            Found += " the cursor is behind the record";
+        }
+        if (State.List1.Lines.size() != static_cast<std::size_t>(State.MoveCount)) {
+            Found += " lines and half-moves differ";
+        }
+        for (int HalfMove = 1; HalfMove <= State.MoveCount; ++HalfMove) {
+            if (State.List1.Lines[static_cast<std::size_t>(HalfMove - 1)] !=
+                view::MoveListLine(HalfMove, control::StoredDisplay(State, HalfMove))) {
+                Found += " a line and its row differ";
+            }
+        }
+        if (State.Thinking != 0 || State.SearchActive != 0 || State.HandlerDepth != 0) {
+            Found += " something is left at work";
+        }
+        return Found;
+    }
+};
+
+TEST_P(WildEvents, LeaveTheStateInOrder) {
+    State.VariantName = GetParam();
+    State.KeepBoard = 0;
+    control::NewGame(State);
+    State.RuleSet = State.LoadedRuleSet;
+    control::NewGame(State);
+    view::DrawBoard(State, 0);
+    int MovesSeen = 0;
+    for (int Event = 0; Event < 3000; ++Event) {
+        DoSomething();
+        MovesSeen = std::max(MovesSeen, State.MoveCount);
+        ASSERT_FALSE(World.Ended) << World.LastSaid;
+        ASSERT_EQ("", Complaint()) << "after event " << Event << ", position " << rules::SetupText(State.Board);
+    }
+    EXPECT_GT(MovesSeen, 10) << "hardly a move was made";
+}
+
+INSTANTIATE_TEST_SUITE_P(Variants, WildEvents,
+                         testing::Values("International Checkers", "Russian Checkers 10x10", "Turkish Draughts 10x10",
+                                         "Reserves", "Frisian Draughts"),
+                         [](const auto& Info) {
+                             std::string Name = Info.param;
+                             std::erase_if(Name,
+                                           [](char C) { return std::isalnum(static_cast<unsigned char>(C)) == 0; });
+                             return Name;
+                         });
+
+} // namespace
+} // namespace zonterbrook::tests
