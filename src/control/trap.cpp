@@ -3,6 +3,9 @@
 
 #include "control/log.h"
 
+#include <exception>
+#include <string>
+
 namespace zonterbrook::control {
 
 namespace {
@@ -39,7 +42,8 @@ void RunTrapped(GameState& State, const std::function<void()>& Handler, std::str
                 State.Outside->AppendLog(std::string(Failure.what()) + "\n");
             }
             ShowAndEnd(State, ErrorFound);
-        } catch (const base::Fault& Failure) {
+        } catch (const std::exception& Failure) {
+            // The standard library's own failures end the run as ours do.
             ShowAndEnd(State, FaultText.empty() ? Failure.what() : FaultText);
         }
     }

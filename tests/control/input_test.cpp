@@ -147,6 +147,36 @@ TEST_F(Input, TheDensePitchFallsShortOnALongWay) {
     EXPECT_EQ(rules::WhiteKing, PieceOn("j0"));
 }
 
+struct EdgeOfCellCase {
+    const char* Name;
+    int X;
+    int Y;
+    const char* Target; ///< of the king on e5; empty: put back
+};
+
+class EdgesOfCells : public Input, public testing::WithParamInterface<EdgeOfCellCase> {};
+
+TEST_P(EdgesOfCells, DecideTheSquareOfADrop) {
+    Lay("W e5, b a9");
+    ASSERT_EQ(808, State.Layout.DragPitch);
+    Press("e5");
+    control::c_MouseUp(State, Cell("e5"), LeftButton, GetParam().X, GetParam().Y);
+    EXPECT_EQ(*GetParam().Target == '\0' ? 0 : 1, State.GameMoves);
+    if (*GetParam().Target != '\0') {
+        EXPECT_EQ(rules::WhiteKing, PieceOn(GetParam().Target));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, EdgesOfCells,
+                         testing::Values(EdgeOfCellCase{"within", 807, 0, ""},
+                                         EdgeOfCellCase{"one_right_one_up", 808, -1, "f6"},
+                                         EdgeOfCellCase{"last_twip_of_the_next_cell", 1615, -807, "f6"},
+                                         EdgeOfCellCase{"one_left_one_down", -1, 808, "d4"},
+                                         // A coordinate of whole cells to the left or above counts one cell more.
+                                         EdgeOfCellCase{"exactly_one_cell_left_counts_two", -808, 1616, "c3"},
+                                         EdgeOfCellCase{"exactly_one_cell_up_counts_two", 1616, -808, "g7"}),
+                         [](const auto& Info) { return std::string(Info.param.Name); });
+
 TEST_F(Input, NumbersStayWhileAnEmptySquareIsHeld) {
     control::c_MouseDown(State, Cell("e5"), LeftButton, 10, 10);
     EXPECT_EQ(46, CellOn("a1").Number);
