@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QStandardPaths>
 
+#include <cstdlib>
 #include <filesystem>
 
 int main(int Count, char** Words) {
@@ -18,6 +19,9 @@ int main(int Count, char** Words) {
     const std::filesystem::path OfUser =
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdString() + "/zonterbrook";
     zonterbrook::ui::MainWindow Window(zonterbrook::ui::FindFolders(Program, OfUser));
+    if (Window.HasEnded()) {
+        return EXIT_FAILURE; // the start failed and has said so
+    }
     Window.show();
     return QApplication::exec();
 }

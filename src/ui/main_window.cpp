@@ -109,7 +109,9 @@ void MainWindow::ConnectControls() {
             [this] { Dispatch([](GameState& Game) { control::Text2_KeyUp(Game, control::EnterKey); }); });
 
     for (const view::CommandRow& Row : view::CommandRows()) {
-        if (QAction* Entry = Row.Id == view::CommandId::None ? nullptr : ActionOf(Row.Id)) {
+        // The entries of the popup menu are not run: the chosen one is the answer to whoever opened the menu.
+        QAction* Entry = Row.Menu == view::CommandId::mnuPopup ? nullptr : ActionOf(Row.Id);
+        if (Entry != nullptr) {
             connect(Entry, &QAction::triggered, this,
                     [this, Id = Row.Id] { Dispatch([Id](GameState& Game) { control::RunCommand(Game, Id); }); });
         }
@@ -126,11 +128,9 @@ void MainWindow::keyPressEvent(QKeyEvent* Event) {
 
 view::CommandId MainWindow::RunPopup(view::CommandId Menu) {
     QMenu* Popup = Menus.at(static_cast<std::size_t>(Menu));
-    // The entries are chosen from here and not run: they are the answer to whoever opened the menu.
-    const QSignalBlocker Quiet(this);
     const QAction* Chosen = Popup->exec(QCursor::pos());
     for (const view::CommandRow& Row : view::CommandRows()) {
-        if (Chosen != nullptr && Row.Id != view::CommandId::None && ActionOf(Row.Id) == Chosen) {
+        if (Chosen != nullptr && ActionOf(Row.Id) == Chosen) {
             return Row.Id;
         }
     }
@@ -153,7 +153,6 @@ void MainWindow::closeEvent(QCloseEvent* Event) {
         EndWanted = true;
     }
     Event->accept();
-    QCoreApplication::quit();
 }
 
 void MainWindow::CloseLater() {

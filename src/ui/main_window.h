@@ -35,6 +35,9 @@ public:
     control::GameState& GameOf() { return *State; }
     BoardWidget& BoardOf() { return *Board; }
 
+    /// True once the program is on its way out, as after a start that failed.
+    bool HasEnded() const { return EndWanted; }
+
     /// The entry of a command, in menu and toolbar alike; null for menus and `None`.
     QAction* ActionOf(view::CommandId Id) const { return Actions.at(static_cast<std::size_t>(Id)); }
 
