@@ -12,8 +12,7 @@ namespace {
 /// Changes cells in the making of a move, and keeps the sums of weights of the new ply in a local meanwhile.
 class MoveMaker {
 public:
-    MoveMaker(RulesState& InState, int InPly)
-        : State(InState), Ply(InPly), Sums(InState.WeightSums[InPly - 1]) {}
+    MoveMaker(RulesState& InState, int InPly) : State(InState), Ply(InPly), Sums(InState.WeightSums[InPly - 1]) {}
 
     void Finish() { State.WeightSums[Ply] = Sums; }
 
@@ -33,26 +32,13 @@ public:
         }
     }
 
-    /// From one cell to another, empty one, or with both the same off the board.
+    /// From one cell to another, or with both the same off the board.
     void Move(int Source, int Dest) {
-        std::int32_t& From = State.Board[Source];
-        if (Dest == Source || From == Empty) [[unlikely]] {
-            Remove(Source);
-            return;
+        const std::int32_t Value = State.Board[Source];
+        Remove(Source);
+        if (Dest != Source) {
+            Put(Dest, Value);
         }
-        std::int32_t& To = State.Board[Dest];
-        const int Index = PieceIndex(From);
-        CellSet& Set = State.Pieces[Index];
-        Set.Toggle(Source);
-        Set.Toggle(Dest);
-        const auto& Weights = State.PieceWeights[Index];
-        const CellWeights& Before = Weights[Source];
-        const CellWeights& After = Weights[Dest];
-        for (int Lane = 0; Lane < 4; ++Lane) {
-            Sums.Lanes[Lane] += After.Lanes[Lane] - Before.Lanes[Lane];
-        }
-        To = From;
-        From = Empty;
     }
 
 private:
@@ -84,55 +70,40 @@ int CrownLastMan(RulesState& State, MoveMaker& Maker) {
     return Cell;
 }
 
-/// What stands on `From`, if anything does, goes to `To`, which is empty.
-void MoveBack(RulesState& State, int From, int To) {
-    std::int32_t& Place = State.Board[From];
-    if (Place != Empty) {
-        CellSet& Set = State.Pieces[PieceIndex(Place)];
-        Set.Toggle(From);
-        Set.Toggle(To);
-        State.Board[To] = Place;
-        Place = Empty;
-    }
+/// A piece goes from its cell to an empty one.
+void StepPiece(RulesState& State, int From, int To) {
+    const std::int32_t Value = State.Board[From];
+    CellSet& Set = State.Pieces[PieceIndex(Value)];
+    Set.Toggle(From);
+    Set.Toggle(To);
+    State.Board[From] = Empty;
+    State.Board[To] = Value;
+}
+
+/// Most moves by far: a piece steps to another cell, and nothing else happens.
+bool IsPlainStep(const RulesState& State, const MoveRecord& Record) {
+    return Record.Captures.Count == 0 && Record.Kind == 0 && Record.Source != FromHand && State.RuleSet.ManKing != 1;
 }
 
 std::int32_t& InHand(RulesState& State, std::int32_t Side) {
     return Side == White ? State.PiecesInHandWhite : State.PiecesInHandBlack;
 }
 
-} // namespace
-
-void InitGameTree(RulesState& State) {
-    if (State.Ply != 0) {
-        State.Material[0] = State.Material[1];
-        State.WeightSums[0] = State.WeightSums[1];
-        State.TotalMaterial[0] = State.TotalMaterial[1];
-        State.Ply = 0;
-    }
-}
-
-void PerformMove(RulesState& State, int Move) {
-    const MoveRecord& Record = State.MoveStack[Move];
-    const std::int32_t Side = State.Side;
+/// The rest of a move that captures, promotes, enters from off the board, or may crown the other side's last man.
+/// Counters and side are those after the move already.
+void PerformSpecialMove(RulesState& State, const MoveRecord& Record) {
+    const std::int32_t Side = -State.Side;
+    const int Ply = State.Ply;
+    const int GameMove = State.GameMoves;
     const int Dest = Record.Dest;
     int Source = Record.Source;
-
-    // 1. Counters and what is known of the move by ply and by number.
-    const int GameMove = ++State.GameMoves;
-    const int Ply = ++State.Ply;
-    State.MoveDest[GameMove] = static_cast<std::int16_t>(Dest);
-    State.MoveKingDemoted[GameMove] = 0;
-    State.PlyDest[Ply] = Dest;
-    std::int32_t Irreversible = 0;
-
-    // 2. Material, seen from the other side.
-    std::int32_t Material = -State.Material[Ply - 1];
-    std::int32_t TotalMaterial = State.TotalMaterial[Ply - 1];
+    std::int32_t& Material = State.Material[Ply];
+    std::int32_t& TotalMaterial = State.TotalMaterial[Ply];
+    MoveMaker Maker(State, Ply);
 
     // 3. Captures.
-    MoveMaker Maker(State, Ply);
     if (Record.Captures.Count != 0) {
-        Irreversible = 1;
+        State.PlyIrreversible[Ply] = 1;
         for (int I = 0; I < Record.Captures.Count; ++I) {
             const CaptureGroup& Group = Record.Captures.Groups[I];
             Maker.Remove(Group.Cell);
@@ -160,40 +131,34 @@ void PerformMove(RulesState& State, int Move) {
 
     // 5. Promotion.
     if (Record.Kind != 0) {
-        Irreversible = 1;
+        State.PlyIrreversible[Ply] = 1;
         Material -= 100;
         TotalMaterial += 100;
         const bool Turncoat = State.RuleSet.ChangeSide == 1;
         Maker.Put(Dest, (Turncoat ? -1 : 1) * Record.Kind * Side);
         Material += Turncoat ? 200 : 0;
     }
-    State.PlyIrreversible[Ply] = Irreversible;
-    State.Material[Ply] = Material;
-    State.TotalMaterial[Ply] = TotalMaterial;
 
-    // 6. The other side is on the move, and
-    State.Side = -Side;
-
-    // 7. its last man may be crowned.
+    // 6. The last man of the side now to move may be crowned.
     if (State.RuleSet.ManKing == 1) {
         State.MoveLastManCrowned[GameMove] = static_cast<std::int16_t>(CrownLastMan(State, Maker));
     }
     Maker.Finish();
 }
 
-void TakeBackMove(RulesState& State, int Move) {
-    const MoveRecord& Record = State.MoveStack[Move];
+/// The same for taking back: counters and side are those before the move already.
+void TakeBackSpecialMove(RulesState& State, const MoveRecord& Record) {
     const int Source = Record.Source;
     const int Dest = Record.Dest;
-    const int GameMove = State.GameMoves--;
-    --State.Ply;
-    const std::int32_t Side = State.Side = -State.Side;
-
+    const int GameMove = State.GameMoves + 1;
+    const std::int32_t Side = State.Side;
     if (Source == FromHand) {
         SetCell(State, Dest, Empty);
         ++InHand(State, Side);
     } else if (Dest != Source) {
-        MoveBack(State, Dest, Source);
+        const std::int32_t Value = State.Board[Dest];
+        SetCell(State, Dest, Empty);
+        SetCell(State, Source, Value);
     }
     for (int I = 0; I < Record.Captures.Count; ++I) {
         const CaptureGroup& Group = Record.Captures.Groups[I];
@@ -213,6 +178,61 @@ void TakeBackMove(RulesState& State, int Move) {
     }
     if (State.RuleSet.KingMan == 1 && State.MoveKingDemoted[GameMove] == 1) {
         SetCell(State, Source, 2 * State.Board[Source]);
+    }
+}
+
+} // namespace
+
+void InitGameTree(RulesState& State) {
+    if (State.Ply != 0) {
+        State.Material[0] = State.Material[1];
+        State.WeightSums[0] = State.WeightSums[1];
+        State.TotalMaterial[0] = State.TotalMaterial[1];
+        State.Ply = 0;
+    }
+}
+
+void PerformMove(RulesState& State, int Move) {
+    const MoveRecord& Record = State.MoveStack[Move];
+    const int Dest = Record.Dest;
+
+    // 1. Counters and what is known of the move by ply and by number; the other side is on the move.
+    const int GameMove = ++State.GameMoves;
+    const int Ply = ++State.Ply;
+    State.MoveDest[GameMove] = static_cast<std::int16_t>(Dest);
+    State.MoveKingDemoted[GameMove] = 0;
+    State.PlyDest[Ply] = Dest;
+    State.PlyIrreversible[Ply] = 0;
+    State.Side = -State.Side;
+
+    // 2. Material, seen from that side.
+    State.Material[Ply] = -State.Material[Ply - 1];
+    State.TotalMaterial[Ply] = State.TotalMaterial[Ply - 1];
+
+    if (IsPlainStep(State, Record)) [[likely]] {
+        const auto& Weights = State.PieceWeights[PieceIndex(State.Board[Record.Source])];
+        const CellWeights& Before = Weights[Record.Source];
+        const CellWeights& After = Weights[Dest];
+        const CellWeights& Sums = State.WeightSums[Ply - 1];
+        CellWeights& NewSums = State.WeightSums[Ply];
+        for (int Lane = 0; Lane < 4; ++Lane) {
+            NewSums.Lanes[Lane] = Sums.Lanes[Lane] + After.Lanes[Lane] - Before.Lanes[Lane];
+        }
+        StepPiece(State, Record.Source, Dest);
+    } else {
+        PerformSpecialMove(State, Record);
+    }
+}
+
+void TakeBackMove(RulesState& State, int Move) {
+    const MoveRecord& Record = State.MoveStack[Move];
+    --State.GameMoves;
+    --State.Ply;
+    State.Side = -State.Side;
+    if (IsPlainStep(State, Record)) [[likely]] {
+        StepPiece(State, Record.Dest, Record.Source);
+    } else {
+        TakeBackSpecialMove(State, Record);
     }
 }
 

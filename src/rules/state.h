@@ -127,16 +127,16 @@ struct RulesState {
     BoardCellsArray Board;
     /// The same pieces as sets, by piece index: kept by `SetCell` alone.
     base::CheckedArray<CellSet, PieceIndices> Pieces;
+    std::int32_t Ply; ///< 0 at the root, 100 at most
     std::int32_t Side;
+    std::int32_t GameMoves; ///< moves made on the board, in the game and in a search
     std::int32_t PiecesInHandWhite;
     std::int32_t PiecesInHandBlack;
-    std::int32_t Ply;       ///< 0 at the root, 100 at most
-    std::int32_t GameMoves; ///< moves made on the board, in the game and in a search
 
     // --- by ply ----------------------------------------------------------------------------------------------------
     ByPly<std::int32_t> Material;      ///< hundredths of a man, from the side to move
     ByPly<std::int32_t> TotalMaterial; ///< both sides together
-    ByPly<CellWeights> WeightSums; ///< of all pieces where they stand; what they mean is the engine's business
+    ByPly<CellWeights> WeightSums;     ///< of all pieces where they stand; what they mean is the engine's business
     ByPly<std::int32_t> PlyIrreversible;
     ByPly<std::int32_t> PlyDest;
     ByPly<KillerPair> Killers;
