@@ -95,8 +95,9 @@ using WeightPlanes = std::array<CellSet, Planes>;
 constexpr int MaxPull = 19;
 constexpr int PullPlanes = 5;
 constexpr int ThirdPlanes = 3;
-/// An enemy that is not there is looked for on cell 0, further away than 19. This keeps the planes' numbers positive.
-constexpr int PullBias = 2;
+/// An enemy that is not there is looked for on cell 0, further away than 19. There, the planes hold this much more.
+constexpr int NoEnemyCell = 0;
+constexpr int NoEnemyBias = 2;
 
 /// By the cell of the enemy piece.
 template <std::size_t Planes, typename Weight>
@@ -105,7 +106,7 @@ constexpr std::array<WeightPlanes<Planes>, BoardCells> MakePlanes(Weight Of) {
     for (std::size_t Target = 0; Target < BoardCells; ++Target) {
         for (CellSet Cells = PlayingCells; Cells.Any();) {
             const int Cell = Cells.TakeFirst();
-            const int Value = Of(SquareDistance(Cell, static_cast<int>(Target)));
+            const int Value = Of(SquareDistance(Cell, static_cast<int>(Target)), static_cast<int>(Target));
             for (std::size_t Plane = 0; Plane < Planes; ++Plane) {
                 if ((static_cast<unsigned>(Value) >> Plane & 1U) != 0) {
                     Table[Target][Plane].Toggle(Cell);
@@ -116,9 +117,10 @@ constexpr std::array<WeightPlanes<Planes>, BoardCells> MakePlanes(Weight Of) {
     return Table;
 }
 
-constexpr auto PullTable = MakePlanes<PullPlanes>([](int Distance) { return MaxPull - Distance + PullBias; });
+constexpr auto PullTable = MakePlanes<PullPlanes>(
+    [](int Distance, int Target) { return MaxPull - Distance + (Target == NoEnemyCell ? NoEnemyBias : 0); });
 constexpr auto ThirdTable =
-    MakePlanes<ThirdPlanes>([](int Distance) { return Distance > MaxPull ? 0 : (MaxPull - Distance) / 3; });
+    MakePlanes<ThirdPlanes>([](int Distance, int) { return Distance > MaxPull ? 0 : (MaxPull - Distance) / 3; });
 
 /// Where a colour's pieces have own pieces one step behind them. A piece counts once, and twice more for each of those:
 /// `Isamulti` for all of them at once.
@@ -193,7 +195,8 @@ int PullOfColour(const EngineState& State, int Colour, int Target) {
     } else {
         const CellSet Men = State.Pieces[Colour];
         const CellSet Kings = State.Pieces[Colour + 2];
-        const int OfMen = Behind.WeightedSum(Men, PullTable[Row]) - PullBias * Behind.Sum(Men);
+        const int OfMen =
+            Behind.WeightedSum(Men, PullTable[Row]) - (Target == NoEnemyCell ? NoEnemyBias * Behind.Sum(Men) : 0);
         return OfMen + (Kings.Any() ? Behind.WeightedSum(Kings, ThirdTable[Row]) : 0);
     }
 }
@@ -312,13 +315,23 @@ std::uint32_t Fingerprint(const PositionKey& Key) {
     return static_cast<std::uint32_t>(Mix);
 }
 
+/// Whether `Value` is among the first `Count`. Looks at all of them, so that the compiler can look at several at once.
+bool OccursIn(const std::uint32_t* Values, int Count, std::uint32_t Value) {
+    std::uint32_t Found = 0;
+    for (int I = 0; I < Count; ++I) {
+        Found |= Values[I] == Value ? 1U : 0U;
+    }
+    return Found != 0;
+}
+
 /// True if the position stood before in the game or the line, two moves back or more. If not, its key is stored.
 bool IsRepetition(EngineState& State) {
     const PositionKey Key = KeyOfPosition(State);
     const std::uint32_t Print = Fingerprint(Key);
-    const int Last = State.GameMoves - 2;
-    for (int I = 0; I <= Last; ++I) {
-        if (State.HistoryFingerprint[I] == Print && State.PositionHistory[I] == Key) [[unlikely]] {
+    const int Past = std::max(State.GameMoves - 1, 0);
+    if (OccursIn(State.HistoryFingerprint.begin(), Past, Print)) [[unlikely]] {
+        const auto* Keys = State.PositionHistory.begin();
+        if (std::find(Keys, Keys + Past, Key) != Keys + Past) {
             return true;
         }
     }

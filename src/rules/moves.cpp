@@ -70,27 +70,21 @@ int CrownLastMan(RulesState& State, MoveMaker& Maker) {
     return Cell;
 }
 
-/// A piece goes from its cell to an empty one.
-void StepPiece(RulesState& State, int From, int To) {
-    const std::int32_t Value = State.Board[From];
-    CellSet& Set = State.Pieces[PieceIndex(Value)];
-    Set.Toggle(From);
-    Set.Toggle(To);
-    State.Board[From] = Empty;
-    State.Board[To] = Value;
-}
-
-/// Most moves by far: a piece steps to another cell, and nothing else happens.
-bool IsPlainStep(const RulesState& State, const MoveRecord& Record) {
-    return Record.Captures.Count == 0 && Record.Kind == 0 && Record.Source != FromHand && State.RuleSet.ManKing != 1;
-}
-
 std::int32_t& InHand(RulesState& State, std::int32_t Side) {
     return Side == White ? State.PiecesInHandWhite : State.PiecesInHandBlack;
 }
 
-/// The rest of a move that captures, promotes, enters from off the board, or may crown the other side's last man.
-/// Counters and side are those after the move already.
+} // namespace
+
+void InitGameTree(RulesState& State) {
+    if (State.Ply != 0) {
+        State.Material[0] = State.Material[1];
+        State.WeightSums[0] = State.WeightSums[1];
+        State.TotalMaterial[0] = State.TotalMaterial[1];
+        State.Ply = 0;
+    }
+}
+
 void PerformSpecialMove(RulesState& State, const MoveRecord& Record) {
     const std::int32_t Side = -State.Side;
     const int Ply = State.Ply;
@@ -146,7 +140,6 @@ void PerformSpecialMove(RulesState& State, const MoveRecord& Record) {
     Maker.Finish();
 }
 
-/// The same for taking back: counters and side are those before the move already.
 void TakeBackSpecialMove(RulesState& State, const MoveRecord& Record) {
     const int Source = Record.Source;
     const int Dest = Record.Dest;
@@ -178,61 +171,6 @@ void TakeBackSpecialMove(RulesState& State, const MoveRecord& Record) {
     }
     if (State.RuleSet.KingMan == 1 && State.MoveKingDemoted[GameMove] == 1) {
         SetCell(State, Source, 2 * State.Board[Source]);
-    }
-}
-
-} // namespace
-
-void InitGameTree(RulesState& State) {
-    if (State.Ply != 0) {
-        State.Material[0] = State.Material[1];
-        State.WeightSums[0] = State.WeightSums[1];
-        State.TotalMaterial[0] = State.TotalMaterial[1];
-        State.Ply = 0;
-    }
-}
-
-void PerformMove(RulesState& State, int Move) {
-    const MoveRecord& Record = State.MoveStack[Move];
-    const int Dest = Record.Dest;
-
-    // 1. Counters and what is known of the move by ply and by number; the other side is on the move.
-    const int GameMove = ++State.GameMoves;
-    const int Ply = ++State.Ply;
-    State.MoveDest[GameMove] = static_cast<std::int16_t>(Dest);
-    State.MoveKingDemoted[GameMove] = 0;
-    State.PlyDest[Ply] = Dest;
-    State.PlyIrreversible[Ply] = 0;
-    State.Side = -State.Side;
-
-    // 2. Material, seen from that side.
-    State.Material[Ply] = -State.Material[Ply - 1];
-    State.TotalMaterial[Ply] = State.TotalMaterial[Ply - 1];
-
-    if (IsPlainStep(State, Record)) [[likely]] {
-        const auto& Weights = State.PieceWeights[PieceIndex(State.Board[Record.Source])];
-        const CellWeights& Before = Weights[Record.Source];
-        const CellWeights& After = Weights[Dest];
-        const CellWeights& Sums = State.WeightSums[Ply - 1];
-        CellWeights& NewSums = State.WeightSums[Ply];
-        for (int Lane = 0; Lane < 4; ++Lane) {
-            NewSums.Lanes[Lane] = Sums.Lanes[Lane] + After.Lanes[Lane] - Before.Lanes[Lane];
-        }
-        StepPiece(State, Record.Source, Dest);
-    } else {
-        PerformSpecialMove(State, Record);
-    }
-}
-
-void TakeBackMove(RulesState& State, int Move) {
-    const MoveRecord& Record = State.MoveStack[Move];
-    --State.GameMoves;
-    --State.Ply;
-    State.Side = -State.Side;
-    if (IsPlainStep(State, Record)) [[likely]] {
-        StepPiece(State, Record.Dest, Record.Source);
-    } else {
-        TakeBackSpecialMove(State, Record);
     }
 }
 
