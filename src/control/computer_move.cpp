@@ -368,6 +368,8 @@ void CheckOtherSide(GameState& State) {
     rules::GenerateGameMoves(State);
     if (Reached || rules::MoveCountOfPly(State) == 0) {
         EndGame(State, Anti ? PersonWins(State) : ComputerWins());
+    } else if (RecordIsFull(State)) {
+        EndGame(State, GameIsDrawn());
     }
 }
 

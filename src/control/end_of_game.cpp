@@ -106,25 +106,6 @@ bool CaptureWaits(const GameState& State) {
     return false;
 }
 
-struct EndFigures {
-    bool Over;
-    bool ByDrawRule;
-};
-
-EndFigures LookForEnd(GameState& State) {
-    rules::InitGameTree(State);
-    const std::int32_t Defender = State.RuleSet.AntiMode == 1 ? State.Side : -State.Side;
-    std::int32_t Value = 0;
-    {
-        const rules::GamePositionScope Scope(State);
-        Value = engine::EvaluatePosition(State, engine::WindowLow, engine::WindowHigh, Defender);
-    }
-    rules::GenerateGameMoves(State);
-    const bool Decided = rules::MoveCountOfPly(State) == 0 || Value == engine::WindowHigh;
-    const bool Drawn = DrawRuleEndsGame(State);
-    return {Decided || Drawn, Drawn};
-}
-
 void EndInDraw(GameState& State) {
     SetResultText(State, DrawnResult);
     UpdateRating(State, 0.5);
@@ -228,10 +209,38 @@ bool DrawRuleEndsGame(const GameState& State) {
     }
 }
 
+GameOutcome FindOutcome(GameState& State) {
+    // 1. The evaluator: is the position won for the side that would have won it by the last move?
+    rules::InitGameTree(State);
+    const std::int32_t Winner = State.RuleSet.AntiMode == 1 ? State.Side : -State.Side;
+    std::int32_t Value = 0;
+    {
+        const rules::GamePositionScope Scope(State);
+        Value = engine::EvaluatePosition(State, engine::WindowLow, engine::WindowHigh, Winner);
+    }
+    rules::GenerateGameMoves(State);
+
+    // 2. A draw goes before a decision.
+    if (std::exchange(State.NoLegalDrawHit, 0) != 0) {
+        return GameOutcome::Drawn;
+    }
+    if (DrawRuleEndsGame(State)) {
+        return GameOutcome::DrawnByRule;
+    }
+    if (rules::MoveCountOfPly(State) == 0 || Value == engine::WindowHigh) {
+        return GameOutcome::Decided;
+    }
+    return RecordIsFull(State) ? GameOutcome::Drawn : GameOutcome::GoesOn;
+}
+
+bool RecordIsFull(const GameState& State) {
+    return State.GameMoves >= rules::MaxGameMoves;
+}
+
 void GameEndCheck(GameState& State) {
     // 1. Does it go on?
-    const EndFigures End = LookForEnd(State);
-    if (!End.Over) {
+    const GameOutcome Outcome = FindOutcome(State);
+    if (Outcome == GameOutcome::GoesOn) {
         return;
     }
 
@@ -244,20 +253,25 @@ void GameEndCheck(GameState& State) {
     PauseOnLastMove(State);
 
     // 3. What it ended in.
-    if (State.NoLegalDrawHit == 1) {
-        State.NoLegalDrawHit = 0;
+    switch (Outcome) {
+    case GameOutcome::GoesOn:
+        break;
+    case GameOutcome::Drawn:
         EndInDraw(State);
         Congratulate(State, DrawText);
-    } else if (End.ByDrawRule) {
+        break;
+    case GameOutcome::DrawnByRule:
         EndInDraw(State);
         AnnounceDrawRule(State);
-    } else {
+        break;
+    case GameOutcome::Decided:
         EndDecided(State);
+        break;
     }
 }
 
 bool GameWouldEnd(GameState& State) {
-    return LookForEnd(State).Over;
+    return FindOutcome(State) != GameOutcome::GoesOn;
 }
 
 void SetResultText(GameState& State, int Kind) {

@@ -17,6 +17,17 @@ void DrawRuleCheck(GameState& State);
 /// stack at `Ply`.
 bool DrawRuleEndsGame(const GameState& State);
 
+/// How a position stands: it goes on, is drawn (without a move where that is a draw, or with the record full), drawn by
+/// the rule of `DrawCode`, or decided against or for the side to move.
+enum class GameOutcome { GoesOn, Drawn, DrawnByRule, Decided };
+
+/// Asks evaluator, generator, draw rules and record; `DrawRuleCheck` must have run. Says and closes nothing. Leaves the
+/// moves of the position generated, and `Ply` 0.
+GameOutcome FindOutcome(GameState& State);
+
+/// Whether the record has no room for a further half-move.
+bool RecordIsFull(const GameState& State);
+
 /// Ends the game and says so if the position is decided, without moves or drawn; else nothing that can be seen.
 /// `GameEnded` tells. Leaves the moves of the position generated, and `Ply` 0.
 void GameEndCheck(GameState& State);

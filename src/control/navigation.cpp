@@ -85,11 +85,11 @@ void ForgetResult(GameState& State) {
 // At the end of the record a game that was over is over again; it has been announced before.
 void RenewResult(GameState& State) {
     DrawRuleCheck(State);
-    if (!GameWouldEnd(State)) {
+    const GameOutcome Outcome = FindOutcome(State);
+    if (Outcome == GameOutcome::GoesOn) {
         return;
     }
-    SetResultText(State, State.DrawCode != 0 || State.NoLegalDrawHit != 0 ? DrawnResult : DecisiveResult);
-    State.NoLegalDrawHit = 0;
+    SetResultText(State, Outcome == GameOutcome::Decided ? DecisiveResult : DrawnResult);
     State.GameEnded = 1;
     State.List2.Enabled = false;
     view::ApplyEvent(State, WindowEvent::GameEnds);

@@ -148,7 +148,7 @@ std::string CheckPosition(const RulesState& State) {
     Expect(State.WeightSums[State.Ply] == WeightsOf(State, State.Pieces), "sums of weights out of step with the board");
     Expect(State.Side == White || State.Side == Black, "side");
     Expect(State.Ply >= 0 && State.Ply <= MaxPly, "ply");
-    Expect(State.GameMoves >= 0 && State.GameMoves <= MaxGameMoves, "game moves");
+    Expect(State.GameMoves >= 0 && State.GameMoves < GameMoveEntries, "game moves");
     return Faults;
 }
 

@@ -20,7 +20,8 @@ namespace zonterbrook::rules {
 inline constexpr int MaxPly = 100;
 inline constexpr int PlyEntries = MaxPly + 1;
 inline constexpr int MaxGameMoves = 1000;
-inline constexpr int GameMoveEntries = MaxGameMoves + 1;
+/// A search goes on from the last moves of the longest game, too.
+inline constexpr int GameMoveEntries = MaxGameMoves + MaxPly + 1;
 inline constexpr int StackEntries = 1001;
 /// `StackTop` stays here once the stack is full; the record at this index is then overwritten by each further move.
 inline constexpr int StackFull = StackEntries - 1;

@@ -226,17 +226,21 @@ TEST_F(Navigation, ALongGameOfKingsRunsToTheLimitOfTheRecord) {
     Lay("W a1, W c1, B h0, B j0");
     // Four moves that lead back to where they began.
     const std::vector<std::string> Round = {"c1d2", "h0g9", "d2c1", "g9h0"};
+    // There is no room for more, and nobody has won.
+    World.ExpectMessage("Congratulations", "It's a draw!");
     while (State.GameMoves < rules::MaxGameMoves && State.GameEnded == 0) {
         const int Before = State.GameMoves;
         Type(Round[static_cast<std::size_t>(Before % 4)]);
         ASSERT_EQ(Before + 1, State.GameMoves);
     }
+    EXPECT_EQ("1/2-1/2", State.ResultText);
     EXPECT_EQ(1000U, State.List1.Lines.size());
     EXPECT_EQ(" 500. d2-c1", State.List1.Lines[998]);
     Run(CommandId::First);
     EXPECT_EQ(0, State.GameMoves);
     Run(CommandId::Last);
     EXPECT_EQ(1000, State.GameMoves);
+    EXPECT_EQ(1, State.GameEnded);
     ExpectConsistent();
 }
 
