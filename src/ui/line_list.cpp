@@ -1,38 +1,28 @@
 // A list of lines: the game's moves, the moves that may be played, the root moves of a calculation.
 //
-// The lines are aligned with blanks, which in most fonts are narrower than digits. They are shown as figure spaces, so
-// that the columns stand straight in the desktop's own font; the items keep the text as it is.
+// The lines are aligned with blanks, so they are set in the desktop's fixed-width font.
 #include "ui/line_list.h"
 
+#include <QEvent>
+#include <QFontDatabase>
 #include <QKeyEvent>
-#include <QScrollBar>
 #include <QSignalBlocker>
-#include <QStyledItemDelegate>
 
 namespace zonterbrook::ui {
 
-namespace {
-
-class FigureSpaces : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* Option, const QModelIndex& Index) const override {
-        QStyledItemDelegate::initStyleOption(Option, Index);
-        constexpr char16_t FigureSpace = 0x2007;
-        Option->text.replace(QLatin1Char(' '), QChar(FigureSpace));
-    }
-};
-
-} // namespace
-
 LineList::LineList(QWidget* Parent) : QListWidget(Parent) {
-    setItemDelegate(new FigureSpaces(this));
+    UseFixedWidthFont();
     setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setTextElideMode(Qt::ElideNone);
     connect(this, &QListWidget::currentRowChanged, this, &LineList::LineSelected);
+}
+
+void LineList::UseFixedWidthFont() {
+    QFont FixedWidth = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    const QFont Around = parentWidget() != nullptr ? parentWidget()->font() : font();
+    FixedWidth.setPixelSize(QFontInfo(Around).pixelSize());
+    setFont(FixedWidth);
 }
 
 void LineList::Display(const view::ListFields& Fields) {

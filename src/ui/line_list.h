@@ -18,6 +18,9 @@ public:
     /// Shows the fields. Lines that stay are not touched, so that adding one to a thousand is no work.
     void Display(const view::ListFields& Fields);
 
+    /// Takes over the size of the font around it.
+    void UseFixedWidthFont();
+
 signals:
     /// A person has moved the selection; -1 for none.
     void LineSelected(int Row);

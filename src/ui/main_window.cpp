@@ -41,6 +41,7 @@ MainWindow::MainWindow(ProgramFolders Folders, QWidget* Parent)
     BuildStatusBar();
     NameControls();
     ConnectControls();
+    SteadyBackgrounds();
 
     State->Outside = Outside.get();
     State->TwipsPerPixel = TwipsPerPixelOf(screen());

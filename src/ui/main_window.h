@@ -83,6 +83,7 @@ private:
     using LabelColumn = std::array<std::size_t, 2>; // labels that stand below each other, by index in `Labels`
     int PlaceColumns(std::span<const LabelColumn> Columns, int RightEnd);
     int BoardRaisedBy() const;
+    void SteadyBackgrounds();
     static void ColourLabel(QLabel* Label, view::LabelColours Colours);
 
     std::unique_ptr<QtPlatform> Outside;

@@ -79,6 +79,8 @@ void MainWindow::ShowContents() {
     for (std::size_t I = 0; I < Panels.size(); ++I) {
         Panels.at(I)->setText(Text(Now.StatusPanels[I]));
     }
+    // The first panel keeps the width of its longest text, or the others would jump when it is cleared.
+    Panels.front()->setMinimumWidth(std::max(Panels.front()->minimumWidth(), Panels.front()->sizeHint().width()));
     Shown = Now;
     EverShown = true;
 }
@@ -179,8 +181,11 @@ void MainWindow::ShowCommands() {
         const view::CommandState& Now = State->CommandOf(Row.Id);
         QMenu* Menu = Menus.at(static_cast<std::size_t>(Row.Id));
         QAction* Entry = Menu != nullptr ? Menu->menuAction() : ActionOf(Row.Id);
-        if (Entry->isEnabled() != Now.Enabled) {
-            Entry->setEnabled(Now.Enabled);
+        // The entries of a menu that is closed are closed with it: their buttons must not look as if they did
+        // something.
+        const bool Enabled = view::CanRun(*State, Row.Id);
+        if (Entry->isEnabled() != Enabled) {
+            Entry->setEnabled(Enabled);
         }
         if (Entry->isCheckable() && Entry->isChecked() != Now.Ticked) {
             Entry->setChecked(Now.Ticked);
@@ -301,13 +306,31 @@ void MainWindow::CentreOnScreen() {
          Free.top() + std::max(0, (Free.height() - Size.height()) / 2));
 }
 
+// --- The desktop's look
+// --------------------------------------------------------------------------------------------------
+
+// Lists and boxes are closed while the computer thinks, at every move: their texts fade, but nothing flashes.
+void MainWindow::SteadyBackgrounds() {
+    for (QWidget* Each : {static_cast<QWidget*>(List1), static_cast<QWidget*>(List2), static_cast<QWidget*>(List3),
+                          static_cast<QWidget*>(Text2)}) {
+        QPalette Colours = QGuiApplication::palette();
+        Colours.setColor(QPalette::Disabled, QPalette::Base, Colours.color(QPalette::Active, QPalette::Base));
+        Each->setPalette(Colours);
+    }
+}
+
 void MainWindow::changeEvent(QEvent* Event) {
     QMainWindow::changeEvent(Event);
-    if (Event->type() == QEvent::FontChange && EverShown) {
-        PlaceControls();
+    if (!EverShown) {
+        return;
     }
-    if (Event->type() == QEvent::PaletteChange && Toolbar != nullptr) {
-        Toolbar->update();
+    if (Event->type() == QEvent::FontChange) {
+        for (LineList* List : {List1, List2, List3}) {
+            List->UseFixedWidthFont();
+        }
+        PlaceControls();
+    } else if (Event->type() == QEvent::PaletteChange) {
+        SteadyBackgrounds();
     }
 }
 

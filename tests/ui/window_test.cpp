@@ -306,7 +306,7 @@ void WindowTest::EntriesFollowTheState() {
     const auto SameAsState = [&] {
         for (const view::CommandRow& Row : view::CommandRows()) {
             const QAction* Entry = Window->ActionOf(Row.Id);
-            if (Entry != nullptr && (Entry->isEnabled() != Game().CommandOf(Row.Id).Enabled ||
+            if (Entry != nullptr && (Entry->isEnabled() != view::CanRun(Game(), Row.Id) ||
                                      Entry->isChecked() != Game().CommandOf(Row.Id).Ticked)) {
                 qWarning("%s", qPrintable(Entry->objectName()));
                 return false;
@@ -394,7 +394,8 @@ void WindowTest::CancelStopsTheSearch() {
     InMidSearch Press(Game(), [&] {
         QVERIFY(!Window->ActionOf(CommandId::New1)->isEnabled());
         QVERIFY(!Find<QLineEdit>("Text2")->isEnabled());
-        Drag("b4", "a5"); // and the board is closed
+        QVERIFY(!Find<QToolButton>("Toolbar1_TurnBoard")->isEnabled()); // its menu is closed
+        Drag("b4", "a5");                                               // and the board is closed
         QCOMPARE(Game().SourceCell, -1);
         auto* Button = Find<QToolButton>("Toolbar1_Cancel");
         QVERIFY(Button->isEnabled());
