@@ -76,6 +76,7 @@ private:
     void ShowTexts();
     void ShowLabels();
     void ShowProgress();
+    void KeepFocus(QWidget* Before);
     void ShowCommands();
     void CentreOnScreen();
     void PlaceControls();
@@ -92,7 +93,7 @@ private:
     bool EverShown = false;     // whether `Shown` is true of the widgets at all
     bool CloseWanted = false;
     bool EndWanted = false;
-    bool TypingInterrupted = false; // the box of typed moves had the focus when it was disabled
+    QWidget* Interrupted = nullptr; // the control that had the keyboard when it was disabled
 
     std::array<QAction*, view::CommandCount> Actions{};
     std::array<QMenu*, view::CommandCount> Menus{};

@@ -66,6 +66,7 @@ void MainWindow::ShowContents() {
         ShowCommands(); // a click may have ticked an entry that its handler has not
         return;
     }
+    QWidget* Focused = focusWidget();
     ShowLayout();
     ShowBoard();
     ShowLists();
@@ -81,6 +82,7 @@ void MainWindow::ShowContents() {
     }
     // The first panel keeps the width of its longest text, or the others would jump when it is cleared.
     Panels.front()->setMinimumWidth(std::max(Panels.front()->minimumWidth(), Panels.front()->sizeHint().width()));
+    KeepFocus(Focused);
     Shown = Now;
     EverShown = true;
 }
@@ -111,17 +113,21 @@ void MainWindow::ShowTexts() {
     }
     if (!EverShown || State->Text2 != Shown.Text2) {
         Text2->setText(Text(State->Text2.Text));
-        const bool WasTyping = Text2->hasFocus() && !State->Text2.Enabled;
         Text2->setEnabled(State->Text2.Enabled);
-        if (WasTyping) {
-            TypingInterrupted = true;
-        } else if (TypingInterrupted && State->Text2.Enabled) {
-            // Who types moves goes on typing after the computer's reply.
-            TypingInterrupted = false;
-            if (focusWidget() == nullptr || !focusWidget()->isEnabled() || focusWidget() == Board) {
-                Text2->setFocus();
-            }
+    }
+}
+
+// A control that is closed while the computer thinks gets the keyboard back when it opens again, unless the person has
+// gone elsewhere. Meanwhile the keys are the board's, and never the next control's that happens to be open.
+void MainWindow::KeepFocus(QWidget* Before) {
+    if (Before != nullptr && Before != Board && !Before->isEnabled()) {
+        Interrupted = Before;
+        Board->setFocus();
+    } else if (Interrupted != nullptr && Interrupted->isEnabled()) {
+        if (focusWidget() == Board) {
+            Interrupted->setFocus();
         }
+        Interrupted = nullptr;
     }
 }
 

@@ -388,6 +388,21 @@ void WindowTest::ComputerAnswers() {
     QVERIFY(!Window->ActionOf(CommandId::mnu_Play_Cancel)->isEnabled());
 }
 
+void WindowTest::KeyboardComesBackAfterTheReply() {
+    auto* Box = Find<QLineEdit>("Text2");
+    Box->setFocus();
+    QTest::keyClicks(Box, QStringLiteral("d4e5"));
+    QTest::keyClick(Box, Qt::Key_Return);
+    QCOMPARE(Game().GameMoves, 2);
+    QVERIFY(Box->hasFocus());
+    auto* List = Find<ui::LineList>("List2");
+    List->setFocus();
+    List->setCurrentRow(0);
+    QTest::keyClick(List, Qt::Key_Return);
+    QCOMPARE(Game().GameMoves, 4);
+    QVERIFY(List->hasFocus());
+}
+
 void WindowTest::CancelStopsTheSearch() {
     Game().SearchDepth = 20;
     QImage InSearch;

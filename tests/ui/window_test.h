@@ -31,6 +31,7 @@ private slots:
     void ArrowsStepThroughTheGame();
     void CommentsStayWithTheirMove();
     void ComputerAnswers();
+    void KeyboardComesBackAfterTheReply();
     void CancelStopsTheSearch();
     void ClosingInMidSearchEndsCleanly();
     void ClosingCanBeRefused();
