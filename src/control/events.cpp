@@ -33,6 +33,13 @@ void ToggleCalculation(GameState& State) {
     }
 }
 
+// A turn that the computer takes over is no longer bound by the piece that the person touched.
+template <void (*Routine)(GameState&)>
+void HandOver(GameState& State) {
+    ClearInput(State);
+    Routine(State);
+}
+
 struct CommandRoutine {
     CommandId Id;
     void (*Run)(GameState& State);
@@ -41,7 +48,7 @@ struct CommandRoutine {
 constexpr CommandRoutine Routines[] = {
     {CommandId::New1, [](GameState& State) { StartNewGame(State, false); }},
     {CommandId::Exit, [](GameState& State) { State.Outside->CloseWindow(); }},
-    {CommandId::Compute, ComputeNow},
+    {CommandId::Compute, HandOver<ComputeNow>},
     {CommandId::mnu_Play_Cancel, mnu_Play_Cancel_Click},
     {CommandId::First, First_Click},
     {CommandId::Moveback, Moveback_Click},
@@ -51,7 +58,7 @@ constexpr CommandRoutine Routines[] = {
     {CommandId::Resign, Resign},
     {CommandId::Cplayer, SetComputerPlayerMode},
     {CommandId::Pplayer, SetPlayerPlayerMode},
-    {CommandId::mnu_Play_Ccomputer, RunComputerComputer},
+    {CommandId::mnu_Play_Ccomputer, HandOver<RunComputerComputer>},
     {CommandId::Turn, TurnBoard},
     {CommandId::Nonotation, [](GameState& State) { SetNotation(State, 2); }},
     {CommandId::mnu_Board_Notation_Chess, [](GameState& State) { SetNotation(State, 0); }},
@@ -115,7 +122,10 @@ void RunCommand(GameState& State, CommandId Id) {
     }
     for (const CommandRoutine& Routine : Routines) {
         if (Routine.Id == Id) {
-            RunTrapped(State, [&] { Routine.Run(State); });
+            RunTrapped(State, [&] {
+                EscapeDrag(State);
+                Routine.Run(State);
+            });
         }
     }
 }

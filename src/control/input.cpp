@@ -307,9 +307,11 @@ void PressCell(GameState& State, int Index, int Button) {
         }
         return;
     }
-    if (Button != LeftButton || State.SourceCell >= 0) {
+    if (Button != LeftButton) {
         return;
     }
+    // The release of the last drag may never have come.
+    EscapeDrag(State);
     const view::Picture Shown = State.Cells[Index].Shows;
     if (Shown == view::Picture::dark_square || Shown == view::Picture::light_square) {
         ShowNumbers(State);

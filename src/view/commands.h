@@ -132,8 +132,10 @@ enum class WindowEvent : std::uint8_t {
     ToolEnds,
 };
 
-/// Enables and disables, and for the modes ticks, the commands of an event by the table in commands.cpp. Rows with a
-/// condition ask the state: the mode, and whether moves lie behind and ahead of the cursor.
+/// Enables and disables, and for the modes ticks, the commands of an event by the table in enable_rules.cpp; a search
+/// takes and gives the typed-move box, too. Rows with a condition ask the state: the mode, and whether moves lie behind
+/// and ahead of the cursor. Whether the game has ended is not known here: who applies `SearchEnds` or a choice of mode
+/// to an ended game applies `GameEnds` after it. While the computer plays itself `SearchEnds` gives nothing back.
 void ApplyEvent(ViewState& State, WindowEvent Event);
 
 /// Enables or disables one command. One that is not built stays disabled.

@@ -273,6 +273,34 @@ TEST_F(Input, AfterTheGamePiecesStay) {
     EXPECT_EQ(0, State.GameMoves);
 }
 
+TEST_F(Input, ACommandInMidDragPutsThePieceBack) {
+    Press("d4");
+    control::RunCommand(State, view::CommandId::calculation);
+    EXPECT_EQ(Picture::dark_white_man, CellOn("d4").Shows);
+    Release("d4", "e5");
+    EXPECT_EQ(0, State.GameMoves);
+    Drag("f4", "g5");
+    EXPECT_EQ(1, State.GameMoves);
+}
+
+TEST_F(Input, APressWithoutReleaseIsOverWithTheNextPress) {
+    Press("d4");
+    Drag("f4", "g5");
+    EXPECT_EQ(1, State.GameMoves);
+    EXPECT_EQ(rules::WhiteMan, PieceOn("g5"));
+    EXPECT_EQ(Picture::dark_white_man, CellOn("d4").Shows);
+}
+
+TEST_F(Input, TheTouchedPieceIsForgottenWhenTheComputerMovesInstead) {
+    control::RunCommand(State, view::CommandId::Cplayer);
+    State.TouchMove = 1;
+    Drag("d4", "d4");
+    ASSERT_EQ(Square("d4"), State.TouchedSquare);
+    control::RunCommand(State, view::CommandId::Compute);
+    ASSERT_EQ(1, State.GameMoves);
+    EXPECT_EQ(0, State.TouchedSquare);
+}
+
 TEST_F(Input, EscapePutsThePieceBack) {
     Press("d4");
     control::PutBackPiece(State);
