@@ -11,14 +11,25 @@
 #include "rules/position.h"
 #include "rules/square_names.h"
 
-#include <cctype>
 #include <cstdlib>
+#include <memory>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace zonterbrook::tests {
+
+/// Chance that falls alike in every run and on every machine.
+class Dice {
+public:
+    explicit Dice(std::uint32_t Seed) : Engine(Seed) {}
+    unsigned operator()() { return static_cast<unsigned>(Engine()); }
+
+private:
+    std::mt19937 Engine;
+};
 
 inline std::vector<std::string> Split(std::string_view Text, char Separator) {
     std::vector<std::string> Parts;
@@ -68,6 +79,18 @@ inline void Lay(rules::RulesState& State, std::string_view Text) {
     State.Side = Parts.at(0) == "W" ? rules::White : rules::Black;
     rules::ResetMoves(State);
     rules::RecountPosition(State);
+}
+
+/// A game under the default rules changed by `Rules`, at the position `Text`, or at the start if that is empty.
+inline std::unique_ptr<rules::RulesState> Game(std::string_view Rules, std::string_view Text = "") {
+    auto State = std::make_unique<rules::RulesState>();
+    rules::ResetRules(*State);
+    WriteRules(*State, Rules);
+    rules::StartRulesGame(*State);
+    if (!Text.empty()) {
+        Lay(*State, Text);
+    }
+    return State;
 }
 
 /// The position on the board in the same grammar; what has been jumped or is no piece shows as it is not expected.
@@ -127,15 +150,6 @@ inline int FindMove(const rules::RulesState& State, std::string_view Text) {
         }
     }
     throw std::invalid_argument("no move " + std::string(Text) + " among " + MoveList(State));
-}
-
-/// The name of a row as a test name that every filter understands.
-inline std::string RowName(std::string_view Name) {
-    std::string Text(Name);
-    for (char& Letter : Text) {
-        Letter = std::isalnum(static_cast<unsigned char>(Letter)) != 0 ? Letter : '_';
-    }
-    return Text;
 }
 
 } // namespace zonterbrook::tests

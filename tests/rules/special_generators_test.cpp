@@ -1,0 +1,136 @@
+// The four generators with their rules folded in: their own differences in tables, and their moves against those of the
+// generic generator on positions reached by chance.
+#include "rules/generate.h"
+#include "rules/moves.h"
+#include "support/position_text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace zonterbrook::rules {
+namespace {
+
+using namespace tests;
+
+constexpr const char* Sets[] = {
+    "",
+    "WhiteManMovement=NW;NE NW;NE|BlackManMovement=NW;NE NW;NE|LongKings=0|ManContJump=0|MaxCapMove=0|BlackStarts=1|"
+    "RemovePieces=0",
+    "WhiteManMovement=NW;NE NW;NE|BlackManMovement=NW;NE NW;NE|LongKings=0|ManContJump=0|ManCapKing=0|KingCapMove=1|"
+    "MaxCapMoveKings=1|PiecesOnBlack=0|RemovePieces=0|PromoW=A0C0E0G0I0|PromoB=B1D1F1H1J1",
+    "",
+    "MaxCapMove=0|ManContJumpCrowned=1|ThreeKings=1|NumberKings=15",
+};
+enum { American = 1, Italian = 2, German = 3, Russian = 4 };
+
+TEST(SpecialGenerators, HaveTheirOwnWays) {
+    const struct {
+        const char* Fault;
+        int Set;
+        const char* Position;
+        const char* Moves;
+    } Rows[] = {
+        {"american_man_jumps_on", American, "W:Wb8:Bc9,e9", "b8xd0(c9)K"},
+        {"american_king_stops_early", American, "W:WKb8:Bc9,e9", "b8xf8(c9,e9)"},
+        {"american_longest_alone", American, "W:Wc3,g3:Bd4,h4,h6", "c3xe5(d4) g3xg7(h4,h6)"},
+        {"american_man_takes_no_king", American, "W:Wc3:BKd4", "c3xe5(Kd4)"},
+        {"american_man_takes_backwards", American, "W:Wc3:Bd2", "c3-b4 c3-d4"},
+        {"american_captures_behind_plain_moves", American, "W:Wc3,i3:Bd4", "c3xe5(d4)"},
+        {"italian_man_takes_a_king", Italian, "W:Wb2:BKc3", "b2-a3"},
+        {"italian_man_ties_with_the_king", Italian, "W:Wb2,Kh2:Bc3,g3", "h2xf4(g3)"},
+        {"italian_longer_man_wins", Italian, "W:Wb2,Kh2:Bc3,c5,g3", "h2xf4(g3)"},
+        {"italian_fewer_kings", Italian, "W:WKb2,Kh2:BKc3,g3", "b2xd4(Kc3)"},
+        {"italian_king_flies", Italian, "W:WKb2:Bj0", "b2-a3 b2-c3 b2-c1 b2-a1"},
+        {"italian_man_promotes_on_the_way", Italian, "W:Wc8:Bd9,f9", "c8xe0(d9)K"},
+        {"german_man_crowned_in_passing", German, "W:Wb8:Bc9,e9", "b8xf8(c9,e9)"},
+        {"german_man_not_crowned_at_the_end", German, "W:Wb8:Bc9", "b8xd0(c9)K"},
+        {"german_shorter_capture_stands", German, "W:Wc3,g3:Bd4,h4,h6", "g3xg7(h4,h6)"},
+        {"german_king_lands_near_only", German, "W:WKa1:Bh8", "a1xi9(h8) a1xj0(h8)"},
+        {"german_counts_kings", German, "W:Wc3,g3:Bd4,Kh4", "c3xe5(d4) g3xi5(Kh4)"},
+        {"russian_man_not_crowned_in_passing", Russian, "W:Wb8:Bc9,f8",
+         "b8xg7(c9,f8)K b8xh6(c9,f8)K b8xi5(c9,f8)K b8xj4(c9,f8)K"},
+        {"russian_longest_alone", Russian, "W:Wc3,g3:Bd4,h4,h6", "c3xe5(d4) g3xg7(h4,h6)"},
+        {"russian_king_stops_early", Russian, "W:WKa1:Bc3,g5",
+         "a1xd4(c3) a1xe5(c3) a1xh4(c3,g5) a1xi3(c3,g5) a1xj2(c3,g5)"},
+        {"russian_black_man_not_crowned", Russian, "B:Wb2,e3:Ba3",
+         "a3xf4(b2,e3)K a3xg5(b2,e3)K a3xh6(b2,e3)K a3xi7(b2,e3)K a3xj8(b2,e3)K"},
+    };
+    for (const auto& R : Rows) {
+        const auto State = Game(Sets[R.Set], R.Position);
+        ASSERT_EQ(R.Set, State->SpecialRuleSet);
+        GeneratorOf(R.Set).GenerateBoth(*State);
+        EXPECT_EQ(R.Moves, MoveList(*State)) << R.Fault;
+    }
+    // Only one of the four has captures at once and so keeps them beside the plain moves of the same square.
+    for (const int Set : {American, German}) {
+        const auto State = Game(Sets[Set], "W:Wc3,i3:Bd4");
+        GeneratorOf(Set).Generate(*State, 1);
+        EXPECT_EQ(Set == American ? "c3-b4 c3xe5(d4) i3-h4 i3-j4" : "c3-b4 i3-h4 i3-j4 c3xe5(d4)", MoveList(*State));
+    }
+}
+
+/// A position with pieces of all kinds on squares that are played on.
+void LayByChance(RulesState& State, Dice& Chance) {
+    const unsigned Density = 2 + Chance() % 8;
+    for (CellSet Cells = PlayingCells; Cells.Any();) {
+        const int Square = Cells.TakeFirst();
+        const bool Plays = (RowOf(Square) + ColumnOf(Square)) % 2 == State.RuleSet.PiecesOnBlack;
+        const unsigned Draw = Plays ? Chance() % (Density + 4) : Density + 4;
+        State.Board[Square] = Draw < 2                         ? (Draw == 0 ? 1 : -1)
+                              : Draw == 2 && Chance() % 2 == 0 ? 2
+                              : Draw == 3 && Chance() % 2 == 0 ? -2
+                                                               : 0;
+    }
+    State.Side = Chance() % 2 == 0 ? White : Black;
+    ResetMoves(State);
+    RecountPosition(State);
+}
+
+TEST(SpecialGenerators, ListTheMovesOfTheGenericOne) {
+    Dice Chance(2);
+    for (const int Set : {American, Italian, German, Russian}) {
+        const auto State = Game(Sets[Set]);
+        int Ties = 0;
+        int Captures = 0;
+        for (int Try = 0; Try < 3000; ++Try) {
+            LayByChance(*State, Chance);
+            GenerateLegalMoves(*State);
+            std::vector<std::string> Generic = MovesOfPly(*State);
+            Captures += State->CaptureRow.Count > 0 ? 1 : 0;
+            GeneratorOf(Set).GenerateBoth(*State);
+            std::vector<std::string> Special = MovesOfPly(*State);
+            if (Set != American) {
+                // Same order too, but for what the special one leaves out.
+                std::vector<std::string> InOrder;
+                for (const std::string& Move : Generic) {
+                    if (std::ranges::find(Special, Move) != Special.end()) {
+                        InOrder.push_back(Move);
+                    }
+                }
+                EXPECT_EQ(Special, InOrder) << Set << ' ' << PositionText(*State);
+            }
+            std::ranges::sort(Generic);
+            std::ranges::sort(Special);
+            if (Set == Italian && Special != Generic) {
+                // A man's capture that ties with a king's stands in the generic one alone.
+                EXPECT_TRUE(std::ranges::includes(Generic, Special)) << PositionText(*State);
+                for (const std::string& Move : Generic) {
+                    const bool King = State->Board[Cell(Move.substr(0, 2))] == 2 * State->Side;
+                    EXPECT_EQ(King, std::ranges::binary_search(Special, Move)) << Move << ' ' << PositionText(*State);
+                }
+                ++Ties;
+            } else {
+                EXPECT_EQ(Generic, Special) << Set << ' ' << PositionText(*State);
+            }
+            ASSERT_EQ("", CheckPosition(*State));
+        }
+        EXPECT_GT(Captures, 500) << "positions without captures prove nothing";
+        EXPECT_EQ(Set == Italian, Ties > 0) << Set;
+    }
+}
+
+} // namespace
+} // namespace zonterbrook::rules

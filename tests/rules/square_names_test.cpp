@@ -1,0 +1,161 @@
+// Square names in both notations, the text of a move, and a typed move. Rows are named by the fault they would catch.
+#include "rules/generate.h"
+#include "rules/input.h"
+#include "rules/square_names.h"
+#include "support/position_text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace zonterbrook::rules {
+namespace {
+
+using namespace tests;
+
+TEST(SquareNames, GoBothWays) {
+    for (const int Colour : {0, 1}) {
+        const auto State = Game("PiecesOnBlack=" + std::to_string(Colour));
+        for (CellSet Cells = PlayingCells; Cells.Any();) {
+            const int Square = Cells.TakeFirst();
+            State->NotationMode = 0;
+            EXPECT_EQ(Square, SquareNumber(*State, base::ToUpper(SquareNotation(*State, Square, Padding::None))));
+            State->NotationMode = 1;
+            const bool Plays = (RowOf(Square) + ColumnOf(Square)) % 2 == Colour;
+            for (const Padding Pad : {Padding::Blank, Padding::None, Padding::Zero}) {
+                EXPECT_EQ(Plays, Square == SquareNumber(*State, SquareNotation(*State, Square, Pad))) << Square;
+            }
+        }
+    }
+}
+
+TEST(SquareNames, AreTheUsualOnes) {
+    const struct {
+        const char* Fault;
+        int Mode, Colour, Square;
+        const char* Padded[3]; ///< with a blank, without, with a zero
+        const char* Typed;     ///< what names it; nullptr: nothing does
+    } Rows[] = {
+        {"corner_a1", 0, 1, 25, {"a1", "a1", "a1"}, "A1"},
+        {"tenth_rank_not_0", 0, 1, 142, {"j0", "j0", "j0"}, "J0"},
+        {"tenth_rank_on_the_left", 0, 1, 134, {"b0", "b0", "b0"}, "B0"},
+        {"ninth_rank_shifted", 0, 1, 121, {"a9", "a9", "a9"}, "A9"},
+        {"first_number", 1, 1, 134, {" 1", "1", "01"}, "1"},
+        {"padded_number_not_read", 1, 1, 134, {" 1", "1", "01"}, "01"},
+        {"end_of_the_first_row", 1, 1, 142, {" 5", "5", "05"}, "5"},
+        {"second_row_not_shifted", 1, 1, 121, {" 6", "6", "06"}, "6"},
+        {"ten_padded", 1, 1, 129, {"10", "10", "10"}, "10"},
+        {"last_row_first", 1, 1, 25, {"46", "46", "46"}, "46"},
+        {"last_number", 1, 1, 33, {"50", "50", "50"}, "50"},
+        {"other_colour_first", 1, 0, 133, {" 1", "1", "01"}, "1"},
+        {"other_colour_last_row", 1, 0, 26, {"46", "46", "46"}, "46"},
+        {"border_below_named", 0, 1, 24, {"--", "--", "--"}, nullptr},
+        {"border_column_named", 0, 1, 36, {"--", "--", "--"}, nullptr},
+        {"border_above_named", 1, 1, 145, {"--", "--", "--"}, nullptr},
+        {"outside_of_the_board_read", 0, 1, -1, {"--", "--", "--"}, nullptr},
+        {"hand_has_a_square", 0, 1, FromHand, {"", "", ""}, nullptr},
+    };
+    for (const auto& R : Rows) {
+        const auto State = Game("PiecesOnBlack=" + std::to_string(R.Colour));
+        State->NotationMode = R.Mode;
+        for (const Padding Pad : {Padding::Blank, Padding::None, Padding::Zero}) {
+            EXPECT_EQ(R.Padded[static_cast<int>(Pad)], SquareNotation(*State, R.Square, Pad)) << R.Fault;
+        }
+        if (R.Typed != nullptr) {
+            EXPECT_EQ(R.Square, SquareNumber(*State, R.Typed)) << R.Fault;
+        }
+    }
+}
+
+TEST(SquareNames, NonsenseIsNoSquare) {
+    const auto State = Game("");
+    for (const char* Text : {"", "A", "a1", "K1", "@1", "A/", "A:", "1A", "--", "  "}) {
+        EXPECT_EQ(0, SquareNumber(*State, Text)) << '"' << Text << '"';
+    }
+    State->NotationMode = 1;
+    for (const char* Text : {"", "0", "51", "-1", "A1", "99"}) {
+        EXPECT_EQ(0, SquareNumber(*State, Text)) << '"' << Text << '"';
+    }
+}
+
+TEST(MoveTexts, NameEndsKindAndPromotion) {
+    const struct {
+        const char* Fault;
+        const char* Rules;
+        const char* Position;
+        const char* Move;
+        int Mode;
+        char CaptureChar;
+        const char* Text;
+        const char* Padded;
+    } Rows[] = {
+        {"plain", "", "W:Wc3:Bj0", "c3-d4", 0, 'x', "c3-d4", "c3-d4"},
+        {"capture_by_its_sign", "", "W:Wc3:Bd4", "c3xe5(d4)", 0, ':', "c3:e5", "c3:e5"},
+        {"promotion_not_marked", "", "W:Wb8:Bc9", "b8xd0(c9)K", 0, 'x', "b8xd0K", "b8xd0K"},
+        {"numbers_not_padded", "", "W:Wa9:Bj8", "a9-b0K", 1, 'x', "6-1K", " 6- 1K"},
+        {"entry_has_a_source", "canContract=1|ContractNumber=1|ContractW1=2|ContractW2=2", "W:W:Bj0", "*a1", 0, 'x',
+         "a1", "a1"},
+    };
+    for (const auto& R : Rows) {
+        const auto State = Game(R.Rules, R.Position);
+        State->NotationMode = R.Mode;
+        State->CaptureChar = R.CaptureChar;
+        GenerateGameMoves(*State);
+        DisplayMove(*State, FindMove(*State, R.Move));
+        EXPECT_EQ(R.Text, State->MoveText.View()) << R.Fault;
+        EXPECT_EQ(R.Padded, State->MoveTextPadded.View()) << R.Fault;
+    }
+}
+
+TEST(InputMove, PlaysWhatItsEndsName) {
+    constexpr const char* Entry = "canContract=1|ContractNumber=1|ContractW1=2|ContractW2=2";
+    const struct {
+        const char* Fault;
+        const char* Rules;
+        const char* Position;
+        const char* Input;
+        const char* Touched; ///< under the option that the piece first touched must move
+        const char* After;   ///< nullptr: refused
+        int Capture, Promotion;
+    } Rows[] = {
+        {"legal_move_refused", "", "W:Wc3:Bj0", "C3D4", "", "B:Wd4:Bj0", 0, 0},
+        {"lower_case_taken", "", "W:Wc3:Bj0", "c3d4", "", nullptr, 0, 0},
+        {"illegal_end_taken", "", "W:Wc3:Bj0", "C3C4", "", nullptr, 0, 0},
+        {"one_end_moves_a_piece", "", "W:Wc3:Bj0", "C3", "", nullptr, 0, 0},
+        {"plain_move_beside_a_capture", "", "W:Wc3:Bd4", "C3B4", "", nullptr, 0, 0},
+        {"capture_not_told", "", "W:Wc3:Bd4", "C3E5", "", "B:We5:B", 1, 0},
+        {"promotion_not_told", "", "W:Wa9:Bj8", "A9B0", "", "B:WKb0:Bj8", 0, 1},
+        {"both_not_told", "", "W:Wb8:Bc9", "B8D0", "", "B:WKd0:B", 1, 1},
+        {"second_of_equal_ends_played", "MulJumps=0|MaxCapMove=0", "W:Wc3:Bd2,f2,d4,f4", "C3G3", "", "B:Wg3:Bd2,f2", 1,
+         0},
+        {"other_piece_than_touched", "", "W:Wc3,g3:Bj0", "C3D4", "g3", nullptr, 0, 0},
+        {"touched_piece_refused", "", "W:Wc3,g3:Bj0", "G3H4", "g3", "B:Wc3,h4:Bj0", 0, 0},
+        {"entry_by_one_square_refused", Entry, "W:Wc3:Bj0", "E1", "", "B:We1,c3:Bj0", 0, 0},
+        {"entry_off_its_row", Entry, "W:Wc3:Bj0", "E3", "", nullptr, 0, 0},
+        {"empty_text_moves", "", "W:Wc3:Bj0", "", "", nullptr, 0, 0},
+    };
+    for (const auto& R : Rows) {
+        const auto State = Game(R.Rules, R.Position);
+        State->TouchMove = 1;
+        State->TouchedSquare = *R.Touched == '\0' ? 0 : Cell(R.Touched);
+        State->MoveWasCapture = State->MoveWasPromotion = 1;
+        bool Found = false;
+        InputMove(*State, R.Input, Found);
+        EXPECT_EQ(R.After != nullptr, Found) << R.Fault;
+        EXPECT_EQ(R.After != nullptr ? R.After : R.Position, PositionText(*State)) << R.Fault;
+        EXPECT_EQ(R.Capture, State->MoveWasCapture) << R.Fault;
+        EXPECT_EQ(R.Promotion, State->MoveWasPromotion) << R.Fault;
+        if (Found) {
+            EXPECT_EQ(0, State->TouchedSquare) << R.Fault;
+            EXPECT_FALSE(State->MoveText.Empty()) << R.Fault;
+        }
+    }
+    const auto State = Game("", "W:Wc3,g3:Bj0");
+    State->TouchedSquare = Cell("g3");
+    bool Found = false;
+    InputMove(*State, "C3D4", Found);
+    EXPECT_TRUE(Found) << "touch_rule_in_force_without_its_option";
+}
+
+} // namespace
+} // namespace zonterbrook::rules
