@@ -95,6 +95,7 @@ TEST_F(ComputerMoves, WhatLayAheadIsDropped) {
     }
     State.MoveComment[4] = "late";
     control::RunCommand(State, CommandId::First);
+    Nodes.OnNode = [&] { EXPECT_TRUE(State.List1.Lines.empty()) << "still listed while the computer thinks"; };
     Compute();
     EXPECT_EQ(1, State.MoveCount);
     EXPECT_EQ(1U, State.List1.Lines.size());
@@ -384,6 +385,7 @@ TEST_F(ComputerMoves, TheLastMovesOfTheLongestGameAreSearchedLikeAnyOther) {
     }
     Compute();
     EXPECT_EQ(0, State.GameEnded);
+    EXPECT_EQ(0, State.DrawPending) << "later evaluations would answer 0";
     World.ExpectMessage("Congratulations", "It's a draw!");
     Compute();
     EXPECT_EQ(1000, State.GameMoves);
@@ -408,6 +410,15 @@ TEST_F(ComputerMoves, ALossAgainstTheComputerIsRated) {
                                            "The computers' rating in this game was 1700\nYour new rating is 1198\n");
     Compute();
     EXPECT_EQ(1198, State.Rating);
+}
+
+TEST_F(ComputerMoves, NoReplyIsExpectedOfASideWithoutPieces) {
+    Lay("w c3, w j2, b d4");
+    State.SearchDepth = 3;
+    World.ExpectMessage("Congratulations", "Computer wins!");
+    Compute();
+    EXPECT_EQ(0, State.HintSource);
+    EXPECT_EQ(0, State.HintDest);
 }
 
 // --- offers ------------------------------------------------------------------------------------------------------
@@ -522,6 +533,28 @@ TEST_F(ComputerMoves, CancelPlaysTheBestMoveSoFar) {
     EXPECT_LT(State.MoveDepths[1], 12);
     EXPECT_EQ(0, State.CancelRequested);
     ExpectConsistent();
+}
+
+TEST_F(ComputerMoves, CancelBeforeAnythingIsKnownPlaysTheFirstMove) {
+    const std::string First = State.List2.Lines.at(0);
+    State.SearchDepth = 5;
+    State.BestScore = 17;
+    World.OnWait = [&] { control::RunCommand(State, CommandId::mnu_Play_Cancel); };
+    Compute();
+    ASSERT_EQ(1, State.GameMoves);
+    EXPECT_EQ("   1. " + First, State.List1.Lines[0]);
+    EXPECT_EQ(0, State.MoveScores[1]) << "what an unwinding search says of it";
+    EXPECT_EQ(1, State.StopAutoPlay);
+    EXPECT_EQ(0, State.CancelRequested);
+}
+
+TEST_F(ComputerMoves, WithoutABookTheGameGoesOn) {
+    State.UseBook = 1;
+    State.SearchDepth = 2;
+    Compute();
+    EXPECT_EQ(2, State.MoveDepths[1]);
+    EXPECT_EQ(0, State.BookOpen) << "asked again at every move";
+    EXPECT_NE('b', State.List1.Lines[0].back());
 }
 
 TEST_F(ComputerMoves, CancelWithoutASearchDoesNothing) {

@@ -134,6 +134,15 @@ TEST_F(EndOfGame, TheCountOfAnEndingBeginsWhereItArose) {
     EXPECT_EQ(0, State.DrawCode);
 }
 
+TEST_F(EndOfGame, ACountStandsStillWhileItsRuleIsOff) {
+    Lay(ThreeToOne);
+    State.ThreeKingsStart = 7;
+    State.TwoKingsStart = 7;
+    control::DrawRuleCheck(State);
+    EXPECT_EQ(7, State.ThreeKingsStart);
+    EXPECT_EQ(0, State.TwoKingsStart) << "another ending stands";
+}
+
 struct LimitCase {
     std::uint8_t Choice;
     int HalfMoves;

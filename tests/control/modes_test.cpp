@@ -175,6 +175,7 @@ TEST_F(Modes, TheClockDoesNotEndOwnPlay) {
 
 TEST_F(Modes, OwnPlayLeavesTheListsEmptyMeanwhile) {
     int Looked = 0;
+    State.CancelRequested = 1; // of an earlier search
     World.OnWait = [&] {
         ++Looked;
         EXPECT_EQ("Computer", State.WhitePlayerName);
