@@ -4,7 +4,7 @@
 // leave a running generator's rows alone.
 #pragma once
 
-#include "rules/moves.h"
+#include "rules/move_writer.h"
 #include "rules/state.h"
 
 #include <algorithm>
@@ -136,7 +136,7 @@ private:
 /// Takes captures to the stack as they are found, for a rule set without filters.
 class CaptureStack {
 public:
-    CaptureStack(RulesState& InState, const MoveOrdering& InOrder) : State(InState), Order(InOrder) {}
+    explicit CaptureStack(MoveWriter& InWriter) : Writer(InWriter) {}
 
     int Longest() const { return 0; }
     void NoteLastCap() {}
@@ -144,15 +144,14 @@ public:
 
     void Store(int Source, int Dest, bool Promotes, std::int32_t, int, const CapturePath& Text) {
         if (Promotes) {
-            RegisterPromotion(State, Order, Source, Dest, Text);
+            Writer.RegisterPromotion(Source, Dest, Text);
         } else {
-            RegisterCaptureMove(State, Order, Source, Dest, Text);
+            Writer.RegisterCaptureMove(Source, Dest, Text);
         }
     }
 
 private:
-    RulesState& State;
-    const MoveOrdering& Order;
+    MoveWriter& Writer;
 };
 
 } // namespace zonterbrook::rules

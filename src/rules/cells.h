@@ -60,7 +60,8 @@ constexpr bool IsKing(std::int32_t Value) {
 /// A piece's row in the tables: 0 White man, 1 Black man, 2 White king, 3 Black king. `Value` must be a piece.
 constexpr int PieceIndex(std::int32_t Value) {
     // The sign bit, and from the square of the value, 1 or 4, whether it is a king: no branch.
-    return static_cast<int>((static_cast<std::uint32_t>(Value) >> 31U) + (static_cast<std::uint32_t>(Value * Value) >> 1U));
+    return static_cast<int>((static_cast<std::uint32_t>(Value) >> 31U) +
+                            (static_cast<std::uint32_t>(Value * Value) >> 1U));
 }
 inline constexpr int PieceIndices = 4;
 
@@ -109,6 +110,16 @@ public:
         std::uint64_t& Lowest = Halves[Halves[0] != 0 ? 0 : 1];
         Lowest &= Lowest - 1;
         return Cell;
+    }
+
+    /// Calls `Do(Cell)` for every member, the lowest first.
+    template <typename Visitor>
+    constexpr void ForEach(Visitor&& Do) const {
+        for (int Half = 0; Half < 2; ++Half) {
+            for (std::uint64_t Bits = Halves[Half]; Bits != 0; Bits &= Bits - 1) {
+                Do(FirstCell + 64 * Half + std::countr_zero(Bits));
+            }
+        }
     }
 
     /// Every member moved by `Step` cells.

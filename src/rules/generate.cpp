@@ -6,7 +6,7 @@
 #include "rules/capture_rows.h"
 #include "rules/capture_walk.h"
 #include "rules/install.h"
-#include "rules/moves.h"
+#include "rules/move_writer.h"
 #include "rules/position.h"
 #include "rules/walk_rules.h"
 
@@ -157,13 +157,13 @@ bool MayEnter(const RulesState& State, int Cell) {
 }
 
 template <typename Rules>
-void RegisterPlainMoves(RulesState& State, const Rules& Rule, const MoveOrdering& Order, int Cell) {
+void RegisterPlainMoves(const RulesState& State, const Rules& Rule, MoveWriter& Writer, int Cell) {
     static constexpr CapturePath NoCaptures{};
     VisitPlainMoves(State, Rule, Cell, false, [&](int Dest, bool Promotes) {
         if (Promotes) {
-            RegisterPromotion(State, Order, Cell, Dest, NoCaptures);
+            Writer.RegisterPromotion(Cell, Dest, NoCaptures);
         } else {
-            RegisterMove(State, Order, Cell, Dest);
+            Writer.RegisterMove(Cell, Dest);
         }
         return false;
     });
@@ -171,80 +171,99 @@ void RegisterPlainMoves(RulesState& State, const Rules& Rule, const MoveOrdering
 
 /// The plain moves of all pieces and the entries, in the order of the cells.
 template <typename Rules>
-void RegisterAllPlainMoves(RulesState& State, const Rules& Rule, const MoveOrdering& Order) {
+void RegisterAllPlainMoves(const RulesState& State, const Rules& Rule, MoveWriter& Writer) {
     const CellSet Movers = PossibleMovers(State, Rule);
-    CellSet Cells = Rule.Entries ? PlayingCells : Movers;
-    while (Cells.Any()) {
-        const int Cell = Cells.TakeFirst();
+    const CellSet Cells = Rule.Entries ? PlayingCells : Movers;
+    Cells.ForEach([&](int Cell) {
         if (!Rule.Entries || Movers.Contains(Cell)) {
-            RegisterPlainMoves(State, Rule, Order, Cell);
+            RegisterPlainMoves(State, Rule, Writer, Cell);
         }
         if (Rule.Entries && MayEnter<RowWidth>(State, Cell)) {
-            RegisterMove(State, Order, FromHand, Cell);
+            Writer.RegisterMove(FromHand, Cell);
         }
-    }
+    });
 }
 
-/// One generator call. Returns true if no capture was found at all, filtered or not.
-template <typename Rules>
-bool Generate(RulesState& State, const Rules& Rule, int AllMoves, CallFigures& Figures) {
-    const MoveOrdering Order(State);
-    const int Base = State.StackLimit[State.Ply];
-    State.StackTop = Base;
-    const bool Plain = AllMoves > 0 || (AllMoves == 0 && !Rule.CapRequired);
-    CellSet Capturers = PossibleCapturers(State, Rule);
+/// What a generator is asked for.
+enum class Wanted {
+    Captures,
+    All,
+    CapturesElsePlain ///< plain moves only if no piece can capture anything, filtered or not
+};
 
-    if constexpr (Rules::RegistersAtOnce) {
-        CellSet Cells = Plain ? PiecesOf(State, State.Side) : Capturers;
-        CaptureStack Stack(State, Order);
-        CaptureWalk Walk(State, Rule, Stack);
-        while (Cells.Any()) {
-            const int Cell = Cells.TakeFirst();
-            if (Plain) {
-                RegisterPlainMoves(State, Rule, Order, Cell);
-            }
-            if (Capturers.Contains(Cell)) {
-                Walk.Run(Cell);
-            }
-        }
-        State.StackLimit[State.Ply + 1] = State.StackTop;
-        return Capturers.None();
-    } else {
-        // Captures go to the stack behind all plain moves, so the two passes need not be one.
+/// The captures of a rule set without filters, beside the plain moves of each piece if they are wanted.
+template <typename Rules>
+void RegisterUnfiltered(RulesState& State, const Rules& Rule, MoveWriter& Writer, bool Plain) {
+    const CellSet Capturers = PossibleCapturers(State, Rule);
+    CaptureStack Stack(Writer);
+    CaptureWalk Walk(State, Rule, Stack);
+    const CellSet Cells = Plain ? PiecesOf(State, State.Side) : Capturers;
+    Cells.ForEach([&](int Cell) {
         if (Plain) {
-            RegisterAllPlainMoves(State, Rule, Order);
+            RegisterPlainMoves(State, Rule, Writer, Cell);
         }
-        State.CaptureRow.Count = 0;
-        bool NoCaptures = true;
-        if (Capturers.Any()) {
-            CaptureRowList Rows(State.CaptureRow);
-            CaptureWalk Walk(State, Rule, Rows);
-            const auto Note = [&] { Figures = {Rows.KingsCounted(), Walk.PathLength() * 4, Rows.Longest() * 4}; };
-            try {
-                while (Capturers.Any()) {
-                    Walk.Run(Capturers.TakeFirst());
-                }
-                NoCaptures = Rows.Count() == 0;
-                // With optional captures, the capture of the piece that moved last does away with the plain moves.
-                if (Rule.LastCap && AllMoves == 0 && Rows.HasLastCap() && !Rule.CapRequired && !NoCaptures) {
-                    State.StackTop = Base;
-                }
-                Rows.Filter(Rule, State.CaptureRow, [&](const CaptureRowFields& Row) {
-                    if (Row.Promotes != 0) {
-                        RegisterPromotion(State, Order, Row.Source, Row.Dest, Row.Text);
-                    } else {
-                        RegisterCaptureMove(State, Order, Row.Source, Row.Dest, Row.Text);
-                    }
-                    return false;
-                });
-            } catch (const base::Fault&) {
-                Note();
-                throw;
-            }
+        if (Capturers.Contains(Cell)) {
+            Walk.Run(Cell);
         }
-        State.StackLimit[State.Ply + 1] = State.StackTop;
-        return NoCaptures;
+    });
+}
+
+/// The captures that stand. `DropsPlain`: a capture of the piece that moved last does away with the plain moves that
+/// have been written from `Base` on. Returns false if there was none to begin with.
+template <typename Rules>
+bool RegisterCaptures(RulesState& State, const Rules& Rule, MoveWriter& Writer, bool DropsPlain, int Base,
+                      CallFigures& Figures) {
+    State.CaptureRow.Count = 0;
+    const CellSet Capturers = PossibleCapturers(State, Rule);
+    if (Capturers.None()) {
+        return false;
     }
+    CaptureRowList Rows(State.CaptureRow);
+    CaptureWalk Walk(State, Rule, Rows);
+    try {
+        Capturers.ForEach([&](int Cell) { Walk.Run(Cell); });
+        if (Rows.Count() == 0) {
+            return false;
+        }
+        if (DropsPlain && Rows.HasLastCap()) {
+            Writer.Restart(Base);
+        }
+        Rows.Filter(Rule, State.CaptureRow, [&](const CaptureRowFields& Row) {
+            if (Row.Promotes != 0) {
+                Writer.RegisterPromotion(Row.Source, Row.Dest, Row.Text);
+            } else {
+                Writer.RegisterCaptureMove(Row.Source, Row.Dest, Row.Text);
+            }
+            return false;
+        });
+    } catch (const base::Fault&) {
+        Figures = {Rows.KingsCounted(), Walk.PathLength() * 4, Rows.Longest() * 4};
+        throw;
+    }
+    return true;
+}
+
+/// One generator call.
+template <typename Rules>
+void Generate(RulesState& State, const Rules& Rule, Wanted What, bool DropsPlain, CallFigures& Figures) {
+    const int Base = State.StackLimit[State.Ply];
+    MoveWriter Writer(State, Base);
+    if constexpr (Rules::RegistersAtOnce) {
+        RegisterUnfiltered(State, Rule, Writer, What == Wanted::All);
+        if (What == Wanted::CapturesElsePlain && Writer.IsAt(Base)) {
+            RegisterAllPlainMoves(State, Rule, Writer);
+        }
+    } else {
+        // Captures go to the stack behind all plain moves, so the two passes over the board need not be one.
+        if (What == Wanted::All) {
+            RegisterAllPlainMoves(State, Rule, Writer);
+        }
+        const bool Any = RegisterCaptures(State, Rule, Writer, DropsPlain, Base, Figures);
+        if (What == Wanted::CapturesElsePlain && !Any) {
+            RegisterAllPlainMoves(State, Rule, Writer);
+        }
+    }
+    Writer.Finish();
 }
 
 /// Runs `Work` under a generator's trap.
@@ -267,25 +286,29 @@ auto Trapped(std::string_view Name, const CallFigures& Figures, Routine&& Work) 
 template <typename Rules>
 void GenerateBy(RulesState& State, int AllMoves, std::string_view Name) {
     CallFigures Figures;
-    Trapped(Name, Figures, [&] { Generate(State, Rules(State), AllMoves, Figures); });
+    Trapped(Name, Figures, [&] {
+        const Rules Rule(State);
+        // Where captures are optional, asking for them alone gives the plain moves too; a negative wish never does.
+        const bool Plain = AllMoves > 0 || (AllMoves == 0 && !Rule.CapRequired);
+        const bool DropsPlain = Rule.LastCap && AllMoves == 0 && !Rule.CapRequired;
+        Generate(State, Rule, Plain ? Wanted::All : Wanted::Captures, DropsPlain, Figures);
+    });
 }
 
-/// Captures, and plain moves only if there is none. When the first call met no capture at all, a second one could only
-/// add the plain moves, so they are added straight away.
+/// Captures, and all moves only if there is none. Where captures are mandatory the second call could only add the plain
+/// moves, unless captures have been found and filtered away; so they are added straight away.
 template <typename Rules>
 void GenerateBothBy(RulesState& State, std::string_view Name) {
     CallFigures Figures;
     Trapped(Name, Figures, [&] {
-        const Rules Rule = Rules(State);
-        const bool NoCaptures = Generate(State, Rule, 0, Figures);
-        if (MoveCountOfPly(State) > 0) {
-            return;
-        }
-        if (NoCaptures && Rule.CapRequired) {
-            RegisterAllPlainMoves(State, Rule, MoveOrdering(State));
-            State.StackLimit[State.Ply + 1] = State.StackTop;
+        const Rules Rule(State);
+        if (Rule.CapRequired) {
+            Generate(State, Rule, Wanted::CapturesElsePlain, false, Figures);
         } else {
-            Generate(State, Rule, 1, Figures);
+            Generate(State, Rule, Wanted::All, Rule.LastCap, Figures);
+        }
+        if (MoveCountOfPly(State) == 0) {
+            Generate(State, Rule, Wanted::All, false, Figures);
         }
     });
 }
@@ -336,7 +359,7 @@ bool GenerateMoves1(RulesState& State, int AllMoves) {
     const CallFigures Figures;
     return Trapped("GenerateMoves1", Figures, [&] {
         const LiveRules Rule(State);
-        const MoveOrdering Order(State);
+        MoveWriter Writer(State, State.StackTop);
         const bool Plain = AllMoves > 0 || (AllMoves == 0 && !Rule.CapRequired);
         const CellSet Own = PiecesOf(State, State.Side);
         const CellSet Capturers = PossibleCapturers(State, Rule);
@@ -356,7 +379,8 @@ bool GenerateMoves1(RulesState& State, int AllMoves) {
             // An entry is put on the stack and yet is no proof of a move: a side that can only enter pieces counts as
             // blocked. Wanted; the next generator call resets the stack.
             if (Plain && Rule.Entries && MayEnter<10>(State, Cell)) {
-                RegisterMove(State, Order, FromHand, Cell);
+                Writer.RegisterMove(FromHand, Cell);
+                Writer.FinishLoose();
             }
         }
         // `LastCap` clears the texts of the state's own table here, so in this test it drops no row. Wanted.

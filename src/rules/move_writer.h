@@ -1,0 +1,119 @@
+// Putting moves on the stack: what the generators do with a move once they have found it.
+//
+// A writer is held for one generator call. It keeps the top of the stack and the moves that a search would like to see
+// first at hand, so that a move costs a few stores; `Finish` hands the ply to the state.
+#pragma once
+
+#include "rules/state.h"
+
+#include <cstdlib>
+
+namespace zonterbrook::rules {
+
+/// The ordering bonuses of the moves that a search would like to see first.
+class MoveOrdering {
+public:
+    explicit MoveOrdering(const RulesState& State) {
+        const MainLineMove& Line = State.MainVariantTable[State.Ply][State.Ply];
+        const KillerPair& Killer = State.Killers[State.Ply];
+        MainLine = Ends(Line.Source, Line.Dest);
+        FirstKiller = Ends(Killer.Source1, Killer.Dest1);
+        SecondKiller = Ends(Killer.Source2, Killer.Dest2);
+        // The index is the one before the ply's own: the square that the mover's last move but one reached.
+        RecaptureDest = State.Ply > 0 ? State.PlyDest[State.Ply - 1] : 0;
+    }
+
+    std::int32_t Bonus(int From, int To) const {
+        const std::int32_t Move = Ends(From, To);
+        return Move == MainLine ? 500 : Move == FirstKiller ? 250 : Move == SecondKiller ? 150 : 0;
+    }
+
+    std::int32_t RecaptureBonus(int To) const { return To == RecaptureDest ? 300 : 0; }
+
+private:
+    static constexpr std::int32_t Ends(std::int32_t From, std::int32_t To) { return From * 256 + To; }
+
+    std::int32_t MainLine;
+    std::int32_t FirstKiller;
+    std::int32_t SecondKiller;
+    std::int32_t RecaptureDest; ///< where the move before the last one landed, 0 if there is none
+};
+
+/// Writes the moves of one ply, from `Base` upward.
+class MoveWriter {
+public:
+    MoveWriter(RulesState& InState, int Base) : State(InState), Order(InState), Top(Base) {}
+
+    /// A plain move. Its score is its bonus alone.
+    [[gnu::always_inline]] void RegisterMove(int Source, int Dest) {
+        MoveRecord& Record = State.MoveStack[Top];
+        Record.Source = Source;
+        Record.Dest = Dest;
+        Record.Kind = 0;
+        Record.Score = Order.Bonus(Source, Dest);
+        Record.Captures.Count = 0;
+        Advance();
+    }
+
+    /// A capture. Its score is what it takes less half of the mover's worth, with the bonuses added. Faults when the
+    /// path is longer than a record holds.
+    void RegisterCaptureMove(int Source, int Dest, const CapturePath& Path) {
+        if (Path.Count > MaxCaptures) [[unlikely]] {
+            base::FailIndex(Path.Count, MaxCaptures);
+        }
+        int Weight = 0;
+        for (int I = 0; I < Path.Count; ++I) {
+            Weight += Path.Groups[I].Weight;
+        }
+        MoveRecord& Record = State.MoveStack[Top];
+        Record.Source = Source;
+        Record.Dest = Dest;
+        Record.Kind = 0;
+        Record.Score =
+            100 * Weight - 50 * std::abs(State.Board[Source]) + Order.RecaptureBonus(Dest) + Order.Bonus(Source, Dest);
+        Record.Captures = Path;
+        Advance();
+    }
+
+    /// A promotion: a capture, or with an empty path a plain move.
+    void RegisterPromotion(int Source, int Dest, const CapturePath& Path) {
+        if (Path.Count != 0) {
+            RegisterCaptureMove(Source, Dest, Path);
+        } else {
+            RegisterMove(Source, Dest);
+        }
+        // With the stack full this marks the record below the one just written. Nobody plays from a full stack.
+        State.MoveStack[Top - 1].Kind = 2;
+    }
+
+    /// True if nothing has been written above `Base`.
+    bool IsAt(int Base) const { return Top == Base; }
+
+    /// Takes back what has been written so far.
+    void Restart(int Base) { Top = Base; }
+
+    /// The ply holds what has been written.
+    void Finish() {
+        State.StackTop = Top;
+        State.StackLimit[State.Ply + 1] = Top;
+    }
+
+    /// What has been written is on the stack, and belongs to no ply.
+    void FinishLoose() { State.StackTop = Top; }
+
+private:
+    /// A full stack asks the search to stop and keeps overwriting its last record.
+    void Advance() {
+        if (Top < StackFull) {
+            ++Top;
+        } else {
+            State.CancelRequested = 1;
+        }
+    }
+
+    RulesState& State;
+    const MoveOrdering Order;
+    int Top;
+};
+
+} // namespace zonterbrook::rules
