@@ -1,0 +1,290 @@
+// The twelve search routines: anchors, the ends of the tree, killers and main line, and stops that leave the exact
+// root. Rows are named by the fault they would catch; larger tables of scores and node counts are under tests/data.
+#include "engine/evaluate.h"
+#include "engine/search.h"
+#include "rules/generate.h"
+#include "support/engine_game.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <set>
+#include <string>
+
+namespace zonterbrook::engine {
+namespace {
+
+using namespace tests;
+
+constexpr const char* AmericanRules = "WhiteManMovement=NW;NE NW;NE|BlackManMovement=NW;NE NW;NE|LongKings=0|"
+                                      "ManContJump=0|MaxCapMove=0|BlackStarts=1|RemovePieces=0";
+constexpr const char* ItalianRules =
+    "WhiteManMovement=NW;NE NW;NE|BlackManMovement=NW;NE NW;NE|LongKings=0|ManContJump=0|ManCapKing=0|KingCapMove=1|"
+    "MaxCapMoveKings=1|PiecesOnBlack=0|RemovePieces=0|PromoW=A0C0E0G0I0|PromoB=B1D1F1H1J1";
+constexpr const char* RussianRules = "MaxCapMove=0|ManContJumpCrowned=1|ThreeKings=1|NumberKings=15";
+
+std::int32_t SearchBy(EngineState& State, std::string_view Routine, std::int32_t Depth, std::int32_t Alpha = WindowLow,
+                      std::int32_t Beta = WindowHigh) {
+    State.RootSide = State.Side;
+    State.MaxSearchDepth = Depth + State.Plys;
+    State.NodeCount = 0;
+    return FindSearchRoutine(Routine)->Search(State, Alpha, Beta, Depth);
+}
+
+TEST(Search, AnchorsStand) {
+    const struct {
+        const char* Rules;
+        const char* Routine;
+        int Depth, Score;
+        std::uint64_t Nodes;
+    } Rows[] = {
+        {"", "SearchGerman", 7, 20, 72460},
+        {"TwoKings=1", "SearchPlain", 7, 22, 78129},
+        {AmericanRules, "SearchAmerican", 7, -8, 71214},
+        {AmericanRules, "QuickSearchAmerican", 6, -3, 15361},
+    };
+    for (const auto& R : Rows) {
+        EngineGame Game(R.Rules);
+        EXPECT_EQ(R.Score, SearchBy(*Game, R.Routine, R.Depth)) << R.Routine;
+        EXPECT_EQ(R.Nodes, Game->NodeCount) << R.Routine;
+        EXPECT_EQ(20 + 20, rules::AllPieces(*Game).Count());
+        EXPECT_EQ("", rules::CheckPosition(*Game)) << R.Routine;
+    }
+}
+
+TEST(Search, RoutinesAreChosenByTheRules) {
+    const struct {
+        const char* Rules;
+        const char* Playing;
+        const char* Quick;
+    } Rows[] = {
+        {"", "SearchGerman", "QuickSearchGerman"},
+        {AmericanRules, "SearchAmerican", "QuickSearchAmerican"},
+        {ItalianRules, "SearchItalian", "QuickSearchItalian"},
+        {RussianRules, "SearchRussian", "QuickSearchRussian"},
+        {"TwoKings=1", "SearchPlain", "QuickSearchPlain"},
+        {"AntiMode=1", "SearchAnti", "QuickSearchPlain"},
+        {"AntiMode=1|KingWin=1", "SearchAnti", "QuickSearchPlain"},
+        {"KingWin=1", "SearchGoal", "QuickSearchPlain"},
+        {"WinAtPromo=1", "SearchGoal", "QuickSearchPlain"},
+        {"KingWin=2|WinAtPromo=2|AntiMode=2", "SearchPlain", "QuickSearchPlain"},
+    };
+    for (const auto& R : Rows) {
+        EngineGame Game(R.Rules);
+        EXPECT_EQ(R.Playing, PlayingRoutine(*Game).Name) << R.Rules;
+        EXPECT_EQ(R.Quick, QuickRoutine(*Game).Name) << R.Rules;
+    }
+    std::set<std::string_view> Names;
+    for (const SearchRoutine& Routine : SearchRoutines()) {
+        EXPECT_EQ(&Routine, FindSearchRoutine(Routine.Name));
+        Names.insert(Routine.Name);
+    }
+    EXPECT_EQ(12u, Names.size());
+}
+
+TEST(Search, KnowsTheEndsOfTheTree) {
+    constexpr const char* Blocked = "W:Wa1:Bb2,c3";
+    const struct {
+        const char* Fault;
+        const char* Rules;
+        const char* Position;
+        const char* Routine;
+        int Depth;
+        int Score; ///< 1: any that is not decided
+    } Rows[] = {
+        {"blocked_side_keeps_its_evaluation", "TwoKings=1", Blocked, "SearchPlain", 1, -32000},
+        {"blocked_side_lost_at_the_horizon", "TwoKings=1", Blocked, "SearchPlain", 0, 1},
+        {"blocked_side_does_not_win", "AntiMode=1", Blocked, "SearchAnti", 1, 31999},
+        {"blocked_side_wins_at_the_horizon", "AntiMode=1", Blocked, "SearchAnti", 0, 1},
+        {"blocked_side_loses_without_distance", "KingWin=1", Blocked, "SearchGoal", 1, -31999},
+        {"quick_one_knows_no_anti_mode", "AntiMode=1", Blocked, "QuickSearchPlain", 1, 31999},
+        {"quick_one_always_in_anti_mode", "TwoKings=1", Blocked, "QuickSearchPlain", 1, -32000},
+        {"won_root_searched", "TwoKings=1", "W:Wa1:B", "SearchPlain", 5, 32000},
+        {"win_in_one_not_counted_by_ply", "TwoKings=1", "W:Wc3:Bd4", "SearchPlain", 3, 31999},
+        {"loss_in_two_not_counted_by_ply", "TwoKings=1", "W:Wa1:Bc3,j0", "SearchPlain", 3, -31998},
+        {"win_by_blocking", "TwoKings=1", "B:Wa1:Bb2,d4", "SearchPlain", 3, 31999},
+        {"anti_win_by_loss", "AntiMode=1", "W:Wc3:Be5", "SearchAnti", 3, 31998},
+        {"first_king_not_searched_for", "KingWin=1", "W:Wa9:Bj6", "SearchGoal", 2, 31998},
+    };
+    for (const auto& R : Rows) {
+        EngineGame Game(R.Rules, R.Position);
+        const std::int32_t Score = SearchBy(*Game, R.Routine, R.Depth);
+        if (R.Score == 1) {
+            EXPECT_LT(std::abs(Score), 30000) << R.Fault;
+        } else {
+            EXPECT_EQ(R.Score, Score) << R.Fault;
+        }
+    }
+}
+
+TEST(Search, OptionsChangeWhatIsSearched) {
+    // Ten moves that have led to trouble: a middle game with captures in all lines.
+    constexpr const char* Middle = "W:Wa1,c1,e1,b2,d2,f2,c3,e3,g3,d4,f4:Bb8,d8,f8,h8,c7,e7,g7,d6,f6,h6,e9";
+    const auto Nodes = [&](const std::function<void(EngineState&)>& Change, const char* Routine, int Depth) {
+        EngineGame Game("TwoKings=1", Middle);
+        Change(*Game);
+        SearchBy(*Game, Routine, Depth);
+        return Game->NodeCount;
+    };
+    const auto Same = [](EngineState&) {};
+    const std::uint64_t Usual = Nodes(Same, "SearchPlain", 4);
+    EXPECT_GT(Usual, Nodes([](EngineState& S) { S.ExtendedSearch = 0; }, "SearchPlain", 4)) << "extends_though_off";
+    EXPECT_GT(Usual, Nodes([](EngineState& S) { S.Balance = 1; }, "SearchPlain", 4)) << "balance_not_read";
+    EXPECT_LT(Usual, Nodes([](EngineState& S) { S.Plys = 6; }, "SearchPlain", 4)) << "depth_of_extensions_not_read";
+    EXPECT_LT(Usual, Nodes([](EngineState& S) { S.BruteForce = 1; }, "SearchPlain", 4)) << "cuts_by_brute_force";
+    EXPECT_EQ(Nodes(Same, "QuickSearchPlain", 4),
+              Nodes([](EngineState& S) { S.BruteForce = 1; }, "QuickSearchPlain", 4))
+        << "quick_one_knows_brute_force";
+    EXPECT_EQ(1u, Nodes(Same, "SearchPlain", -5)) << "captures searched below their horizon";
+    EXPECT_EQ(1u, Nodes(Same, "QuickSearchPlain", -1)) << "quick one searches captures";
+}
+
+TEST(Search, DepthAndAlphaGoBackToTheCaller) {
+    EngineGame Game("TwoKings=1", "B:W:Bj8"); // the side to move has won, its enemy lost
+    std::int32_t Alpha = WindowLow;
+    std::int32_t Depth = 2;
+    Game->Side = rules::White;
+    Game->MaxSearchDepth = 5;
+    FindSearchRoutine("SearchPlain")->Search(*Game, Alpha, WindowHigh, Depth);
+    EXPECT_EQ(3, Depth) << "an extension is not seen by the caller";
+    EngineGame Start("TwoKings=1");
+    Alpha = WindowLow;
+    Depth = 3;
+    Start->MaxSearchDepth = 6;
+    const std::int32_t Score = FindSearchRoutine("SearchPlain")->Search(*Start, Alpha, WindowHigh, Depth);
+    EXPECT_EQ(Score, Alpha) << "a raised bound is not seen by the caller";
+    // The quick dispatchers: the hard-wired routines take the caller's own depth, the generic one a copy.
+    const struct {
+        const char* Rules;
+        const char* Position;
+        int Depth, After;
+    } Rows[] = {{"", "W:W:Bj8", 2, 3}, {"TwoKings=1", "W:W:Bj8", 2, 2}};
+    for (const auto& R : Rows) {
+        EngineGame Quick(R.Rules, R.Position);
+        Quick->MaxSearchDepth = 5;
+        Depth = R.Depth;
+        std::int32_t Value = 0;
+        QuickScoreDepth(*Quick, Depth, Value);
+        EXPECT_EQ(R.After, Depth) << R.Rules;
+    }
+}
+
+TEST(Search, QuickScoresLookSoManyPliesAhead) {
+    const struct {
+        const char* Rules;
+        int Depth;
+    } Rows[] = {{"", 1}, {"TwoKings=1", 3}, {"PiecesOnBlack=2", 2}};
+    for (const auto& R : Rows) {
+        EngineGame Game(R.Rules);
+        Game->MaxSearchDepth = 3;
+        std::int32_t Value = 0;
+        QuickScore(*Game, Value);
+        const std::uint64_t Nodes = Game->NodeCount;
+        EngineGame Direct(R.Rules);
+        Direct->MaxSearchDepth = 3;
+        std::int32_t Alpha = WindowLow;
+        std::int32_t Depth = R.Depth;
+        EXPECT_EQ(-QuickRoutine(*Direct).Search(*Direct, Alpha, WindowHigh, Depth), Value) << R.Rules;
+        EXPECT_EQ(Direct->NodeCount, Nodes) << R.Rules;
+    }
+}
+
+TEST(Search, KillersAndMainLine) {
+    EngineGame Game("", "W:Wc3,e3:Bj0");
+    rules::GenerateGameMoves(*Game);
+    auto& Table = Game->MainVariantTable;
+    Table[1][1] = {99, 88, 0};
+    Table[1][2] = {51, 64, 1};
+    Table[1][3] = {0, 7, 0};
+    Table[1][4] = {1, 2, 3};
+    Table[0][4] = {8, 8, 8};
+    UpdateMainVariant(*Game, FindMove(*Game, "c3-d4"));
+    EXPECT_EQ((rules::MainLineMove{Cell("c3"), Cell("d4"), 0}), Table[0][0]);
+    EXPECT_EQ((rules::MainLineMove{99, 88, 0}), Table[0][1]);
+    EXPECT_EQ((rules::MainLineMove{51, 64, 1}), Table[0][2]);
+    EXPECT_EQ(0, Table[0][3].Source) << "the end of the line below is not copied";
+    EXPECT_EQ(8, Table[0][4].Source) << "copied beyond the end of the line";
+    const struct {
+        const char* Position;
+        const char* Move;
+        int Tag;
+    } Tags[] = {{"W:Wc3:Bj0", "c3-d4", 0},
+                {"W:Wc3:Bd4", "c3xe5(d4)", 1},
+                {"W:Wa9:Bj8", "a9-b0K", 10},
+                {"W:Wb8:Bc9", "b8xd0(c9)K", 11}};
+    for (const auto& R : Tags) {
+        Lay(*Game, R.Position);
+        rules::GenerateGameMoves(*Game);
+        UpdateMainVariant(*Game, FindMove(*Game, R.Move));
+        EXPECT_EQ(R.Tag, Table[0][0].Tag) << R.Move;
+    }
+    Game->Ply = rules::MaxPly; // the last ply has no line below it
+    Game->MoveStack[0].Source = 77;
+    UpdateMainVariant(*Game, 0);
+    EXPECT_EQ(77, Table[rules::MaxPly][rules::MaxPly].Source);
+
+    // Only a cut stores a killer, and it pushes the one before into the second place.
+    EngineGame Cut("TwoKings=1", "W:Wc3,a1:Bd4,j0");
+    SearchBy(*Cut, "SearchPlain", 2, -32000, -31000);
+    EXPECT_EQ(Cell("c3"), Cut->Killers[0].Source1);
+    Lay(*Cut, "W:Wc3,g3:Bh4,j0");
+    Cut->Killers[0] = {Cell("c3"), Cell("e5"), 0, 0};
+    SearchBy(*Cut, "SearchPlain", 2, -32000, -31000);
+    EXPECT_EQ((rules::KillerPair{Cell("g3"), Cell("i5"), Cell("c3"), Cell("e5")}), Cut->Killers[0]);
+    Lay(*Cut, "W:Wc3,a1:Bd4,j0");
+    SearchBy(*Cut, "SearchPlain", 1);
+    EXPECT_EQ(0, Cut->Killers[0].Source1) << "a move that only raises the bound is a killer";
+}
+
+TEST(Search, AThousandStopsLeaveTheExactRoot) {
+    struct StopRow {
+        const char* Rules;
+        const char* Position;
+        const char* Routine;
+    };
+    const StopRow Rows[] = {
+        {"", "", "SearchGerman"},
+        {"", "W:WKc3,a1:Bd4,d6,f4,g7,Kj0", "SearchGerman"},
+        {"KingMan=1|ManKing=1|ChangeSide=1|LongKings=0", "W:WKc3,b8,a1:Bd4,f4,f2,d2,g7,h2", "SearchPlain"},
+        {"canContract=1|ContractNumber=3|ContractW1=2|ContractW2=3|ContractB1=11|ContractB2=10", "W:Wc5:Bd8",
+         "SearchPlain"},
+        {"AntiMode=1", "", "SearchAnti"},
+    };
+    for (const StopRow& R : Rows) {
+        EngineGame Game(R.Rules, R.Position);
+        const auto Root = std::make_unique<EngineState>(*Game);
+        for (int Stop = 1; Stop <= 200; ++Stop) {
+            int Nodes = 0;
+            Game.World.OnTurn = [&] { Game->CancelRequested = ++Nodes == Stop * 7 ? 1 : Game->CancelRequested; };
+            SearchBy(*Game, R.Routine, 7);
+            Game->Board[0] = Root->Board[0]; // cell 0 belongs to nobody: crowning the last man leaves its mark there
+            ASSERT_TRUE(SameRoot(*Root, *Game)) << R.Routine << " stopped at node " << Stop * 7;
+            ASSERT_EQ("", rules::CheckPosition(*Game)) << R.Routine << " stopped at node " << Stop * 7;
+            if (Game->NodeCount >= static_cast<std::uint64_t>(Stop) * 7) {
+                ASSERT_EQ(1, Game->StopAutoPlay) << R.Routine << " did not notice the stop at node " << Stop * 7;
+                ASSERT_EQ(0, Game->CancelRequested);
+            }
+            Game->StopAutoPlay = 0;
+        }
+    }
+}
+
+TEST(Search, AFullStackStopsLikeTheUser) {
+    EngineGame Game("TwoKings=1");
+    const auto Root = std::make_unique<EngineState>(*Game);
+    Game->StackLimit[0] = 980;
+    SearchBy(*Game, "SearchPlain", 6);
+    EXPECT_EQ(1, Game->StopAutoPlay);
+    EXPECT_TRUE(SameRoot(*Root, *Game));
+    EXPECT_LT(Game->NodeCount, 100u) << "goes on with a stack that overwrites itself";
+    Game->StopAutoPlay = 1;
+    EXPECT_EQ(0, SearchBy(*Game, "SearchPlain", 6)) << "an unwinding search looks on";
+    EXPECT_EQ(1u, Game->NodeCount);
+    // The quick family only stops where it would look deeper.
+    Game->StackLimit[0] = 0;
+    SearchBy(*Game, "QuickSearchPlain", 3);
+    EXPECT_GT(Game->NodeCount, 100u) << "the quick one heeds a flag that is none of its own";
+}
+
+} // namespace
+} // namespace zonterbrook::engine
