@@ -17,8 +17,6 @@ using namespace tests;
 using rules::Black;
 using rules::White;
 
-constexpr const char* AmericanRules = "WhiteManMovement=NW;NE NW;NE|BlackManMovement=NW;NE NW;NE|LongKings=0|"
-                                      "ManContJump=0|MaxCapMove=0|BlackStarts=1|RemovePieces=0";
 /// One promotion square for White and none for Black: no back rank, no dead squares, and square values around a0 alone.
 constexpr const char* Bare = "PromoW=A0|PromoB=";
 

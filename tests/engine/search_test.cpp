@@ -16,13 +16,6 @@ namespace {
 
 using namespace tests;
 
-constexpr const char* AmericanRules = "WhiteManMovement=NW;NE NW;NE|BlackManMovement=NW;NE NW;NE|LongKings=0|"
-                                      "ManContJump=0|MaxCapMove=0|BlackStarts=1|RemovePieces=0";
-constexpr const char* ItalianRules =
-    "WhiteManMovement=NW;NE NW;NE|BlackManMovement=NW;NE NW;NE|LongKings=0|ManContJump=0|ManCapKing=0|KingCapMove=1|"
-    "MaxCapMoveKings=1|PiecesOnBlack=0|RemovePieces=0|PromoW=A0C0E0G0I0|PromoB=B1D1F1H1J1";
-constexpr const char* RussianRules = "MaxCapMove=0|ManContJumpCrowned=1|ThreeKings=1|NumberKings=15";
-
 std::int32_t SearchBy(EngineState& State, std::string_view Routine, std::int32_t Depth, std::int32_t Alpha = WindowLow,
                       std::int32_t Beta = WindowHigh) {
     State.RootSide = State.Side;

@@ -192,6 +192,12 @@ TEST(Console, AFaultInAGeneratorPutsEverythingBack) {
         EXPECT_EQ("error: fault in GenerateMoves\n", Probe.Execute(Command)) << Command;
         EXPECT_EQ(Shown, Probe.Execute("show")) << Command;
     }
+    // A move deeper, with a move made when it comes.
+    const std::string Deeper = Position.substr(0, Position.size() - 1) + "w";
+    Probe.Execute(Deeper);
+    EXPECT_EQ("error: fault in GenerateMoves\n", Probe.Execute("perft 2"));
+    EXPECT_TRUE(Probe.Execute("show").starts_with(Deeper)) << "move_left_on_the_board";
+    Probe.Execute(Position);
     // The test for a move meets it only if nothing before it is a move: the king can step one way alone.
     EXPECT_EQ("error: fault in GenerateMoves1\n", Ask(Probe, {"rule BlackKingMovement=SW", "exists 1"}));
 }

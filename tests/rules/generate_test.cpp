@@ -67,6 +67,8 @@ const GenerateRow Rows[] = {
     {"waiver_by_other_values", "KingCapMove=2|MaxCapMoveKings=1|LongKings=0", ManAndKing, "g3xe5(f4)"},
     {"black_king_not_the_strongest", "KingCapMove=1|LongKings=0", "B:Wd4,f4:Bc5,Kg5", "g5xe3(f4)"},
     {"prefix_is_no_move", "MulJumps=0|MaxCapMove=0", "W:Wc3:Bd4,d6,b8", "c3xa9(d4,d6,b8) c3xc7(d4,d6) c3xe5(d4)"},
+    {"king_must_finish_though_prefixes_stand", "MulJumps=0|MaxCapMove=0|KingFirst=1", "W:WKa1:Bd4,g7",
+     "a1xh8(d4,g7) a1xe5(d4)"},
     {"prefix_listed_unasked", "MaxCapMove=0", "W:Wc3:Bd4,d6,b8", "c3xa9(d4,d6,b8)"},
     {"king_may_stop_early", "MaxCapMove=0", "W:WKa1:Bc3,g5",
      "a1xd4(c3) a1xe5(c3) a1xh4(c3,g5) a1xi3(c3,g5) a1xj2(c3,g5)"},
@@ -98,6 +100,9 @@ const GenerateRow Rows[] = {
      "b8xg7(c9,f8)K"},
     {"kept_other_values_crown_at_no_end", "ManContJump=2", "W:Wb8:Bc9", "b8xd0(c9)"},
     {"crowning_undone_too_late", "ManContJumpCrowned=1|MaxCapMove=0", "W:Wb8:Bc9,c7", "b8xd0(c9)K b8xd6(c7)"},
+    {"flying_man_walks_after_its_crowning_is_undone",
+     "ManContJumpCrowned=1|ManCapMoveKing=1|ManContJump=0|MaxCapMove=0|LongKings=0", "W:Wa7:Bb8,d4",
+     "a7xc9(b8) a7xd0(b8)K a7xe3(d4)"},
     {"king_crowned_in_mid_capture", "LongKings=0|ManContJump=0", "W:WKb8:Bc9,e9", "b8xf8(c9,e9)"},
     // Jumps over friends
     {"friends_jumped_unasked", "NumberFriends=1", "W:Wa1,b2:Bj0", "b2-a3 b2-c3"},

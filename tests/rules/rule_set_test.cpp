@@ -16,13 +16,6 @@ namespace {
 
 using namespace tests;
 
-constexpr std::string_view AmericanRules = "WhiteManMovement=NW;NE NW;NE|BlackManMovement=NW;NE NW;NE|LongKings=0|"
-                                           "ManContJump=0|MaxCapMove=0|BlackStarts=1|RemovePieces=0";
-constexpr std::string_view ItalianRules =
-    "WhiteManMovement=NW;NE NW;NE|BlackManMovement=NW;NE NW;NE|LongKings=0|ManContJump=0|ManCapKing=0|KingCapMove=1|"
-    "MaxCapMoveKings=1|PiecesOnBlack=0|RemovePieces=0|PromoW=A0C0E0G0I0|PromoB=B1D1F1H1J1";
-constexpr std::string_view RussianRules = "MaxCapMove=0|ManContJumpCrowned=1|ThreeKings=1|NumberKings=15";
-
 TEST(RuleKeys, NameEachFieldOnce) {
     RuleSetFields Rules;
     for (const RuleKey& Key : RuleKeys()) {

@@ -15,15 +15,7 @@ namespace {
 
 using namespace tests;
 
-constexpr const char* Sets[] = {
-    "",
-    "WhiteManMovement=NW;NE NW;NE|BlackManMovement=NW;NE NW;NE|LongKings=0|ManContJump=0|MaxCapMove=0|BlackStarts=1|"
-    "RemovePieces=0",
-    "WhiteManMovement=NW;NE NW;NE|BlackManMovement=NW;NE NW;NE|LongKings=0|ManContJump=0|ManCapKing=0|KingCapMove=1|"
-    "MaxCapMoveKings=1|PiecesOnBlack=0|RemovePieces=0|PromoW=A0C0E0G0I0|PromoB=B1D1F1H1J1",
-    "",
-    "MaxCapMove=0|ManContJumpCrowned=1|ThreeKings=1|NumberKings=15",
-};
+constexpr const char* Sets[] = {"", AmericanRules, ItalianRules, "", RussianRules};
 enum { American = 1, Italian = 2, German = 3, Russian = 4 };
 
 TEST(SpecialGenerators, HaveTheirOwnWays) {

@@ -21,6 +21,15 @@
 
 namespace zonterbrook::tests {
 
+/// The rule sets that have routines of their own; the default rules are the third.
+inline constexpr const char* AmericanRules =
+    "WhiteManMovement=NW;NE NW;NE|BlackManMovement=NW;NE NW;NE|LongKings=0|ManContJump=0|MaxCapMove=0|BlackStarts=1|"
+    "RemovePieces=0";
+inline constexpr const char* ItalianRules =
+    "WhiteManMovement=NW;NE NW;NE|BlackManMovement=NW;NE NW;NE|LongKings=0|ManContJump=0|ManCapKing=0|KingCapMove=1|"
+    "MaxCapMoveKings=1|PiecesOnBlack=0|RemovePieces=0|PromoW=A0C0E0G0I0|PromoB=B1D1F1H1J1";
+inline constexpr const char* RussianRules = "MaxCapMove=0|ManContJumpCrowned=1|ThreeKings=1|NumberKings=15";
+
 /// Chance that falls alike in every run and on every machine.
 class Dice {
 public:
