@@ -1,60 +1,24 @@
 # The helpers that the folders' CMakeLists.txt are written with: a library, an executable, a test.
 # They keep the lists in the folders down to what differs: which sources, and which folders below may be used.
 
-# zonterbrook_add_folder(<folder>): the folder's CMakeLists.txt, if it has one.
-function(zonterbrook_add_folder folder)
-    if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/CMakeLists.txt")
-        add_subdirectory(${folder})
-    endif()
-endfunction()
-
-# zonterbrook_present_sources(<out> <source>...): the listed sources that are there.
-function(zonterbrook_present_sources out)
-    set(present "")
-    foreach(source IN LISTS ARGN)
-        cmake_path(ABSOLUTE_PATH source BASE_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}" OUTPUT_VARIABLE path)
-        if(EXISTS "${path}")
-            list(APPEND present "${source}")
-        else()
-            message(STATUS "zonterbrook: ${path} is not there yet")
-        endif()
-    endforeach()
-    set(${out} "${present}" PARENT_SCOPE)
-endfunction()
-
 # zonterbrook_library(<folder> SOURCES <source>... [LINKS <target>...])
 # The static library zonterbrook_<folder>. LINKS are its row of the include graph: a routine of a folder that is not below
-# this one stays an undefined symbol in this folder's test, which links nothing else. A folder of headers alone becomes an
-# interface library.
+# this one stays an undefined symbol in this folder's test, which links nothing else.
 function(zonterbrook_library folder)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
-    zonterbrook_present_sources(sources ${arg_SOURCES})
-    set(compiled ${sources})
-    list(FILTER compiled INCLUDE REGEX "\\.cpp$")
-    if(compiled)
-        add_library(zonterbrook_${folder} STATIC ${sources})
-        target_link_libraries(zonterbrook_${folder} PUBLIC ${arg_LINKS} PRIVATE zonterbrook_options)
-    else()
-        add_library(zonterbrook_${folder} INTERFACE)
-        target_link_libraries(zonterbrook_${folder} INTERFACE ${arg_LINKS})
-    endif()
+    add_library(zonterbrook_${folder} STATIC ${arg_SOURCES})
+    target_link_libraries(zonterbrook_${folder} PUBLIC ${arg_LINKS} PRIVATE zonterbrook_options)
 endfunction()
 
 # zonterbrook_executable(<name> SOURCES <source>... [LINKS <target>...])
 # The executable bin/<name>, as the target <name> with its hyphens turned to underscores.
 function(zonterbrook_executable name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
-    zonterbrook_present_sources(sources ${arg_SOURCES})
-    if(NOT sources)
-        return()
-    endif()
     string(REPLACE "-" "_" target ${name})
-    add_executable(${target} ${sources})
+    add_executable(${target} ${arg_SOURCES})
     set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name})
     target_link_libraries(${target} PRIVATE ${arg_LINKS} zonterbrook_options)
-    if(TARGET zonterbrook_data)
-        add_dependencies(${target} zonterbrook_data)
-    endif()
+    add_dependencies(${target} zonterbrook_data)
 endfunction()
 
 # zonterbrook_test(<folder> SOURCES <source>... [LINKS <target>...] [TIMEOUT <seconds>])
@@ -62,14 +26,10 @@ endfunction()
 # under ZONTERBROOK_TEST_DATA_DIR, the shipped files under ZONTERBROOK_DATA_DIR and the tree under ZONTERBROOK_SOURCE_DIR.
 function(zonterbrook_test folder)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "SOURCES;LINKS")
-    zonterbrook_present_sources(sources ${arg_SOURCES})
-    if(NOT sources)
-        return()
-    endif()
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 300)
     endif()
-    zonterbrook_test_executable(tests_${folder} ${sources})
+    zonterbrook_test_executable(tests_${folder} ${arg_SOURCES})
     target_link_libraries(tests_${folder} PRIVATE ${arg_LINKS} GTest::gtest_main)
     # Listed when the tests are run and not when they are built: a test that fails to start fails ctest, not the build.
     gtest_discover_tests(tests_${folder} TEST_PREFIX "${folder}." NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST
@@ -80,14 +40,10 @@ endfunction()
 # The same for tests that need an application object and an event loop: they bring their own main and are one test each.
 function(zonterbrook_qt_test folder)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "SOURCES;LINKS")
-    zonterbrook_present_sources(sources ${arg_SOURCES})
-    if(NOT sources)
-        return()
-    endif()
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 300)
     endif()
-    zonterbrook_test_executable(tests_${folder} ${sources})
+    zonterbrook_test_executable(tests_${folder} ${arg_SOURCES})
     set_target_properties(tests_${folder} PROPERTIES AUTOMOC ON)
     target_link_libraries(tests_${folder} PRIVATE ${arg_LINKS} Qt6::Test)
     add_test(NAME ${folder} COMMAND tests_${folder})
