@@ -2,7 +2,8 @@
 //
 // One routine serves the computer's move and the analysis. It plays nothing and records nothing; whoever started it
 // hears of its progress through an observer and finds the results in the state: the root moves on the stack with the
-// best in front, `RootMoves`, `BestScore`, the main line in row 0 of `MainVariantTable`.
+// best in front, `RootMoves` and `BestScore`. The main line stands in row 0 of `MainVariantTable` when a move is
+// accepted; its first entry is cleared again as the next move's search begins.
 #pragma once
 
 #include "engine/state.h"

@@ -4,6 +4,8 @@
 #include "rules/install.h"
 #include "rules/position.h"
 
+#include <algorithm>
+
 namespace zonterbrook::engine {
 
 void ResetEngine(EngineState& State, base::OutsideWorld& World) {
@@ -36,7 +38,9 @@ void StartEngineGame(EngineState& State) {
 }
 
 bool SameRoot(const EngineState& A, const EngineState& B) {
-    return A.Board == B.Board && A.Pieces == B.Pieces && A.Side == B.Side && A.Ply == B.Ply &&
+    // Cell 0 is no playing cell, and taking back under `ManKing` may write to it.
+    const bool SameBoard = std::equal(A.Board.begin() + 1, A.Board.end(), B.Board.begin() + 1);
+    return SameBoard && A.Pieces == B.Pieces && A.Side == B.Side && A.Ply == B.Ply &&
            A.GameMoves == B.GameMoves && A.PiecesInHandWhite == B.PiecesInHandWhite &&
            A.PiecesInHandBlack == B.PiecesInHandBlack && A.Material[0] == B.Material[0] &&
            A.TotalMaterial[0] == B.TotalMaterial[0];
