@@ -117,9 +117,10 @@ constexpr std::array<WeightPlanes<Planes>, BoardCells> MakePlanes(Weight Of) {
     return Table;
 }
 
-constexpr auto PullTable = MakePlanes<PullPlanes>(
+// Constants, but more steps of reckoning than every compiler grants a constexpr.
+const auto PullTable = MakePlanes<PullPlanes>(
     [](int Distance, int Target) { return MaxPull - Distance + (Target == NoEnemyCell ? NoEnemyBias : 0); });
-constexpr auto ThirdTable =
+const auto ThirdTable =
     MakePlanes<ThirdPlanes>([](int Distance, int) { return Distance > MaxPull ? 0 : (MaxPull - Distance) / 3; });
 
 /// Where a colour's pieces have own pieces one step behind them. A piece counts once, and twice more for each of those:

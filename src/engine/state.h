@@ -6,6 +6,7 @@
 #include "base/outside_world.h"
 #include "rules/state.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
@@ -58,7 +59,7 @@ struct PatternSteps {
 struct PatternList {
     std::int32_t Count;
     std::int32_t Faults; ///< 1: a square that the pattern needs is not there
-    base::CheckedArray<PatternSteps, rules::PromotionRows * 64> Steps;
+    base::CheckedArray<PatternSteps, std::size_t{rules::PromotionRows} * 64> Steps;
 };
 
 /// The evaluators, as rows of the tables that are derived for each.
