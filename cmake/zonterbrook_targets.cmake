@@ -47,7 +47,7 @@ function(zonterbrook_qt_test folder)
     set_target_properties(tests_${folder} PROPERTIES AUTOMOC ON)
     target_link_libraries(tests_${folder} PRIVATE ${arg_LINKS} Qt6::Test)
     add_test(NAME ${folder} COMMAND tests_${folder})
-    set_tests_properties(${folder} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    set_tests_properties(${folder} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QTEST_DISABLE_STACK_DUMP=1")
 endfunction()
 
 function(zonterbrook_test_executable target)
