@@ -1,11 +1,10 @@
 // The table of commands, and which event gives and takes which.
-#include "support/quiet_world.h"
+#include "support/view_fixture.h"
 #include "view/commands.h"
 #include "view/state.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <set>
 #include <string>
 
@@ -65,14 +64,10 @@ TEST(Commands, UnknownRowsFault) {
     EXPECT_EQ(CommandId::None, FindCommand("compute"));
 }
 
-class Enabling : public testing::Test {
+class Enabling : public tests::ViewFixture {
 protected:
-    tests::QuietWorld World;
-    std::unique_ptr<ViewState> Owned = std::make_unique<ViewState>();
-    ViewState& State = *Owned;
-
     void SetUp() override {
-        engine::ResetEngine(State, World);
+        ViewFixture::SetUp();
         ResetCommands(State);
     }
     bool Enabled(CommandId Id) const { return State.CommandOf(Id).Enabled; }

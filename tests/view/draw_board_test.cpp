@@ -2,29 +2,23 @@
 #include "rules/moves.h"
 #include "rules/position.h"
 #include "rules/square_names.h"
-#include "support/quiet_world.h"
+#include "support/view_fixture.h"
 #include "view/draw_board.h"
 #include "view/layout.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
 #include <set>
 #include <string>
 
 namespace zonterbrook::view {
 namespace {
 
-class Board : public testing::Test {
+class Board : public tests::ViewFixture {
 protected:
-    tests::QuietWorld World;
-    std::unique_ptr<ViewState> Owned = std::make_unique<ViewState>();
-    ViewState& State = *Owned;
-
     void SetUp() override {
-        engine::ResetEngine(State, World);
-        engine::InstallEngineRules(State);
+        ViewFixture::SetUp();
         LayoutWindow(State);
         DrawBoard(State, 0);
     }

@@ -1,28 +1,17 @@
 // Lists of moves and the texts made from the state.
 #include "rules/square_names.h"
-#include "support/quiet_world.h"
+#include "support/view_fixture.h"
 #include "view/move_lists.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace zonterbrook::view {
 namespace {
 
-class Lists : public testing::Test {
-protected:
-    tests::QuietWorld World;
-    std::unique_ptr<ViewState> Owned = std::make_unique<ViewState>();
-    ViewState& State = *Owned;
-
-    void SetUp() override {
-        engine::ResetEngine(State, World);
-        engine::InstallEngineRules(State);
-    }
-};
+class Lists : public tests::ViewFixture {};
 
 struct LineCase {
     int HalfMove;
