@@ -13,6 +13,8 @@
 #include "view/draw_board.h"
 #include "view/move_lists.h"
 
+#include <algorithm>
+
 namespace zonterbrook::control {
 
 namespace {
@@ -20,7 +22,9 @@ namespace {
 using view::CommandId;
 
 void TurnBoard(GameState& State) {
+    const std::int32_t Touched = State.TouchedSquare; // stays touched, wherever it is shown
     ClearInput(State);
+    State.TouchedSquare = Touched;
     State.BoardTurned = 1 - State.BoardTurned;
     view::DrawBoard(State, 0);
 }
@@ -92,9 +96,10 @@ void Text2_KeyUp(GameState& State, int KeyCode) {
 }
 
 void Text1_KeyUp(GameState& State) {
-    // The comment belongs to the half-move to come.
-    if (State.GameMoves < rules::MaxGameMoves) {
-        State.MoveComment[State.GameMoves + 1] = State.Text1.Text;
+    // The comment belongs to the half-move to come. While a search makes moves of its own, the record ends at its root.
+    const std::int32_t Made = std::min(State.GameMoves, State.MoveCount);
+    if (Made < rules::MaxGameMoves) {
+        State.MoveComment[Made + 1] = State.Text1.Text;
     }
 }
 

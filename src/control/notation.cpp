@@ -133,8 +133,10 @@ void SetNotation(GameState& State, int Mode) {
         State.List1.Selected = Selected;
         State.Label9.Text = ConvertMoves(State, State.Label9.Text, Before, Mode);
         State.StatusText = ConvertMoves(State, State.StatusText, Before, Mode);
-        for (std::string& Line : State.List3.Lines) {
-            Line = ConvertMoves(State, Line, Before, Mode);
+        if (!State.List3.Lines.empty()) {
+            const std::int32_t SelectedRoot = State.List3.Selected;
+            view::ShowRootMoves(State);
+            State.List3.Selected = SelectedRoot;
         }
     }
     view::DrawBoard(State, 0);

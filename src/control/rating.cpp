@@ -51,10 +51,14 @@ LevelFigures WalkRecord(GameState& State) {
     for (int Row = 1; 2 * Row - 1 <= State.GameMoves && Row <= LastRow; ++Row) {
         const GameMoveRowFields& Fields = State.GameMoveRow[Row];
         const struct {
+            int HalfMove;
             const std::string& Code;
             const std::string& First;
-        } Columns[] = {{Fields.FirstSource, First1}, {Fields.SecondSource, First2}};
+        } Columns[] = {{2 * Row - 1, Fields.FirstSource, First1}, {2 * Row, Fields.SecondSource, First2}};
         for (const auto& Column : Columns) {
+            if (Column.HalfMove > State.GameMoves) {
+                break; // taken back
+            }
             if (Column.Code != MovedByFile && Column.Code != Column.First) {
                 if (Column.Code.empty()) {
                     break;

@@ -70,16 +70,6 @@ void StoreEvaluation(GameState& State) {
     State.MoveScores[State.GameMoves] = base::Narrow<std::int16_t>(-Score);
 }
 
-void ReplyToPerson(GameState& State) {
-    view::SetStatus(State, "");
-    State.CancelRequested = 0;
-    State.Thinking = 1;
-    State.Text2.Enabled = false;
-    ComputerMove(State);
-    State.Thinking = 0;
-    view::RefreshMoveChoices(State);
-}
-
 void GiveTurnToOtherPerson(GameState& State) {
     view::SetStatus(State, PlayerPlayerStatus);
     GenerateForInput(State);
@@ -141,7 +131,7 @@ void RecordHumanMove(GameState& State) {
     if (State.PlayMode == view::PlayerPlayer) {
         GiveTurnToOtherPerson(State);
     } else {
-        ReplyToPerson(State);
+        ComputeNow(State);
     }
     State.SourcesShown = 0;
 }

@@ -231,6 +231,16 @@ TEST_F(ComputerMoves, AFaultInMidSearchEndsTheProgramInOrder) {
     EXPECT_FALSE(World.LogIsOpen);
 }
 
+TEST_F(ComputerMoves, ACommentTypedInMidSearchBelongsToTheMoveThatIsThoughtAbout) {
+    State.SearchDepth = 4;
+    State.Text1.Text = "deep";
+    Nodes.OnNode = [&] { control::Text1_KeyUp(State); };
+    Compute();
+    EXPECT_EQ("deep", State.MoveComment[1]);
+    EXPECT_EQ("", State.MoveComment[2]) << "the search makes moves of its own";
+    EXPECT_EQ("", State.MoveComment[4]);
+}
+
 TEST_F(ComputerMoves, ClosingTheWindowInMidSearchWaitsForTheMove) {
     State.SearchDepth = 6;
     State.ConfirmExit = 0;

@@ -218,6 +218,10 @@ TEST_F(Input, TheTouchedPieceMustMoveWhereMovesAreShown) {
     World.ExpectMessage("Error", "Illegal move");
     Drag("f4", "g5");
     EXPECT_EQ(0, State.GameMoves);
+    World.ExpectMessage("Error", "Illegal move");
+    control::RunCommand(State, view::CommandId::Turn);
+    Drag("f4", "g5");
+    EXPECT_EQ(0, State.GameMoves) << "a turn of the board frees nobody";
     Drag("d4", "e5");
     EXPECT_EQ(1, State.GameMoves);
     EXPECT_EQ(0, State.TouchedSquare);

@@ -88,6 +88,18 @@ TEST_F(Ratings, TheComputersMovesBeforeALoadAreAskedInTheFirstColumn) {
     EXPECT_NE(State.RatingSummary.find("in this game was 1600"), std::string::npos) << State.RatingSummary;
 }
 
+TEST_F(Ratings, WhatLiesBehindTheCursorDoesNotCount) {
+    Record(6, "5");
+    State.GameMoves = 3;
+    State.GameMoveRow[2].SecondSource = "2";
+    State.GameMoveRow[3].Level = "9";
+    control::UpdateRating(State, 0.5);
+    EXPECT_EQ(1, State.RatingAllowed) << "the sides changed hands after the cursor";
+    State.GameMoveRow[2].Level = "9";
+    control::UpdateRating(State, 0.5);
+    EXPECT_NE(State.RatingSummary.find("in this game was 1200"), std::string::npos) << State.RatingSummary;
+}
+
 struct CountCase {
     const char* Name;
     void (*Change)(control::GameState& State);

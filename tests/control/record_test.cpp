@@ -10,6 +10,8 @@
 namespace zonterbrook::tests {
 namespace {
 
+using view::CommandId;
+
 class Record : public GameFixture {
 protected:
     void SetUp() override {
@@ -174,6 +176,28 @@ TEST_F(Record, TheReplyComesByItself) {
     control::c_MouseMove(State, Cell("d4"), 0, 10, 10);
     EXPECT_EQ(1, State.SourcesShown) << "the pieces are boxed again";
     ExpectConsistent();
+}
+
+TEST_F(Record, WhoMovesForTheOtherSideChangesSides) {
+    // A new game names the person White, whoever begins.
+    control::RunCommand(State, CommandId::Cplayer);
+    Lay("w c3, w e3, b d8, b f8", rules::Black);
+    ASSERT_EQ("Player", State.WhitePlayerName);
+    Drag("d8", "c7");
+    ASSERT_EQ(2, State.GameMoves);
+    EXPECT_EQ("Computer", State.WhitePlayerName);
+    EXPECT_EQ("Player", State.BlackPlayerName);
+    EXPECT_EQ("Player", State.Label1.Text) << "Black began and stands above";
+}
+
+TEST_F(Record, TheRootMovesAreRewrittenWithoutTheirSquaresChanging) {
+    State.RootMoves[0] = {Square("e9"), Square("f0"), 7};
+    State.RootMoves[1] = {rules::FromHand, Square("a1"), -3};
+    view::ShowRootMoves(State);
+    State.List3.Selected = 1;
+    control::RunCommand(State, CommandId::mnu_Board_Notation_Checkers);
+    EXPECT_EQ((std::vector<std::string>{"8-3         7", "46         -3"}), State.List3.Lines);
+    EXPECT_EQ(1, State.List3.Selected);
 }
 
 } // namespace
