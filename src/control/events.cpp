@@ -3,6 +3,7 @@
 
 #include "control/computer_move.h"
 #include "control/input.h"
+#include "control/keyboard.h"
 #include "control/modes.h"
 #include "control/navigation.h"
 #include "control/new_game.h"
@@ -10,6 +11,7 @@
 #include "control/rating.h"
 #include "control/start.h"
 #include "control/trap.h"
+#include "view/board_cursor.h"
 #include "view/draw_board.h"
 #include "view/move_lists.h"
 
@@ -74,7 +76,10 @@ constexpr CommandRoutine Routines[] = {
 } // namespace
 
 void c_MouseDown(GameState& State, int Index, int Button, int /*X*/, int /*Y*/) {
-    RunTrapped(State, [&] { PressCell(State, Index, Button); });
+    RunTrapped(State, [&] {
+        MouseTakesOver(State, Index);
+        PressCell(State, Index, Button);
+    });
 }
 
 void c_MouseMove(GameState& State, int Index, int /*Button*/, int X, int Y) {
@@ -83,6 +88,30 @@ void c_MouseMove(GameState& State, int Index, int /*Button*/, int X, int Y) {
 
 void c_MouseUp(GameState& State, int Index, int Button, int X, int Y) {
     RunTrapped(State, [&] { ReleaseCell(State, Index, Button, X, Y); });
+}
+
+void c_KeyDown(GameState& State, BoardKey Key) {
+    RunTrapped(State, [&] { PressBoardKey(State, Key); });
+}
+
+void c_KeyUp(GameState& State, BoardKey Key) {
+    RunTrapped(State, [&] { ReleaseBoardKey(State, Key); });
+}
+
+void c_GotFocus(GameState& State, bool ByKeys) {
+    RunTrapped(State, [&] { EnterBoard(State, ByKeys); });
+}
+
+void c_LostFocus(GameState& State) {
+    RunTrapped(State, [&] { LeaveBoard(State); });
+}
+
+void c_Choose(GameState& State, int Index) {
+    RunTrapped(State, [&] { ChooseCell(State, Index); });
+}
+
+std::string c_Text(const GameState& State, int Index) {
+    return view::CellText(State, Index, TakesMoves(State));
 }
 
 void PutBackPiece(GameState& State) {

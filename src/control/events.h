@@ -7,6 +7,7 @@
 #include "control/state.h"
 
 #include <cstdint>
+#include <string>
 
 namespace zonterbrook::control {
 
@@ -19,6 +20,25 @@ inline constexpr int EnterKey = 13;
 void c_MouseDown(GameState& State, int Index, int Button, int X, int Y);
 void c_MouseMove(GameState& State, int Index, int Button, int X, int Y);
 void c_MouseUp(GameState& State, int Index, int Button, int X, int Y);
+
+/// What the keys do on the board.
+enum class BoardKey { Left, Right, Up, Down, Pick, Menu };
+
+/// A key pressed on the board, and `Pick` released: arrows move the cursor, `Pick` takes the piece under it and then
+/// drops it there, `Menu` opens the position editor. All that happens is what the mouse would do on the cursor's cell.
+/// The first arrow of a person who has not used the keys before only shows where the cursor is.
+void c_KeyDown(GameState& State, BoardKey Key);
+void c_KeyUp(GameState& State, BoardKey Key);
+
+/// The board has got the keyboard, by the keyboard itself or otherwise; it has lost it.
+void c_GotFocus(GameState& State, bool ByKeys);
+void c_LostFocus(GameState& State);
+
+/// A helper of the desktop has chosen a cell for the person: the cursor goes there and picks or drops.
+void c_Choose(GameState& State, int Index);
+
+/// What a screen reader says of a cell.
+std::string c_Text(const GameState& State, int Index);
 
 /// Puts the picked piece back where it stood, as the Escape key does.
 void PutBackPiece(GameState& State);

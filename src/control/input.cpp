@@ -281,12 +281,12 @@ bool IsCell(int Index) {
     return Index >= 0 && Index < view::BoardPictures;
 }
 
+} // namespace
+
 // Once a game is over it is gone through, not played on.
 bool TakesMoves(const GameState& State) {
     return State.Thinking == 0 && State.GameEnded == 0;
 }
-
-} // namespace
 
 void ClearInput(GameState& State) {
     ClearDrag(State);

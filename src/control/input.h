@@ -16,6 +16,9 @@ void PressCell(GameState& State, int Index, int Button);
 void MoveOverCell(GameState& State, int Index, int X, int Y);
 void ReleaseCell(GameState& State, int Index, int Button, int X, int Y);
 
+/// Whether a person may move now: the computer rests, and the game is not over.
+bool TakesMoves(const GameState& State);
+
 /// Puts the piece in the hand back.
 void EscapeDrag(GameState& State);
 

@@ -4,6 +4,9 @@
 // their edges are rounded to device pixels one by one, so that neighbours meet without a seam and nothing is resampled.
 #include "ui/board_widget.h"
 
+#include "ui/board_access.h"
+
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -11,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace zonterbrook::ui {
 
@@ -24,6 +28,9 @@ const QColor BoxOnLight(128, 128, 0);
 const QColor FrameLine(46, 27, 13);
 const QColor BandLight(122, 86, 54);
 const QColor BandDark(84, 55, 31);
+const QColor CursorLine(255, 255, 255); // light on dark, so that it stands out from any square and any piece
+const QColor CursorEdge(13, 71, 161);
+constexpr int CursorInset = 5; // inside the highlight
 
 int Pixels(int Twips, int TwipsPerPixel) {
     return static_cast<int>(std::lround(static_cast<double>(Twips) / TwipsPerPixel));
@@ -37,6 +44,35 @@ int ButtonCode(Qt::MouseButtons Buttons) {
     return Buttons.testFlag(Qt::RightButton) ? 2 : 0;
 }
 
+std::optional<control::BoardKey> KeyOfCursor(const QKeyEvent& Event) {
+    using control::BoardKey;
+    const Qt::KeyboardModifiers Held = Event.modifiers() & ~Qt::KeypadModifier;
+    if (Event.key() == Qt::Key_F10 && Held == Qt::ShiftModifier) {
+        return BoardKey::Menu;
+    }
+    if (Held != Qt::NoModifier) {
+        return std::nullopt;
+    }
+    switch (Event.key()) {
+    case Qt::Key_Left:
+        return BoardKey::Left;
+    case Qt::Key_Right:
+        return BoardKey::Right;
+    case Qt::Key_Up:
+        return BoardKey::Up;
+    case Qt::Key_Down:
+        return BoardKey::Down;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        return BoardKey::Pick;
+    case Qt::Key_Menu:
+        return BoardKey::Menu;
+    default:
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 QRect PixelRect(const view::Rectangle& Place, int TwipsPerPixel) {
@@ -48,8 +84,15 @@ QRect PixelRect(const view::Rectangle& Place, int TwipsPerPixel) {
 
 BoardWidget::BoardWidget(QWidget* Parent) : QWidget(Parent) {
     setMouseTracking(true);
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(Qt::StrongFocus);
     setContextMenuPolicy(Qt::PreventContextMenu);
+    QAccessible::installActivationObserver(this);
+    connect(this, &BoardWidget::CellTextChanged, this, [this](int Cell) { TellCellChanged(*this, Cell); });
+    connect(this, &BoardWidget::CursorCame, this, [this](int Cell) { TellCellFocused(*this, Cell); });
+}
+
+BoardWidget::~BoardWidget() {
+    QAccessible::removeActivationObserver(this);
 }
 
 void BoardWidget::PlaceBoard(const view::WindowContents& Contents, int Twips, int Offset) {
@@ -72,7 +115,15 @@ void BoardWidget::Display(const view::WindowContents& Contents) {
         Frame = Contents.BoardFrame;
         update();
     }
+    const bool CursorMoved = Cursor != Contents.CursorCell;
+    if (CursorMoved) {
+        for (const int Cell : {Cursor, Contents.CursorCell}) {
+            update(Cell >= 0 ? CellRect(Cell) : QRect());
+        }
+        Cursor = Contents.CursorCell;
+    }
     ShowPointer();
+    TellScreenReader(CursorMoved);
 }
 
 QRect BoardWidget::CellRect(int Cell) const {
@@ -97,21 +148,29 @@ void BoardWidget::paintEvent(QPaintEvent* Event) {
             PaintCell(Painter, Cell);
         }
     }
+    if (Cursor >= 0) {
+        PaintCursor(Painter, Cursor);
+    }
 }
 
-void BoardWidget::PaintCell(QPainter& Painter, int Cell) {
-    const view::BoardCell& Shown = Cells[Cell];
-    const QRect Area = CellRect(Cell);
-
-    // 1. The picture, on whole device pixels.
+// A picture lies on whole device pixels.
+void BoardWidget::PaintPicture(QPainter& Painter, view::Picture Which, const QRect& Area) {
     const QTransform ToDevice = Painter.deviceTransform();
     const QRectF Exact = ToDevice.mapRect(QRectF(Area));
     const QPoint Corner(qRound(Exact.left()), qRound(Exact.top()));
     const QSize Size(qRound(Exact.right()) - Corner.x(), qRound(Exact.bottom()) - Corner.y());
     if (!Size.isEmpty()) {
         Painter.drawPixmap(ToDevice.inverted().map(QPointF(Corner)),
-                           Pictures.CellPicture(Shown.Shows, Size, devicePixelRatioF()));
+                           Pictures.CellPicture(Which, Size, devicePixelRatioF()));
     }
+}
+
+void BoardWidget::PaintCell(QPainter& Painter, int Cell) {
+    const view::BoardCell& Shown = Cells[Cell];
+    const QRect Area = CellRect(Cell);
+
+    // 1. The picture.
+    PaintPicture(Painter, Shown.Shows, Area);
 
     // 2. The number, with a dark edge so that it can be read on a light square and beside a white man.
     if (Shown.Number != 0) {
@@ -136,6 +195,23 @@ void BoardWidget::PaintCell(QPainter& Painter, int Cell) {
         Painter.setBrush(Qt::NoBrush);
         Painter.drawRect(Inside.adjusted(1, 1, -1, -1));
     }
+}
+
+// The frame of the keyboard's cursor; the piece in the hand goes with it.
+void BoardWidget::PaintCursor(QPainter& Painter, int Cell) {
+    const QRect Area = CellRect(Cell);
+    if (InHand != view::Picture::None) {
+        PaintPicture(Painter, InHand, Area);
+    }
+    const QRectF Inside = QRectF(Area).adjusted(CursorInset, CursorInset, -CursorInset, -CursorInset);
+    constexpr double Corner = 3;
+    Painter.setRenderHint(QPainter::Antialiasing, true);
+    Painter.setBrush(Qt::NoBrush);
+    Painter.setPen(QPen(CursorEdge, 5));
+    Painter.drawRoundedRect(Inside, Corner, Corner);
+    Painter.setPen(QPen(CursorLine, 2));
+    Painter.drawRoundedRect(Inside, Corner, Corner);
+    Painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
 void BoardWidget::PaintFrame(QPainter& Painter) const {
@@ -244,9 +320,86 @@ void BoardWidget::ShowPointer() {
             Wanted = Cell.Pointer;
         }
     }
+    InHand = Wanted;
+    // With the keys the piece goes with the cursor.
+    Wanted = Cursor >= 0 ? view::Picture::None : Wanted;
     if (Wanted != PointerShown) {
         PointerShown = Wanted;
         setCursor(Pictures.Pointer(Wanted, Pixels(Layout.CellSize, TwipsPerPixel), devicePixelRatioF()));
+    }
+}
+
+// --- The keyboard
+// --------------------------------------------------------------------------------------------------------
+
+bool BoardWidget::event(QEvent* Event) {
+    // Keys that are shortcuts elsewhere are the cursor's here.
+    if (Event->type() == QEvent::ShortcutOverride && KeyOfCursor(*static_cast<QKeyEvent*>(Event))) {
+        Event->accept();
+        return true;
+    }
+    return QWidget::event(Event);
+}
+
+void BoardWidget::keyPressEvent(QKeyEvent* Event) {
+    const auto Key = KeyOfCursor(*Event);
+    if (!Key) {
+        QWidget::keyPressEvent(Event);
+        return;
+    }
+    const bool Steps = *Key != control::BoardKey::Pick && *Key != control::BoardKey::Menu;
+    if (Steps || !Event->isAutoRepeat()) {
+        emit KeyReported(*Key, true);
+    }
+}
+
+void BoardWidget::keyReleaseEvent(QKeyEvent* Event) {
+    const auto Key = KeyOfCursor(*Event);
+    if (Key && !Event->isAutoRepeat()) {
+        emit KeyReported(*Key, false);
+        return;
+    }
+    QWidget::keyReleaseEvent(Event);
+}
+
+void BoardWidget::focusInEvent(QFocusEvent* Event) {
+    QWidget::focusInEvent(Event);
+    const Qt::FocusReason Why = Event->reason();
+    emit FocusGained(Why == Qt::TabFocusReason || Why == Qt::BacktabFocusReason || Why == Qt::ShortcutFocusReason);
+}
+
+void BoardWidget::focusOutEvent(QFocusEvent* Event) {
+    QWidget::focusOutEvent(Event);
+    emit FocusLost();
+}
+
+// --- Screen readers
+// ------------------------------------------------------------------------------------------------------
+
+QString BoardWidget::CellText(int Cell) const {
+    return SayCell ? QString::fromStdString(SayCell(Cell)) : QString();
+}
+
+void BoardWidget::accessibilityActiveChanged(bool Active) {
+    ReaderListens = Active;
+    Said.clear();
+}
+
+void BoardWidget::TellScreenReader(bool CursorMoved) {
+    if (!ReaderListens) {
+        return;
+    }
+    Said.resize(view::BoardPictures);
+    for (int Cell = 0; Cell < view::BoardPictures; ++Cell) {
+        QString& Before = Said.at(static_cast<std::size_t>(Cell));
+        const QString Now = CellText(Cell);
+        if (Before != Now) {
+            Before = Now;
+            emit CellTextChanged(Cell);
+        }
+    }
+    if (CursorMoved && Cursor >= 0) {
+        emit CursorCame(Cursor);
     }
 }
 

@@ -1,14 +1,18 @@
 // The board: a hundred cells with their pictures, numbers and highlights, the frame, and the labels along the edges.
 //
-// It paints the window's contents and reports the mouse by cell, in twips, as the handlers want it. It decides nothing.
+// It paints the window's contents and reports the mouse by cell, in twips, as the handlers want it, and the keys that
+// move the cursor. It decides nothing.
 #pragma once
 
+#include "control/events.h"
 #include "ui/artwork.h"
 #include "view/state.h"
 
+#include <QAccessible>
 #include <QRect>
 #include <QWidget>
 
+#include <functional>
 #include <vector>
 
 namespace zonterbrook::ui {
@@ -16,11 +20,12 @@ namespace zonterbrook::ui {
 /// A place given in twips, in pixels of the toolkit.
 QRect PixelRect(const view::Rectangle& Place, int TwipsPerPixel);
 
-class BoardWidget : public QWidget {
+class BoardWidget : public QWidget, private QAccessible::ActivationObserver {
     Q_OBJECT
 
 public:
     explicit BoardWidget(QWidget* Parent = nullptr);
+    ~BoardWidget() override;
 
     /// Shows the board's part of the contents: repaints what differs from what stands there.
     void Display(const view::WindowContents& Contents);
@@ -31,7 +36,24 @@ public:
     /// Where a cell stands in this widget; of a cell of 0 to 99.
     QRect CellRect(int Cell) const;
 
+    /// The cell with the keyboard's cursor; -1 while it is hidden.
+    int CursorCell() const { return Cursor; }
+
+    /// What a screen reader says of a cell comes from `Say`; nothing, before it is set.
+    void SayCellsWith(std::function<std::string(int)> Say) { SayCell = std::move(Say); }
+    QString CellText(int Cell) const;
+
 signals:
+    /// A key of the cursor, pressed or released.
+    void KeyReported(control::BoardKey Key, bool Pressed);
+    void FocusGained(bool ByKeys);
+    void FocusLost();
+    /// A screen reader has chosen a cell for the person.
+    void CellChosen(int Cell);
+    /// While a screen reader listens: a cell reads otherwise than before, the cursor has come to it.
+    void CellTextChanged(int Cell);
+    void CursorCame(int Cell);
+
     /// The mouse on a cell: X and Y in twips from its upper left corner. Moves with a button held, and the release, are
     /// those of the cell where the press was.
     void CellPressed(int Cell, int Button, int X, int Y);
@@ -44,19 +66,32 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* Event) override;
     void mouseMoveEvent(QMouseEvent* Event) override;
     void mouseReleaseEvent(QMouseEvent* Event) override;
+    bool event(QEvent* Event) override;
+    void keyPressEvent(QKeyEvent* Event) override;
+    void keyReleaseEvent(QKeyEvent* Event) override;
+    void focusInEvent(QFocusEvent* Event) override;
+    void focusOutEvent(QFocusEvent* Event) override;
 
 private:
     int CellAt(QPointF Where) const;
     QPoint TwipsIn(int Cell, QPointF Where) const;
     QFont LabelFont() const;
     void PaintCell(QPainter& Painter, int Cell);
+    void PaintCursor(QPainter& Painter, int Cell);
+    void PaintPicture(QPainter& Painter, view::Picture Which, const QRect& Area);
     void PaintFrame(QPainter& Painter) const;
     void PaintLabels(QPainter& Painter) const;
     void ShowPointer();
+    void TellScreenReader(bool CursorMoved);
+    void accessibilityActiveChanged(bool Active) override;
 
     Artwork Pictures;
     base::CheckedArray<view::BoardCell, view::BoardPictures> Cells{};
     std::vector<view::EdgeLabel> EdgeLabels;
+    int Cursor = -1;
+    std::function<std::string(int)> SayCell;
+    bool ReaderListens = QAccessible::isActive();
+    std::vector<QString> Said; // what a screen reader knows of the cells; empty while there is none
     view::LayoutFields Layout;
     view::Rectangle Frame;
     bool FrameShown = false;
@@ -64,6 +99,7 @@ private:
     int UpBy = 0;         // pixels by which everything stands further up than in the layout
     int PressedCell = -1; // the cell that hears of the mouse while a button is held
     view::Picture PointerShown = view::Picture::None;
+    view::Picture InHand = view::Picture::None;
 };
 
 } // namespace zonterbrook::ui

@@ -6,6 +6,7 @@
 #include "ui/main_window.h"
 
 #include "control/events.h"
+#include "ui/board_access.h"
 #include "ui/icons.h"
 
 #include <QApplication>
@@ -34,6 +35,7 @@ MainWindow::MainWindow(ProgramFolders Folders, QWidget* Parent)
       State(std::make_unique<control::GameState>()) {
     setObjectName(QStringLiteral("frmMain"));
     RegisterArt();
+    RegisterBoardAccess();
     setWindowIcon(ProgramIcon());
     BuildMenus();
     BuildToolbar();
@@ -50,7 +52,10 @@ MainWindow::MainWindow(ProgramFolders Folders, QWidget* Parent)
     Board->setFocus();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+    // The board loses the keyboard when it goes, and the state has gone before it.
+    Board->disconnect(this);
+}
 
 // --- Handlers
 // ------------------------------------------------------------------------------------------------------------
@@ -75,6 +80,22 @@ void MainWindow::ConnectControls() {
     });
     connect(Board, &BoardWidget::CellReleased, this, [this](int Cell, int Button, int X, int Y) {
         Dispatch([=](GameState& Game) { control::c_MouseUp(Game, Cell, Button, X, Y); });
+    });
+
+    connect(Board, &BoardWidget::KeyReported, this, [this](control::BoardKey Key, bool Pressed) {
+        Dispatch([=](GameState& Game) { (Pressed ? control::c_KeyDown : control::c_KeyUp)(Game, Key); });
+    });
+    connect(Board, &BoardWidget::CellChosen, this,
+            [this](int Cell) { Dispatch([=](GameState& Game) { control::c_Choose(Game, Cell); }); });
+    Board->SayCellsWith([this](int Cell) { return control::c_Text(*State, Cell); });
+    connect(Board, &BoardWidget::FocusGained, this, [this](bool ByKeys) {
+        // A control that is closed hands the keyboard on as if somebody had pressed Tab.
+        control::c_GotFocus(*State, ByKeys && !Showing);
+        ShowContents();
+    });
+    connect(Board, &BoardWidget::FocusLost, this, [this] {
+        control::c_LostFocus(*State);
+        ShowContents();
     });
 
     // What a person selects or types stands in the widget already: it goes to the state, and to the copy of what is
@@ -129,7 +150,10 @@ void MainWindow::keyPressEvent(QKeyEvent* Event) {
 
 view::CommandId MainWindow::RunPopup(view::CommandId Menu) {
     QMenu* Popup = Menus.at(static_cast<std::size_t>(Menu));
-    const QAction* Chosen = Popup->exec(QCursor::pos());
+    // At the mouse, or beside the square that the keys have chosen.
+    const int Cell = Board->CursorCell();
+    const QPoint Where = Cell >= 0 ? Board->mapToGlobal(Board->CellRect(Cell).center()) : QCursor::pos();
+    const QAction* Chosen = Popup->exec(Where);
     for (const view::CommandRow& Row : view::CommandRows()) {
         if (Chosen != nullptr && ActionOf(Row.Id) == Chosen) {
             return Row.Id;

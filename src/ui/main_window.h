@@ -91,6 +91,7 @@ private:
     std::unique_ptr<control::GameState> State;
     view::WindowContents Shown; // what the widgets show now
     bool EverShown = false;     // whether `Shown` is true of the widgets at all
+    bool Showing = false;       // while the widgets are brought up to date
     bool CloseWanted = false;
     bool EndWanted = false;
     QWidget* Interrupted = nullptr; // the control that had the keyboard when it was disabled

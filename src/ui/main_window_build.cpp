@@ -183,6 +183,11 @@ void MainWindow::BuildControls() {
     Lines->setTextInteractionFlags(Qt::TextSelectableByMouse);
     Progress = new QProgressBar(Inner);
     Progress->setTextVisible(false);
+    // The keyboard goes over the window as the eye does.
+    QWidget* const Row[] = {Board, List1, List2, List3, Text2, Text1};
+    for (std::size_t I = 1; I < std::size(Row); ++I) {
+        setTabOrder(Row[I - 1], Row[I]);
+    }
 }
 
 void MainWindow::BuildStatusBar() {
@@ -248,8 +253,12 @@ void MainWindow::NameControls() {
         Labels.at(I)->setObjectName(QStringLiteral("Label%1").arg(I + 1));
         Labels.at(I)->setAccessibleDescription(About[I]);
     }
+    statusBar()->setAccessibleName(tr("Status"));
+    const QString AboutPanels[] = {tr("Program"), tr("Status of the game"), tr("Opening")};
+    static_assert(std::size(AboutPanels) == std::tuple_size_v<decltype(Panels)>);
     for (std::size_t I = 0; I < Panels.size(); ++I) {
         Panels.at(I)->setObjectName(QStringLiteral("StatusBar1_Panel%1").arg(I + 1));
+        Panels.at(I)->setAccessibleDescription(AboutPanels[I]);
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include <QGuiApplication>
 #include <QLayout>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QSignalBlocker>
 
@@ -61,14 +62,17 @@ private:
 } // namespace
 
 void MainWindow::ShowContents() {
+    if (Showing) {
+        return; // the keyboard has gone from one control to another meanwhile; the board comes last
+    }
     const view::WindowContents& Now = *State;
     if (EverShown && Now == Shown) {
         ShowCommands(); // a click may have ticked an entry that its handler has not
         return;
     }
+    const QScopedValueRollback Busy(Showing, true);
     QWidget* Focused = focusWidget();
     ShowLayout();
-    ShowBoard();
     ShowLists();
     ShowTexts();
     ShowLabels();
@@ -83,6 +87,7 @@ void MainWindow::ShowContents() {
     // The first panel keeps the width of its longest text, or the others would jump when it is cleared.
     Panels.front()->setMinimumWidth(std::max(Panels.front()->minimumWidth(), Panels.front()->sizeHint().width()));
     KeepFocus(Focused);
+    ShowBoard();
     Shown = Now;
     EverShown = true;
 }

@@ -2,6 +2,7 @@
 #include "view/draw_board.h"
 
 #include "rules/cells.h"
+#include "view/board_cursor.h"
 #include "view/layout.h"
 
 #include <array>
@@ -180,6 +181,7 @@ void DrawBoard(ViewState& State, int Mode) {
         Numbers.RowEnds();
     }
     State.KingsOnlyEqual = State.WhiteMaterial == State.BlackMaterial && State.AnyMan == 0 ? 1 : 0;
+    PlaceCursor(State);
     ShowCounters(State);
     DrawEdges(State);
     ShowPlayers(State);

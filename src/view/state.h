@@ -156,6 +156,7 @@ inline constexpr int StatusPanelCount = 3;
 struct WindowContents {
     std::string Caption;
     base::CheckedArray<BoardCell, BoardPictures> Cells{};
+    std::int32_t CursorCell = -1; ///< with the keyboard's frame; -1 while it is hidden
     std::vector<EdgeLabel> EdgeLabels;
     bool FrameShown = false;
     Rectangle BoardFrame;
@@ -253,6 +254,12 @@ struct ViewState : engine::EngineState, SettingsFields, WindowContents {
     std::int32_t BlackMaterial = 0;
     std::int32_t AnyMan = 0;
     std::int32_t KingsOnlyEqual = 0; ///< 1: equal material and no man on the board
+
+    // --- the keyboard's cursor: written through board_cursor.h
+    // ---------------------------------------------------------
+    std::int32_t CursorSquare = 0; ///< 0 until it is first needed
+    bool CursorShown = false;
+    bool KeysOnBoard = false; ///< the person plays on the board with the keys; the mouse ends it
 
     ViewState() : engine::EngineState() {}
 };

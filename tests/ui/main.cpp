@@ -1,5 +1,7 @@
 // The tests of the window: real widgets, real mouse and key events, drawn off screen.
 #include "board_test.h"
+#include "keyboard_test.h"
+#include "screen_reader_test.h"
 #include "window_test.h"
 
 #include <QApplication>
@@ -11,5 +13,12 @@ int main(int Count, char** Words) {
     QApplication::setQuitOnLastWindowClosed(false);
     zonterbrook::tests::BoardTest Board;
     zonterbrook::tests::WindowTest Window;
-    return QTest::qExec(&Board, Count, Words) + QTest::qExec(&Window, Count, Words);
+    zonterbrook::tests::KeyboardTest Keyboard;
+    zonterbrook::tests::ScreenReaderTest ScreenReader;
+    int Failures = 0;
+    for (QObject* Each : {static_cast<QObject*>(&Board), static_cast<QObject*>(&Window),
+                          static_cast<QObject*>(&Keyboard), static_cast<QObject*>(&ScreenReader)}) {
+        Failures += QTest::qExec(Each, Count, Words);
+    }
+    return Failures;
 }

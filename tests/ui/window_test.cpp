@@ -3,14 +3,8 @@
 // Most cases play both sides by hand; the few with the computer use shallow searches, or deep ones that are cancelled.
 #include "window_test.h"
 
-#include "view/draw_board.h"
 #include "view/layout.h"
 
-#include <QApplication>
-#include <QMessageBox>
-#include <QSignalBlocker>
-#include <QTest>
-#include <QTimer>
 #include <QToolButton>
 
 namespace zonterbrook::tests {
@@ -21,92 +15,14 @@ using view::CommandId;
 using view::Highlight;
 using view::Picture;
 
-int SquareNamed(const char* Name) {
-    constexpr int RowLength = 12;
-    const int Row = Name[1] == '0' ? 10 : Name[1] - '0';
-    return (Row + 1) * RowLength + (Name[0] - 'a' + 1);
-}
-
-// Answers the message box that is about to open, and keeps what it said.
-class NextBox : public QObject {
-public:
-    explicit NextBox(QMessageBox::StandardButton Answer) : Button(Answer) {
-        connect(&Timer, &QTimer::timeout, this, [this] {
-            if (auto* Box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                Timer.stop();
-                Title = Box->windowTitle();
-                Text = Box->text();
-                Icon = Box->icon();
-                QTest::mouseClick(Box->button(Button), Qt::LeftButton);
-            }
-        });
-        Timer.start(1);
-    }
-
-    QString Title;
-    QString Text;
-    QMessageBox::Icon Icon = QMessageBox::NoIcon;
-
-private:
-    QMessageBox::StandardButton Button;
-    QTimer Timer;
-};
-
-// Does something as soon as a search has been at work for a while, from within the turns that it gives.
-class InMidSearch : public QObject {
-public:
-    InMidSearch(control::GameState& State, std::function<void()> What) {
-        connect(&Timer, &QTimer::timeout, this, [this, &State, What = std::move(What)] {
-            constexpr int SomeTurns = 5;
-            if (State.SearchActive != 0 && State.NodeCount > 0 && ++Turns == SomeTurns) {
-                Timer.stop();
-                What();
-            }
-        });
-        Timer.start(1);
-    }
-
-    int Turns = 0;
-
-private:
-    QTimer Timer;
-};
-
 } // namespace
 
 void WindowTest::init() {
-    Written = std::make_unique<QTemporaryDir>();
-    QVERIFY(Written->isValid());
-    Window = std::make_unique<ui::MainWindow>(ui::ProgramFolders{ZONTERBROOK_DATA_DIR, Written->path().toStdString()});
-    Game().ConfirmExit = 0;
-    Game().UseSound = 0;
-    Game().FixedDepth = 1;
-    Game().SearchDepth = 1;
-    Window->show();
-    Window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(Window.get()));
+    Open();
 }
 
 void WindowTest::cleanup() {
-    Window.reset();
-    Written.reset();
-}
-
-QPoint WindowTest::Middle(const char* Square) {
-    return Window->BoardOf().CellRect(view::CellOfSquare(Game(), SquareNamed(Square))).center();
-}
-
-void WindowTest::Drag(const char* From, const char* To) {
-    ui::BoardWidget* Board = &Window->BoardOf();
-    QTest::mouseMove(Board, Middle(From));
-    QTest::mousePress(Board, Qt::LeftButton, {}, Middle(From));
-    QTest::mouseMove(Board, Middle(To));
-    QTest::mouseRelease(Board, Qt::LeftButton, {}, Middle(To));
-}
-
-void WindowTest::PlayBothSides() {
-    Window->ActionOf(CommandId::Pplayer)->trigger();
-    QCOMPARE(Game().PlayMode, view::PlayerPlayer);
+    Close();
 }
 
 // --- What is seen
@@ -343,15 +259,24 @@ void WindowTest::ArrowsStepThroughTheGame() {
     Drag("d4", "e5");
     Drag("a7", "b6");
     QCOMPARE(Game().GameMoves, 2);
+    auto* List = Find<ui::LineList>("List2");
+    List->setFocus();
+    QTest::keyClick(List, Qt::Key_Left);
+    QCOMPARE(Game().GameMoves, 1);
+    QTest::keyClick(List, Qt::Key_Right);
+    QCOMPARE(Game().GameMoves, 2);
     ui::BoardWidget* Board = &Window->BoardOf();
     Board->setFocus();
-    QTest::keyClick(Board, Qt::Key_Left);
-    QCOMPARE(Game().GameMoves, 1);
-    QTest::keyClick(Board, Qt::Key_Right);
-    QCOMPARE(Game().GameMoves, 2);
     QTest::keyClick(Board, Qt::Key_Home);
     QCOMPARE(Game().GameMoves, 0);
     QTest::keyClick(Board, Qt::Key_End);
+    QCOMPARE(Game().GameMoves, 2);
+    QTest::keyClick(Board, Qt::Key_Left); // the cursor's here
+    QTest::keyClick(Board, Qt::Key_Left);
+    QCOMPARE(Game().GameMoves, 2);
+    QTest::keyClick(Board, Qt::Key_Left, Qt::AltModifier);
+    QCOMPARE(Game().GameMoves, 1);
+    QTest::keyClick(Board, Qt::Key_Right, Qt::AltModifier);
     QCOMPARE(Game().GameMoves, 2);
     auto* Box = Find<QLineEdit>("Text2");
     Box->setFocus();

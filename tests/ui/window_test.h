@@ -1,16 +1,13 @@
 // The main window with a game in it, driven by mouse and keys as a person would.
 #pragma once
 
-#include "ui/main_window.h"
+#include "window_hands.h"
 
 #include <QObject>
-#include <QTemporaryDir>
-
-#include <memory>
 
 namespace zonterbrook::tests {
 
-class WindowTest : public QObject {
+class WindowTest : public QObject, private WindowHands {
     Q_OBJECT
 
 private slots:
@@ -38,19 +35,6 @@ private slots:
     void EverythingIsNamed();
     void TextsAreReadWhole_data();
     void TextsAreReadWhole();
-
-private:
-    control::GameState& Game() { return Window->GameOf(); }
-    QPoint Middle(const char* Square);
-    void Drag(const char* From, const char* To);
-    void PlayBothSides();
-    template <class Kind>
-    Kind* Find(const char* Name) {
-        return Window->findChild<Kind*>(QLatin1String(Name));
-    }
-
-    std::unique_ptr<QTemporaryDir> Written;
-    std::unique_ptr<ui::MainWindow> Window;
 };
 
 } // namespace zonterbrook::tests
