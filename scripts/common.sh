@@ -2,11 +2,11 @@
 # What run.sh and test.sh share: the packages they need, the check that installs the missing ones, and the build.
 # Sourced by them from the top of the tree; it changes nothing but build/release and, if it must, the system's packages.
 
-# Compiler and build tools; Qt with its SVG plugins; what the tests and benchmarks link; a display and a font for machines
-# that have none.
+# Compiler and build tools; Qt with its SVG plugins and its sounds; what the tests and benchmarks link; a display and a
+# font for machines that have none.
 packages=(
     g++ cmake ninja-build
-    qt6-base-dev qt6-svg-dev libqt6svg6 libgl-dev
+    qt6-base-dev qt6-svg-dev libqt6svg6 qt6-multimedia-dev libgl-dev
     libgtest-dev libbenchmark-dev
     xvfb fonts-dejavu-core
 )

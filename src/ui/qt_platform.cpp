@@ -128,8 +128,8 @@ view::CommandId QtPlatform::ShowPopup(view::CommandId Menu) {
     return Window.RunPopup(Menu);
 }
 
-void QtPlatform::PlaySound(std::string_view /*File*/) {
-    // Silent: the program brings no sounds with it, and a file that is missing is no reason to complain.
+void QtPlatform::PlaySound(std::string_view File) {
+    Sounds.Play(QDir(QString::fromStdString(Folders.Program.string())).filePath(Text(File)));
 }
 
 void QtPlatform::OpenDocument(std::string_view Target) {

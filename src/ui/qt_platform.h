@@ -5,6 +5,7 @@
 #pragma once
 
 #include "control/platform.h"
+#include "ui/sound.h"
 
 #include <QFile>
 
@@ -57,6 +58,7 @@ private:
     MainWindow& Window;
     ProgramFolders Folders;
     QFile Log;
+    SoundPlayer Sounds;
     std::mt19937_64 Chance;
     std::chrono::steady_clock::time_point LastTurn;
 };

@@ -2,6 +2,7 @@
 #include "board_test.h"
 #include "keyboard_test.h"
 #include "screen_reader_test.h"
+#include "sound_test.h"
 #include "window_test.h"
 
 #include <QApplication>
@@ -15,9 +16,11 @@ int main(int Count, char** Words) {
     zonterbrook::tests::WindowTest Window;
     zonterbrook::tests::KeyboardTest Keyboard;
     zonterbrook::tests::ScreenReaderTest ScreenReader;
+    zonterbrook::tests::SoundTest Sound;
     int Failures = 0;
-    for (QObject* Each : {static_cast<QObject*>(&Board), static_cast<QObject*>(&Window),
-                          static_cast<QObject*>(&Keyboard), static_cast<QObject*>(&ScreenReader)}) {
+    for (QObject* Each :
+         {static_cast<QObject*>(&Board), static_cast<QObject*>(&Window), static_cast<QObject*>(&Keyboard),
+          static_cast<QObject*>(&ScreenReader), static_cast<QObject*>(&Sound)}) {
         Failures += QTest::qExec(Each, Count, Words);
     }
     return Failures;
