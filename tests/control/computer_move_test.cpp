@@ -2,6 +2,7 @@
 // meanwhile.
 #include "control/computer_move.h"
 #include "control/modes.h"
+#include "control/record.h"
 #include "engine/root_search.h"
 #include "support/game_fixture.h"
 #include "support/turn_world.h"
@@ -29,19 +30,20 @@ protected:
         State.UseRating = 0;
     }
 
-    std::string Status() const { return State.StatusPanels[view::StatusPanel]; }
-    void Compute() { control::RunCommand(State, CommandId::Compute); }
-    void ExpectOver(std::string_view Text, std::string_view Result) {
-        EXPECT_EQ(1, State.GameEnded);
-        EXPECT_EQ(Text, Status());
-        EXPECT_EQ(Result, State.ResultText);
-        EXPECT_FALSE(State.List2.Enabled);
-        EXPECT_FALSE(view::CanRun(State, CommandId::Compute));
-        EXPECT_FALSE(view::CanRun(State, CommandId::mnu_Play_Cancel));
-        EXPECT_TRUE(view::CanRun(State, CommandId::New1));
-        EXPECT_EQ(0, State.Thinking);
-        EXPECT_EQ(0, State.SearchActive);
-        ExpectConsistent();
+    void Compute() { Run(CommandId::Compute); }
+    void ExpectNames(std::string_view White, std::string_view Black) {
+        EXPECT_EQ(White, State.WhitePlayerName);
+        EXPECT_EQ(Black, State.BlackPlayerName);
+    }
+    // A long game of kings that go back and forth.
+    void PlayUntil(int HalfMoves) {
+        static constexpr std::string_view Moves[] = {"c1d2", "b0c9", "d2c1", "c9b0"};
+        State.ChessDrawRules = 0;
+        Lay("W c1, W g1, w j2, B b0, B h0, b a9");
+        BetweenPersons();
+        while (State.GameMoves < HalfMoves && !HasFatalFailure()) {
+            Play(Moves[State.GameMoves % 4]);
+        }
     }
 };
 
@@ -74,19 +76,13 @@ TEST_F(ComputerMoves, AMoveIsPlayedAndRecorded) {
 
 TEST_F(ComputerMoves, TheComputerTakesTheSideToMoveOver) {
     Compute();
-    EXPECT_EQ("Computer", State.WhitePlayerName);
-    EXPECT_EQ("Player", State.BlackPlayerName);
+    ExpectNames("Computer", "Player");
     Compute();
-    EXPECT_EQ("Player", State.WhitePlayerName);
-    EXPECT_EQ("Computer", State.BlackPlayerName);
-}
-
-TEST_F(ComputerMoves, ASideThatIsTheComputersStaysIt) {
-    Drag("d4", "e5");
-    control::RunCommand(State, CommandId::Moveback);
+    ExpectNames("Player", "Computer");
+    // A side that is the computer's stays it.
+    Run(CommandId::Moveback);
     Compute();
-    EXPECT_EQ("Player", State.WhitePlayerName);
-    EXPECT_EQ("Computer", State.BlackPlayerName);
+    ExpectNames("Player", "Computer");
 }
 
 TEST_F(ComputerMoves, WhatLayAheadIsDropped) {
@@ -94,7 +90,7 @@ TEST_F(ComputerMoves, WhatLayAheadIsDropped) {
         Compute();
     }
     State.MoveComment[4] = "late";
-    control::RunCommand(State, CommandId::First);
+    Run(CommandId::First);
     Nodes.OnNode = [&] { EXPECT_TRUE(State.List1.Lines.empty()) << "still listed while the computer thinks"; };
     Compute();
     EXPECT_EQ(1, State.MoveCount);
@@ -102,27 +98,33 @@ TEST_F(ComputerMoves, WhatLayAheadIsDropped) {
     EXPECT_EQ("", State.MoveComment[4]);
     EXPECT_EQ(0, State.MoveScores[3]);
     EXPECT_EQ("", State.GameMoveRow[1].SecondMove);
-    EXPECT_FALSE(view::CanRun(State, CommandId::MoveForward));
+    ExpectCan(false, {CommandId::MoveForward});
 }
 
 TEST_F(ComputerMoves, TheCalculationIsShown) {
-    State.SearchDepth = 3;
-    Nodes.OnNode = [&] { World.Clock += 1; };
+    State.SearchDepth = 4;
+    std::set<std::string> Seen;
+    Nodes.OnNode = [&] {
+        World.Clock += 1;
+        Seen.insert(Status());
+    };
     Compute();
+    EXPECT_EQ(1U, Seen.count("Thinking... (1)  d4-e5"));
+    EXPECT_EQ(1U, Seen.count("Thinking... (4)  d4-e5"));
+    EXPECT_EQ("", Status());
     const std::string Move = State.List1.Lines[0].substr(6);
     const std::string& Label = State.Label9.Text;
-    EXPECT_EQ(0U, Label.find("Depth: 3   Best: " + Move + "   Score:")) << Label;
-    EXPECT_NE(std::string::npos, Label.find("\nMain: " + Move + " ")) << Label;
-    EXPECT_NE(std::string::npos, Label.find("\nTime: 00:0")) << Label;
-    EXPECT_EQ(27.0, State.Progress.Maximum);
-    EXPECT_EQ(27.0, State.Progress.Value);
+    EXPECT_EQ(0U, Label.find("Depth: 4   Best: " + Move + "   Score:")) << Label;
+    EXPECT_NE(std::string::npos, Label.find("\nTime: 00:")) << Label;
+    EXPECT_EQ(36.0, State.Progress.Maximum);
+    EXPECT_EQ(36.0, State.Progress.Value);
     // The reply that is expected is the second move of the line.
     const std::string Reply = rules::AlgebraicName(State.HintSource) + "-" + rules::AlgebraicName(State.HintDest);
     EXPECT_NE(std::string::npos, Label.find("\nMain: " + Move + " " + Reply + " ")) << Label << " " << Reply;
 }
 
 TEST_F(ComputerMoves, TheCalculationIsNotShownWhenItIsOff) {
-    control::RunCommand(State, CommandId::calculation);
+    Run(CommandId::calculation);
     State.SearchDepth = 3;
     bool Said = false;
     Nodes.OnNode = [&] { Said |= Status() != "Thinking..."; };
@@ -131,16 +133,6 @@ TEST_F(ComputerMoves, TheCalculationIsNotShownWhenItIsOff) {
     EXPECT_FALSE(Said) << "the moves under examination are part of the calculation";
     EXPECT_NE(0, State.HintSource) << "the expected reply is known all the same";
     EXPECT_NE(std::string::npos, World.Log.find("   M:   T: "));
-}
-
-TEST_F(ComputerMoves, TheStatusBarNamesTheMoveUnderExamination) {
-    State.SearchDepth = 4;
-    std::set<std::string> Seen;
-    Nodes.OnNode = [&] { Seen.insert(Status()); };
-    Compute();
-    EXPECT_EQ(1U, Seen.count("Thinking... (1)  d4-e5"));
-    EXPECT_EQ(1U, Seen.count("Thinking... (4)  d4-e5"));
-    EXPECT_EQ("", Status());
 }
 
 TEST_F(ComputerMoves, ASingleMoveIsNotThoughtAbout) {
@@ -152,51 +144,39 @@ TEST_F(ComputerMoves, ASingleMoveIsNotThoughtAbout) {
     EXPECT_EQ(6, State.SearchDepth);
 }
 
-TEST_F(ComputerMoves, ByTimeTheClockStopsTheSearch) {
+TEST_F(ComputerMoves, ByTimeTheClockStopsTheSearchThroughMidnightToo) {
     State.FixedDepth = 0;
     State.TimeLimit = 2;
-    Nodes.OnNode = [&] { World.Clock += 0.001; };
-    const double Before = World.Clock;
-    Compute();
-    EXPECT_EQ(1, State.GameMoves);
-    EXPECT_EQ(0, State.StopAutoPlay) << "the clock's stop is nobody's wish";
-    EXPECT_EQ(0, State.CancelRequested);
-    EXPECT_GE(World.Clock - Before, 2.5);
-    EXPECT_GT(State.MoveDepths[1], 2);
-    EXPECT_EQ(2.0, State.Progress.Maximum);
-    EXPECT_EQ(2.0, State.Progress.Value);
-    EXPECT_EQ("Strength:10   Time:2 sec", State.Label7.Text);
-}
-
-TEST_F(ComputerMoves, TimeRunsThroughMidnight) {
-    State.FixedDepth = 0;
-    State.TimeLimit = 2;
-    World.Clock = 86399;
-    Nodes.OnNode = [&] {
-        World.Clock += 0.001;
-        World.Clock -= World.Clock >= 86400 ? 86400 : 0;
-    };
-    Compute();
-    EXPECT_EQ(1, State.GameMoves);
-    EXPECT_LT(World.Clock, 100.0) << "stopped long after its time";
-    EXPECT_GT(State.MoveDepths[1], 2);
+    double Spent = 0;
+    for (const double Begin : {1000.0, 86399.0}) {
+        World.Clock = Begin;
+        Spent = 0;
+        Nodes.OnNode = [&] {
+            Spent += 0.001;
+            World.Clock += World.Clock >= 86400 ? 0.001 - 86400 : 0.001;
+        };
+        Compute();
+        EXPECT_EQ(0, State.StopAutoPlay) << "the clock's stop is nobody's wish";
+        EXPECT_EQ(0, State.CancelRequested);
+        EXPECT_GE(Spent, 2.0);
+        EXPECT_LT(Spent, 10.0) << "stopped long after its time";
+        EXPECT_GT(State.MoveDepths[State.GameMoves], 2);
+        EXPECT_EQ(2.0, State.Progress.Maximum);
+        EXPECT_EQ(2.0, State.Progress.Value);
+        EXPECT_EQ("Strength:10   Time:2 sec", State.Label7.Text);
+    }
+    EXPECT_EQ(2, State.GameMoves);
 }
 
 TEST_F(ComputerMoves, NothingCanBePressedButCancel) {
     State.SearchDepth = 4;
-    const CommandId Frozen[] = {CommandId::New1,    CommandId::NewVariant, CommandId::Open1,
-                                CommandId::Save,    CommandId::mnuProblem, CommandId::Compute,
-                                CommandId::Analyze, CommandId::First,      CommandId::Moveback,
-                                CommandId::Last,    CommandId::Offerdraw,  CommandId::MoveForward,
-                                CommandId::Resign,  CommandId::Hint,       CommandId::mnu_Play_Ccomputer,
-                                CommandId::Cplayer, CommandId::Pplayer,    CommandId::Options,
-                                CommandId::Turn};
-    int Pressed = 0;
     const auto Look = [&] {
-        for (const CommandId Id : Frozen) {
-            Pressed += view::CanRun(State, Id) ? 1 : 0;
-        }
-        EXPECT_TRUE(view::CanRun(State, CommandId::mnu_Play_Cancel));
+        ExpectCan(false,
+                  {CommandId::New1, CommandId::NewVariant, CommandId::Open1, CommandId::Save, CommandId::mnuProblem,
+                   CommandId::Compute, CommandId::Analyze, CommandId::First, CommandId::Moveback, CommandId::Last,
+                   CommandId::Resign, CommandId::MoveForward, CommandId::Offerdraw, CommandId::Hint, CommandId::Cplayer,
+                   CommandId::Pplayer, CommandId::Options, CommandId::Turn, CommandId::mnu_Play_Ccomputer});
+        ExpectCan(true, {CommandId::mnu_Play_Cancel});
         EXPECT_FALSE(State.Text2.Enabled);
         EXPECT_FALSE(State.List1.Enabled || State.List2.Enabled || State.List3.Enabled);
         EXPECT_EQ(1, State.Thinking);
@@ -204,31 +184,18 @@ TEST_F(ComputerMoves, NothingCanBePressedButCancel) {
     Nodes.OnNode = Look;
     World.OnWait = Look;
     Compute();
-    EXPECT_EQ(0, Pressed);
-    for (const CommandId Id :
-         {CommandId::New1, CommandId::Compute, CommandId::First, CommandId::Moveback, CommandId::Offerdraw,
-          CommandId::Resign, CommandId::Cplayer, CommandId::Pplayer, CommandId::mnu_Play_Ccomputer, CommandId::Turn}) {
-        EXPECT_TRUE(view::CanRun(State, Id)) << view::RowOf(Id).Name;
-    }
-    EXPECT_FALSE(view::CanRun(State, CommandId::mnu_Play_Cancel));
-    EXPECT_FALSE(view::CanRun(State, CommandId::MoveForward));
+    ExpectCan(true, {CommandId::New1, CommandId::Compute, CommandId::First, CommandId::Moveback, CommandId::Offerdraw,
+                     CommandId::Resign, CommandId::Cplayer, CommandId::Pplayer, CommandId::mnu_Play_Ccomputer,
+                     CommandId::Turn});
+    ExpectCan(false, {CommandId::mnu_Play_Cancel, CommandId::MoveForward});
     EXPECT_TRUE(State.Text2.Enabled && State.List1.Enabled && State.List2.Enabled && State.List3.Enabled);
 }
 
 TEST_F(ComputerMoves, BetweenPersonsNobodyCanOfferADrawAfterwards) {
     BetweenPersons();
     Compute();
-    EXPECT_FALSE(view::CanRun(State, CommandId::Offerdraw));
-    EXPECT_FALSE(view::CanRun(State, CommandId::Resign));
-    EXPECT_EQ("Player", State.WhitePlayerName);
-}
-
-TEST_F(ComputerMoves, AFaultInMidSearchEndsTheProgramInOrder) {
-    Nodes.OnNode = [] { throw base::Fault("broken"); };
-    World.ExpectMessage("Error", "broken");
-    Compute();
-    EXPECT_TRUE(World.Ended);
-    EXPECT_FALSE(World.LogIsOpen);
+    ExpectCan(false, {CommandId::Offerdraw, CommandId::Resign});
+    ExpectNames("Player", "Player");
 }
 
 TEST_F(ComputerMoves, ACommentTypedInMidSearchBelongsToTheMoveThatIsThoughtAbout) {
@@ -241,20 +208,26 @@ TEST_F(ComputerMoves, ACommentTypedInMidSearchBelongsToTheMoveThatIsThoughtAbout
     EXPECT_EQ("", State.MoveComment[4]);
 }
 
+TEST_F(ComputerMoves, AFaultInMidSearchEndsTheProgramInOrder) {
+    Nodes.OnNode = [] { throw base::Fault("broken"); };
+    World.ExpectMessage("Error", "broken");
+    Compute();
+    EXPECT_TRUE(World.Ended);
+    EXPECT_FALSE(World.LogIsOpen);
+}
+
 TEST_F(ComputerMoves, ClosingTheWindowInMidSearchWaitsForTheMove) {
     State.SearchDepth = 6;
     State.ConfirmExit = 0;
-    bool MayClose = true;
+    bool Stayed = false;
     Nodes.OnNode = [&] {
         if (Nodes.Nodes == 500) {
-            bool Cancel = false;
-            control::Form_QueryUnload(State, Cancel);
-            MayClose = !Cancel;
+            control::Form_QueryUnload(State, Stayed);
         }
     };
     Compute();
-    EXPECT_FALSE(MayClose);
-    EXPECT_EQ(1, World.Closings);
+    EXPECT_TRUE(Stayed) << "the window went in mid-search";
+    EXPECT_EQ(1, World.Closings) << "and is not told to close afterwards";
     EXPECT_LT(Nodes.Nodes, 600U) << "searched on";
     EXPECT_EQ(1, State.GameMoves);
     ExpectConsistent();
@@ -264,48 +237,48 @@ TEST_F(ComputerMoves, ClosingTheWindowInMidSearchWaitsForTheMove) {
 
 struct ForcedCase {
     const char* Name;
+    const char* Rules;
     const char* Pieces;
     std::int32_t Side;
-    int Depth;
-    int Anti;
-    int KingWin;
+    std::uint8_t Depth;
     const char* Text;
 };
 
-class Forced : public ComputerMoves, public testing::WithParamInterface<ForcedCase> {};
+using Forced = RowsOf<ComputerMoves, ForcedCase>;
 
 TEST_P(Forced, ResultsAreAnnounced) {
     const ForcedCase& Row = GetParam();
-    State.RuleSet.AntiMode = Row.Anti;
-    State.RuleSet.KingWin = static_cast<std::uint8_t>(Row.KingWin);
+    WriteRules(State, Row.Rules);
     Lay(Row.Pieces, Row.Side);
-    State.SearchDepth = static_cast<std::uint8_t>(Row.Depth);
+    State.SearchDepth = Row.Depth;
     Compute();
     EXPECT_EQ(Row.Text, Status());
     EXPECT_EQ(*Row.Text != '\0' ? 1 : 0, State.ForcedAnnounced);
     EXPECT_EQ(0, State.GameEnded);
     // It comes back with the last position, and not before.
-    control::RunCommand(State, CommandId::Moveback);
+    Run(CommandId::Moveback);
     EXPECT_EQ("", Status());
+    Run(CommandId::MoveForward);
+    EXPECT_EQ(*Row.Text != '\0' ? Row.Text : control::StoredDisplay(State, 1), Status());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Forced,
-    testing::Values(
-        ForcedCase{"not_seen_yet", "w c3, b d6", rules::White, 2, 0, 0, ""},
-        ForcedCase{"win_in_two", "w c3, b d6", rules::White, 3, 0, 0, "Computer is winning in 2 moves! "},
-        ForcedCase{"win_in_three", "w e5, b a9, b g9", rules::Black, 5, 0, 0, "Computer is winning in 3 moves! "},
-        ForcedCase{"win_in_four", "W a1, w c3, b f6", rules::White, 7, 0, 0, "Computer is winning in 4 moves! "},
-        ForcedCase{"race_won_in_four", "w c5, b g5", rules::Black, 7, 0, 1, "Computer is winning in 4 moves! "},
-        ForcedCase{"race_lost_in_four", "w c5, b g5", rules::White, 8, 0, 1, "Computer is losing in 4 moves! "},
-        ForcedCase{"loss_in_one", "w c3, b c5", rules::White, 2, 0, 0, "Computer is losing in 1 move! "},
-        ForcedCase{"anti_loss_in_two", "w c3, w e3, b d6", rules::White, 3, 1, 0, "Computer is losing in 2 moves! "}),
-    [](const auto& Info) { return Info.param.Name; });
+constexpr std::int32_t W = rules::White;
+constexpr std::int32_t B = rules::Black;
+
+constexpr ForcedCase ForcedRows[] = {
+    {"not_seen_yet", "", "w c3, b d6", W, 2, ""},
+    {"win_in_two", "", "w c3, b d6", W, 3, "Computer is winning in 2 moves! "},
+    {"win_in_three", "", "w e5, b a9, b g9", B, 5, "Computer is winning in 3 moves! "},
+    {"win_in_four", "", "W a1, w c3, b f6", W, 7, "Computer is winning in 4 moves! "},
+    {"race_won_in_four", "KingWin=1", "w c5, b g5", B, 7, "Computer is winning in 4 moves! "},
+    {"race_lost_in_four", "KingWin=1", "w c5, b g5", W, 8, "Computer is losing in 4 moves! "},
+    {"loss_in_one", "", "w c3, b c5", W, 2, "Computer is losing in 1 move! "},
+    {"anti_loss_in_two", "AntiMode=1", "w c3, w e3, b d6", W, 3, "Computer is losing in 2 moves! "}};
+INSTANTIATE_TEST_SUITE_P(Rows, Forced, testing::ValuesIn(ForcedRows), RowName);
 
 TEST_F(ComputerMoves, AnAnnouncementDoesNotOutliveTheNextMove) {
     Lay("w c3, w a1, b d6, b j8");
     State.StatusText = "Computer is winning in 2 moves! ";
-    State.SearchDepth = 1;
     Compute();
     EXPECT_EQ("", Status());
 }
@@ -314,217 +287,147 @@ TEST_F(ComputerMoves, AnAnnouncementDoesNotOutliveTheNextMove) {
 
 struct EndCase {
     const char* Name;
-    void (*Rules)(control::GameState&);
+    const char* Rules;
     const char* Pieces;
-    std::int32_t Side;
-    int Moves; ///< that the computer still makes
+    int Moves; ///< that the computer still makes, White to move
     const char* Text;
     const char* Result;
+    bool Cancelled = false; ///< before the search has looked at anything
 };
 
-class Ends : public ComputerMoves, public testing::WithParamInterface<EndCase> {};
+using Ends = RowsOf<ComputerMoves, EndCase>;
 
 TEST_P(Ends, AreAnnouncedOnceAfterTheMoveIsSeen) {
     const EndCase& Row = GetParam();
     State.ChessDrawRules = 0;
-    Row.Rules(State);
-    Lay(Row.Pieces, Row.Side);
-    World.ExpectMessage("Congratulations", Row.Text);
+    State.KingVersusKing = 1;
+    WriteRules(State, Row.Rules);
+    Lay(Row.Pieces);
+    State.SearchDepth = 3;
+    World.OnWait = [&] { State.CancelRequested = Row.Cancelled && State.GameMoves == 0 ? 1 : 0; };
+    ExpectCongratulation(Row.Text);
     World.OnMessage = [&] { EXPECT_EQ(static_cast<std::size_t>(Row.Moves), State.List1.Lines.size()); };
     Compute();
     EXPECT_EQ(Row.Moves, State.GameMoves);
+    EXPECT_TRUE(State.HintSource == 0 || std::string_view(Row.Result) != "1-0") << "of a side that can't reply";
     ExpectOver(Row.Text, Row.Result);
 }
 
-void Plain(control::GameState&) {}
-void Anti(control::GameState& State) {
-    State.RuleSet.AntiMode = 1;
-}
-void BlockedIsDraw(control::GameState& State) {
-    State.RuleSet.NoLegalDraw = 1;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Ends,
-    testing::Values(
-        EndCase{"takes_the_last_piece", Plain, "w c3, b d4", rules::White, 1, "Computer wins!", "1-0"},
-        EndCase{"takes_the_last_piece_anti", Anti, "w c3, b d4", rules::White, 1, "Player wins!", "0-1"},
-        EndCase{"blocks", Plain, "w a1, w c1, b a3", rules::White, 1, "Computer wins!", "1-0"},
-        EndCase{"blocks_by_its_only_move_anti", Anti, "w a1, b a3, b c1", rules::White, 1, "Player wins!", "0-1"},
-        EndCase{"blocks_into_a_draw", BlockedIsDraw, "w a1, b a3, b c1", rules::White, 1, "It's a draw!", "1/2-1/2"},
-        EndCase{"is_blocked", Plain, "w a3, b b4, b c5", rules::White, 0, "Player wins!", "0-1"},
-        EndCase{"is_blocked_anti", Anti, "w a3, b b4, b c5", rules::White, 0, "Computer wins!", "1-0"},
-        EndCase{"is_blocked_into_a_draw", BlockedIsDraw, "w a3, b b4, b c5", rules::White, 0, "It's a draw!",
-                "1/2-1/2"},
-        EndCase{"has_no_piece", Plain, "b b4", rules::White, 0, "Player wins!", "0-1"},
-        EndCase{"reaches_the_goal", [](control::GameState& S) { S.RuleSet.KingWin = 1; }, "w c9, b a9", rules::White, 1,
-                "Computer wins!", ""},
-        EndCase{"must_make_a_king_that_loses",
-                [](control::GameState& S) {
-                    S.RuleSet.KingWin = 1;
-                    S.RuleSet.AntiMode = 1;
-                },
-                "w a9, b j8", rules::White, 1, "Player wins!", "1-0"},
-        EndCase{"has_lost_the_race", [](control::GameState& S) { S.RuleSet.KingWin = 1; }, "w a3, B a1, b a9",
-                rules::White, 0, "Player wins!", ""},
-        EndCase{"king_against_king", [](control::GameState& S) { S.KingVersusKing = 1; }, "W c1, B b0", rules::White, 1,
-                "It's a draw! King versus King", "1/2-1/2"}),
-    [](const auto& Info) { return Info.param.Name; });
-
-TEST_F(ComputerMoves, AWinIsSeenThroughACancel) {
-    // The search is stopped before it has looked at anything, and the goal is reached all the same.
-    State.RuleSet.KingWin = 1;
-    Lay("w c9, b a9, b a7");
-    World.OnWait = [&] { State.CancelRequested = State.GameMoves == 0 ? 1 : 0; };
-    World.ExpectMessage("Congratulations", "Computer wins!");
-    State.SearchDepth = 5;
-    Compute();
-    ExpectOver("Computer wins!", "");
-}
+constexpr EndCase EndRows[] = {
+    {"takes_the_last_piece", "", "w c3, w j2, b d4", 1, "Computer wins!", "1-0"},
+    {"takes_the_last_piece_anti", "AntiMode=1", "w c3, b d4", 1, "Player wins!", "0-1"},
+    {"blocks", "", "w a1, w c1, b a3", 1, "Computer wins!", "1-0"},
+    {"blocks_by_its_only_move_anti", "AntiMode=1", "w a1, b a3, b c1", 1, "Player wins!", "0-1"},
+    {"blocks_into_a_draw", "NoLegalDraw=1", "w a1, b a3, b c1", 1, "It's a draw!", "1/2-1/2"},
+    {"is_blocked", "", "w a3, b b4, b c5", 0, "Player wins!", "0-1"},
+    {"is_blocked_anti", "AntiMode=1", "w a3, b b4, b c5", 0, "Computer wins!", "1-0"},
+    {"is_blocked_into_a_draw", "NoLegalDraw=1", "w a3, b b4, b c5", 0, "It's a draw!", "1/2-1/2"},
+    {"has_no_piece", "", "b b4", 0, "Player wins!", "0-1"},
+    {"reaches_the_goal", "KingWin=1", "w c9, b a9", 1, "Computer wins!", ""},
+    {"reaches_the_goal_through_a_cancel", "KingWin=1", "w c9, b a9, b a7", 1, "Computer wins!", "", true},
+    {"must_make_a_king_that_loses", "KingWin=1|AntiMode=1", "w a9, b j8", 1, "Player wins!", "1-0"},
+    {"has_lost_the_race", "KingWin=1", "w a3, B a1, b a9", 0, "Player wins!", ""},
+    {"king_against_king", "", "W c1, B b0", 1, "It's a draw! King versus King", "1/2-1/2"}};
+INSTANTIATE_TEST_SUITE_P(Rows, Ends, testing::ValuesIn(EndRows), RowName);
 
 TEST_F(ComputerMoves, TheLastMovesOfTheLongestGameAreSearchedLikeAnyOther) {
-    State.ChessDrawRules = 0;
     State.SearchDepth = 4;
-    Lay("W c1, W e1, w j2, B b0, B h0, b a9");
-    BetweenPersons();
-    static constexpr std::string_view Moves[] = {"c1d2", "b0c9", "d2c1", "c9b0"};
-    while (State.GameMoves < 998) {
-        const int Before = State.GameMoves;
-        Type(Moves[State.GameMoves % 4]);
-        ASSERT_GT(State.GameMoves, Before);
-    }
+    PlayUntil(998);
     Compute();
     EXPECT_EQ(0, State.GameEnded);
     EXPECT_EQ(0, State.DrawPending) << "later evaluations would answer 0";
-    World.ExpectMessage("Congratulations", "It's a draw!");
+    ExpectCongratulation("It's a draw!");
     Compute();
     EXPECT_EQ(1000, State.GameMoves);
     ExpectOver("It's a draw!", "1/2-1/2");
 }
 
-TEST_F(ComputerMoves, AWinAgainstTheComputerIsRated) {
+TEST_F(ComputerMoves, WinsAndLossesAreRated) {
     State.UseRating = 1;
     Lay("w c3, w a1, b d6");
     Drag("c3", "d4");
     ASSERT_EQ(2, State.GameMoves);
-    World.ExpectMessage("Congratulations", "White wins!  Great game\n\nYour previous rating was 1200\n"
-                                           "The computers' rating in this game was 1700\nYour new rating is 1228\n");
+    ExpectCongratulation("White wins!  Great game\n\nYour previous rating was 1200\n"
+                         "The computers' rating in this game was 1700\nYour new rating is 1228\n");
     DoubleClickMove(State.List2.Lines.at(0));
     EXPECT_EQ(1228, State.Rating);
-}
-
-TEST_F(ComputerMoves, ALossAgainstTheComputerIsRated) {
-    State.UseRating = 1;
+    State.RatingAllowed = 1;
+    State.Rating = 1200;
     Lay("w c3, b d4");
-    World.ExpectMessage("Congratulations", "Computer wins!\n\nYour previous rating was 1200\n"
-                                           "The computers' rating in this game was 1700\nYour new rating is 1198\n");
+    ExpectCongratulation("Computer wins!\n\nYour previous rating was 1200\n"
+                         "The computers' rating in this game was 1700\nYour new rating is 1198\n");
     Compute();
     EXPECT_EQ(1198, State.Rating);
 }
 
-TEST_F(ComputerMoves, NoReplyIsExpectedOfASideWithoutPieces) {
-    Lay("w c3, w j2, b d4");
-    State.SearchDepth = 3;
-    World.ExpectMessage("Congratulations", "Computer wins!");
-    Compute();
-    EXPECT_EQ(0, State.HintSource);
-    EXPECT_EQ(0, State.HintDest);
-}
-
 // --- offers ------------------------------------------------------------------------------------------------------
+
+enum class Answer { NotAsked, No, Yes };
 
 struct OfferCase {
     const char* Name;
-    void (*Change)(control::GameState&);
     double Chance;
-    bool Offers;
+    Answer Asked;
+    std::int32_t AskForDraw = 1;
+    std::int32_t LastOffer = -40;
+    std::int32_t Announced = 0;
+    const char* Pieces = "W c1, W g1, B b0, B h0"; ///< as drawn as can be
 };
 
-class Offers : public ComputerMoves, public testing::WithParamInterface<OfferCase> {
-protected:
-    // A position that is as drawn as can be, and a game that has been going on for long.
-    void LayDrawn() {
-        State.ChessDrawRules = 0;
-        Lay("W c1, W g1, B b0, B h0");
-        State.AskForDraw = 1;
-        State.LastDrawOffer = -40;
-        State.SearchDepth = 1;
-    }
-};
+using Offers = RowsOf<ComputerMoves, OfferCase>;
 
 TEST_P(Offers, AreMadeWhenEverythingAgrees) {
     const OfferCase& Row = GetParam();
-    LayDrawn();
-    Row.Change(State);
+    State.ChessDrawRules = 0;
+    Lay(Row.Pieces);
+    State.AskForDraw = Row.AskForDraw;
+    State.LastDrawOffer = Row.LastOffer;
+    State.ForcedAnnounced = Row.Announced;
     World.Chances = {Row.Chance};
-    if (Row.Offers) {
-        World.ExpectQuestion("Question", "How about a draw?", false);
+    if (Row.Asked != Answer::NotAsked) {
+        World.ExpectQuestion("Question", "How about a draw?", Row.Asked == Answer::Yes);
+    }
+    if (Row.Asked == Answer::Yes) {
+        ExpectCongratulation("It's a draw!");
     }
     Compute();
     EXPECT_EQ(1, State.GameMoves);
-    EXPECT_EQ(0, State.GameEnded);
-    EXPECT_EQ(Row.Offers, State.LastDrawOffer == 1);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Offers,
-    testing::Values(OfferCase{"all_agrees", [](control::GameState&) {}, 0.09, true},
-                    OfferCase{"chance_is_against_it", [](control::GameState&) {}, 0.1, false},
-                    OfferCase{"not_asked_for", [](control::GameState& S) { S.AskForDraw = 0; }, 0.0, false},
-                    OfferCase{"offered_lately", [](control::GameState& S) { S.LastDrawOffer = -39; }, 0.0, false},
-                    OfferCase{"a_result_was_announced", [](control::GameState& S) { S.ForcedAnnounced = 1; }, 0.0,
-                              false}),
-    [](const auto& Info) { return Info.param.Name; });
-
-TEST_F(ComputerMoves, AnOfferTakenEndsTheGame) {
-    Lay("W c1, W g1, B b0, B h0");
-    State.AskForDraw = 1;
-    State.LastDrawOffer = -40;
-    World.Chances = {0.0};
-    World.ExpectQuestion("Question", "How about a draw?", true);
-    World.ExpectMessage("Congratulations", "It's a draw!");
-    Compute();
-    ExpectOver("It's a draw!", "1/2-1/2");
-}
-
-struct FlatCase {
-    const char* Name;
-    std::int16_t Before; ///< the score 78 half-moves ago, less the one now
-    bool HasScore;
-    int Count;
-};
-
-class FlatScores : public ComputerMoves, public testing::WithParamInterface<FlatCase> {};
-
-TEST_P(FlatScores, AreCounted) {
-    const FlatCase& Row = GetParam();
-    State.ChessDrawRules = 0;
-    Lay("W c1, W g1, B b0, B h0, w j2, b a9");
-    // Half-moves of a long game, made with the kings alone.
-    static constexpr std::string_view Moves[] = {"c1d2", "b0c9", "d2c1", "c9b0"};
-    BetweenPersons();
-    while (State.GameMoves < 80) {
-        const int Before = State.GameMoves;
-        Type(Moves[State.GameMoves % 4]);
-        ASSERT_GT(State.GameMoves, Before);
+    EXPECT_EQ(Row.Asked != Answer::NotAsked, State.LastDrawOffer == 1);
+    if (Row.Asked == Answer::Yes) {
+        ExpectOver("It's a draw!", "1/2-1/2");
+    } else {
+        EXPECT_EQ(0, State.GameEnded);
     }
-    State.ScoreFlatCount = 1;
-    State.MoveScores[3] = 0;
+}
+
+constexpr OfferCase OfferRows[] = {{"all_agrees", 0.09, Answer::No},
+                                   {"taken", 0.0, Answer::Yes},
+                                   {"chance_is_against_it", 0.1, Answer::NotAsked},
+                                   {"not_asked_for", 0.0, Answer::NotAsked, 0},
+                                   {"offered_lately", 0.0, Answer::NotAsked, 1, -39},
+                                   {"a_result_was_announced", 0.0, Answer::NotAsked, 1, -40, 1},
+                                   {"men_are_left", 0.0, Answer::NotAsked, 1, -40, 0, "W c1, w g1, B b0, b h0"}};
+INSTANTIATE_TEST_SUITE_P(Rows, Offers, testing::ValuesIn(OfferRows), RowName);
+
+TEST_F(ComputerMoves, FlatScoresAreCounted) {
+    struct FlatRow {
+        int Before; ///< the score 78 half-moves ago, less the one now
+        bool HasScore;
+        int Count;
+    };
+    PlayUntil(80);
     Compute();
     const int Score = State.MoveScores[81];
-    EXPECT_EQ(0, State.ScoreFlatCount) << "no score is no flat one";
-    control::RunCommand(State, CommandId::Moveback);
-    State.ScoreFlatCount = 1;
-    State.MoveScores[3] = static_cast<std::int16_t>(Row.HasScore ? Score + Row.Before : 0);
-    Compute();
-    ASSERT_EQ(81, State.GameMoves);
-    EXPECT_EQ(Row.Count, State.ScoreFlatCount);
+    for (const FlatRow& Row : {FlatRow{99, true, 2}, {100, true, 0}, {-99, true, 2}, {-100, true, 0}, {0, false, 0}}) {
+        Run(CommandId::Moveback);
+        State.ScoreFlatCount = 1;
+        State.MoveScores[3] = static_cast<std::int16_t>(Row.HasScore ? Score + Row.Before : 0);
+        Compute();
+        ASSERT_EQ(81, State.GameMoves);
+        ASSERT_EQ(Score, State.MoveScores[81]);
+        EXPECT_EQ(Row.Count, State.ScoreFlatCount) << Row.Before;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rows, FlatScores,
-                         testing::Values(FlatCase{"hardly_moved", 99, true, 2}, FlatCase{"moved", 100, true, 0},
-                                         FlatCase{"moved_down", -100, true, 0}, FlatCase{"none", 0, false, 0}),
-                         [](const auto& Info) { return Info.param.Name; });
 
 // --- Cancel ------------------------------------------------------------------------------------------------------
 
@@ -532,8 +435,8 @@ TEST_F(ComputerMoves, CancelPlaysTheBestMoveSoFar) {
     State.SearchDepth = 12;
     Nodes.OnNode = [&] {
         if (Nodes.Nodes == 3000) {
-            control::RunCommand(State, CommandId::mnu_Play_Cancel);
-            EXPECT_FALSE(view::CanRun(State, CommandId::mnu_Play_Cancel)) << "once is enough";
+            Run(CommandId::mnu_Play_Cancel);
+            ExpectCan(false, {CommandId::mnu_Play_Cancel});
         }
     };
     Compute();
@@ -549,13 +452,22 @@ TEST_F(ComputerMoves, CancelBeforeAnythingIsKnownPlaysTheFirstMove) {
     const std::string First = State.List2.Lines.at(0);
     State.SearchDepth = 5;
     State.BestScore = 17;
-    World.OnWait = [&] { control::RunCommand(State, CommandId::mnu_Play_Cancel); };
+    World.OnWait = [&] { Run(CommandId::mnu_Play_Cancel); };
     Compute();
     ASSERT_EQ(1, State.GameMoves);
     EXPECT_EQ("   1. " + First, State.List1.Lines[0]);
     EXPECT_EQ(0, State.MoveScores[1]) << "what an unwinding search says of it";
     EXPECT_EQ(1, State.StopAutoPlay);
     EXPECT_EQ(0, State.CancelRequested);
+}
+
+TEST_F(ComputerMoves, AnOldCancelDoesNotStopTheNextSearchAndNoneIsAskedForWithoutOne) {
+    control::mnu_Play_Cancel_Click(State);
+    EXPECT_EQ(0, State.CancelRequested);
+    State.CancelRequested = 1;
+    State.SearchDepth = 3;
+    Compute();
+    EXPECT_EQ(3, State.MoveDepths[1]);
 }
 
 TEST_F(ComputerMoves, WithoutABookTheGameGoesOn) {
@@ -567,34 +479,17 @@ TEST_F(ComputerMoves, WithoutABookTheGameGoesOn) {
     EXPECT_NE('b', State.List1.Lines[0].back());
 }
 
-TEST_F(ComputerMoves, CancelWithoutASearchDoesNothing) {
-    control::mnu_Play_Cancel_Click(State);
-    EXPECT_EQ(0, State.CancelRequested);
-}
-
-TEST_F(ComputerMoves, AnOldCancelDoesNotStopTheNextSearch) {
-    State.CancelRequested = 1;
-    State.SearchDepth = 3;
-    Compute();
-    EXPECT_EQ(3, State.MoveDepths[1]);
-}
-
-class Stopped : public ComputerMoves, public testing::WithParamInterface<const char*> {};
+using Stopped = RowsOf<ComputerMoves, const char*>;
 
 // Some hundred searches, each stopped at another node, over positions of a game.
 TEST_P(Stopped, SearchesLeaveTheRootExactly) {
-    State.VariantName = GetParam();
-    control::NewGame(State);
-    State.MoveLimitChoice = 1;
+    PlayVariant(GetParam());
     engine::RootObserver Nobody;
     const auto Before = std::make_unique<control::GameState>();
     std::uint64_t StopAt = 1;
     for (int Position = 0; Position < 8 && State.GameEnded == 0; ++Position) {
         for (int I = 0; I < 40; ++I, StopAt = StopAt % 1900 + 37) {
             rules::GenerateGameMoves(State);
-            if (rules::MoveCountOfPly(State) < 2) {
-                break;
-            }
             *Before = State;
             engine::PrepareSearch(State);
             Nodes.Nodes = 0;
@@ -614,11 +509,7 @@ INSTANTIATE_TEST_SUITE_P(Variants, Stopped,
                          testing::Values("International Checkers", "Frisian Draughts", "American Checkers 10x10",
                                          "Italian Checkers 10x10", "Russian Checkers 10x10", "Giveaway Checkers 10x10",
                                          "Breakthrough Draughts", "Dameo 10x10", "Turncoats", "Reserves"),
-                         [](const auto& Info) {
-                             std::string Name = Info.param;
-                             std::erase(Name, ' ');
-                             return Name;
-                         });
+                         TextName);
 
 } // namespace
 } // namespace zonterbrook::tests

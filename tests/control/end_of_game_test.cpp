@@ -4,9 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
-#include <vector>
 
 namespace zonterbrook::tests {
 namespace {
@@ -19,40 +17,19 @@ constexpr const char* ThreeToOne = "W e1, W c1, W a1, B f0";
 constexpr const char* TwoToOne = "W e1, W c1, B f0";
 constexpr std::string_view BackAndForth[] = {"e1d2", "f0g9", "d2e1", "g9f0"};
 
-using RuleSetter = void (*)(control::GameState&);
-
-class EndOfGame : public GameFixture {
+class EndOfGame : public PersonsFixture {
 protected:
     void SetUp() override {
-        GameFixture::SetUp();
-        BetweenPersons();
+        PersonsFixture::SetUp();
         State.ChessDrawRules = 0;
     }
 
     // Plays until the game ends or so many half-moves have been made; returns how many were.
     int Shuffle(int HalfMoves) {
-        while (State.GameMoves < HalfMoves && State.GameEnded == 0) {
-            const int Before = State.GameMoves;
-            Type(BackAndForth[State.GameMoves % 4]);
-            if (State.GameMoves == Before) {
-                ADD_FAILURE() << "stuck at half-move " << Before;
-                break;
-            }
+        while (State.GameMoves < HalfMoves && State.GameEnded == 0 && !HasFatalFailure()) {
+            Play(BackAndForth[State.GameMoves % 4]);
         }
         return State.GameMoves;
-    }
-
-    void ExpectOver(std::string_view Status, std::string_view Result) {
-        EXPECT_EQ(1, State.GameEnded);
-        EXPECT_EQ(Result, State.ResultText);
-        EXPECT_EQ(Status, State.StatusPanels[view::StatusPanel]);
-        EXPECT_FALSE(State.List2.Enabled);
-        for (const CommandId Id : {CommandId::Compute, CommandId::Offerdraw, CommandId::Resign, CommandId::Hint,
-                                   CommandId::mnu_Play_Ccomputer, CommandId::Analyze}) {
-            EXPECT_FALSE(view::CanRun(State, Id)) << view::RowOf(Id).Name;
-        }
-        EXPECT_TRUE(view::CanRun(State, CommandId::New1));
-        ExpectConsistent();
     }
 };
 
@@ -61,76 +38,57 @@ protected:
 struct DrawCase {
     const char* Name;
     const char* Pieces;
-    RuleSetter Rules;
+    const char* Rules;
     int HalfMoves; ///< after which the game ends, or as many as are played without its ending
     int Code;      ///< what the rule says then
     const char* Text;
+    std::uint8_t ChessDrawRules = 0;
 };
 
-class DrawRules : public EndOfGame, public testing::WithParamInterface<DrawCase> {};
+using DrawRules = RowsOf<EndOfGame, DrawCase>;
 
 TEST_P(DrawRules, EndTheGameOnlyWhenInForce) {
     const DrawCase& Row = GetParam();
-    Row.Rules(State);
+    WriteRules(State, Row.Rules);
+    State.ChessDrawRules = Row.ChessDrawRules;
     Lay(Row.Pieces);
-    if (*Row.Text != '\0') {
-        World.ExpectMessage("Congratulations", Row.Text);
+    const bool Ends = *Row.Text != '\0';
+    if (Ends) {
+        ExpectCongratulation(Row.Text);
     }
-    EXPECT_EQ(Row.HalfMoves, Shuffle(*Row.Text != '\0' ? 200 : Row.HalfMoves));
+    EXPECT_EQ(Row.HalfMoves, Shuffle(Ends ? 200 : Row.HalfMoves));
     EXPECT_EQ(Row.Code, State.DrawCode);
-    if (*Row.Text != '\0') {
+    EXPECT_EQ(Ends ? 1 : 0, State.GameEnded);
+    if (Ends) {
         ExpectOver(Row.Text, "1/2-1/2");
-    } else {
-        EXPECT_EQ(0, State.GameEnded);
-        EXPECT_EQ("", State.ResultText);
     }
-}
-
-void SetThreeKings(control::GameState& State, bool InForce, int Moves) {
-    State.RuleSet.ThreeKings = InForce ? 1 : 0;
-    State.RuleSet.NumberKings = static_cast<decltype(State.RuleSet.NumberKings)>(Moves);
-}
-void SetTwoKings(control::GameState& State, bool InForce, int Moves) {
-    State.RuleSet.TwoKings = InForce ? 1 : 0;
-    State.RuleSet.NumberKings2 = static_cast<decltype(State.RuleSet.NumberKings2)>(Moves);
 }
 
 constexpr const char* ThreeText = "It's a draw! 3 Kings versus 1 King";
 constexpr const char* TwoText = "It's a draw! 2 Kings versus 1 King";
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, DrawRules,
-    testing::Values(
-        // The start position is in nobody's record, so it counts from its first return on.
-        DrawCase{"third_time", KingsAndMen, [](control::GameState& S) { S.ChessDrawRules = 1; }, 9, 1,
-                 "It's a draw! Triple Repetition"},
-        DrawCase{"third_time_off", KingsAndMen, [](control::GameState&) {}, 9, 1, ""},
-        DrawCase{"second_time_is_none", KingsAndMen, [](control::GameState& S) { S.ChessDrawRules = 1; }, 8, 0, ""},
-        DrawCase{"three_kings_at_once", ThreeToOne, [](control::GameState& S) { SetThreeKings(S, true, 0); }, 2, 4,
-                 ThreeText},
-        DrawCase{"three_kings_one_move", ThreeToOne, [](control::GameState& S) { SetThreeKings(S, true, 1); }, 2, 4,
-                 ThreeText},
-        DrawCase{"three_kings_two_moves", ThreeToOne, [](control::GameState& S) { SetThreeKings(S, true, 2); }, 4, 4,
-                 ThreeText},
-        DrawCase{"three_kings_five_moves", ThreeToOne, [](control::GameState& S) { SetThreeKings(S, true, 5); }, 10, 4,
-                 ThreeText},
-        DrawCase{"three_kings_off", ThreeToOne, [](control::GameState& S) { SetThreeKings(S, false, 1); }, 7, 0, ""},
-        DrawCase{"three_kings_are_not_two", ThreeToOne, [](control::GameState& S) { SetTwoKings(S, true, 1); }, 7, 0,
-                 ""},
-        DrawCase{"two_kings", TwoToOne, [](control::GameState& S) { SetTwoKings(S, true, 3); }, 6, 5, TwoText},
-        DrawCase{"two_kings_off", TwoToOne, [](control::GameState& S) { SetTwoKings(S, false, 3); }, 7, 0, ""},
-        DrawCase{"a_man_is_no_king_ending", "W e1, w j2, B f0", [](control::GameState& S) { SetTwoKings(S, true, 1); },
-                 7, 0, ""}),
-    [](const auto& Info) { return Info.param.Name; });
+constexpr DrawCase DrawRows[] = {
+    // The start position is in nobody's record, so it counts from its first return on.
+    {"third_time", KingsAndMen, "", 9, 1, "It's a draw! Triple Repetition", 1},
+    {"third_time_off", KingsAndMen, "", 9, 1, ""},
+    {"second_time_is_none", KingsAndMen, "", 8, 0, "", 1},
+    {"three_kings_at_once", ThreeToOne, "ThreeKings=1|NumberKings=0", 2, 4, ThreeText},
+    {"three_kings_one_move", ThreeToOne, "ThreeKings=1|NumberKings=1", 2, 4, ThreeText},
+    {"three_kings_two_moves", ThreeToOne, "ThreeKings=1|NumberKings=2", 4, 4, ThreeText},
+    {"three_kings_five_moves", ThreeToOne, "ThreeKings=1|NumberKings=5", 10, 4, ThreeText},
+    {"three_kings_off", ThreeToOne, "ThreeKings=0|NumberKings=1", 7, 0, ""},
+    {"three_kings_are_not_two", ThreeToOne, "TwoKings=1|NumberKings2=1", 7, 0, ""},
+    {"two_kings", TwoToOne, "TwoKings=1|NumberKings2=3", 6, 5, TwoText},
+    {"two_kings_off", TwoToOne, "TwoKings=0|NumberKings2=3", 7, 0, ""},
+    {"a_man_is_no_king_ending", "W e1, w j2, B f0", "TwoKings=1|NumberKings2=1", 7, 0, ""}};
+INSTANTIATE_TEST_SUITE_P(Rows, DrawRules, testing::ValuesIn(DrawRows), RowName);
 
 TEST_F(EndOfGame, TheCountOfAnEndingBeginsWhereItArose) {
-    SetTwoKings(State, true, 2);
+    WriteRules(State, "TwoKings=1|NumberKings2=2");
     Lay("W e1, W c1, w c3, B f0, b d4");
-    Type("c3e5");
+    Play("c3e5");
     EXPECT_EQ(0, State.TwoKingsStart) << "a man stands";
-    Type("f0d8");
-    Type("e1d2");
-    Type("d8f0");
+    Play("f0d8 e1d2 d8f0");
     EXPECT_EQ(0, State.DrawCode);
 }
 
@@ -148,7 +106,7 @@ struct LimitCase {
     int HalfMoves;
 };
 
-class MoveLimits : public EndOfGame, public testing::WithParamInterface<LimitCase> {};
+using MoveLimits = RowsOf<EndOfGame, LimitCase>;
 
 TEST_P(MoveLimits, CountHalfMovesWithoutCaptureOrPromotion) {
     const LimitCase& Row = GetParam();
@@ -158,70 +116,48 @@ TEST_P(MoveLimits, CountHalfMovesWithoutCaptureOrPromotion) {
     EXPECT_EQ(1, State.DrawCode) << "reached too early";
     // In force only now: the repetition, which has long been there, gives way to the limit.
     State.ChessDrawRules = 1;
-    World.ExpectMessage("Congratulations", "It's a draw! 50 Moves Rule");
+    ExpectCongratulation("It's a draw! 50 Moves Rule");
     Shuffle(Row.HalfMoves);
     ExpectOver("It's a draw! 50 Moves Rule", "1/2-1/2");
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, MoveLimits,
-                         testing::Values(LimitCase{0, 64}, LimitCase{1, 100}, LimitCase{2, 32}, LimitCase{3, 40},
-                                         LimitCase{4, 80}, LimitCase{5, 100}),
-                         [](const auto& Info) { return "choice_" + std::to_string(Info.param.Choice); });
+constexpr LimitCase LimitRows[] = {{0, 64}, {1, 100}, {2, 32}, {3, 40}, {4, 80}, {5, 100}};
+INSTANTIATE_TEST_SUITE_P(Rows, MoveLimits, testing::ValuesIn(LimitRows));
 
 struct IrreversibleCase {
     const char* Name;
     const char* Pieces;
-    std::vector<std::string_view> Moves;
+    const char* Moves;
     int Limit; ///< the half-move at which the limit of 32 is reached
 };
 
-class Irreversible : public EndOfGame, public testing::WithParamInterface<IrreversibleCase> {};
+using Irreversible = RowsOf<EndOfGame, IrreversibleCase>;
 
 TEST_P(Irreversible, MovesBeginTheCountAnew) {
     const IrreversibleCase& Row = GetParam();
     State.MoveLimitChoice = 2;
     Lay(Row.Pieces);
-    for (const std::string_view Move : Row.Moves) {
-        Type(Move);
-    }
-    ASSERT_EQ(static_cast<int>(Row.Moves.size()), State.GameMoves);
+    Play(Row.Moves);
     Shuffle(Row.Limit - 1);
     EXPECT_NE(2, State.DrawCode);
     Shuffle(Row.Limit);
     EXPECT_EQ(2, State.DrawCode);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Irreversible,
-    testing::Values(
-        IrreversibleCase{"capture", "W e1, w j2, w c3, b d4, B f0, b a9", {"c3e5", "a9b8", "e5f6", "b8a7"}, 33},
-        IrreversibleCase{"promotion", "W e1, w j2, w c9, B f0, b a9", {"c9b0", "a9b8", "j2i3", "b8a7"}, 33},
-        IrreversibleCase{"a_mans_step_does_not", "W e1, w j2, B f0, b a9", {"j2i3", "a9b8", "i3h4", "b8a7"}, 32}),
-    [](const auto& Info) { return Info.param.Name; });
-
-TEST_F(EndOfGame, KingAgainstKing) {
-    State.KingVersusKing = 1;
-    Lay("W c1, B h0");
-    World.ExpectMessage("Congratulations", "It's a draw! King versus King");
-    Type("c1d2");
-    ExpectOver("It's a draw! King versus King", "1/2-1/2");
-}
-
-TEST_F(EndOfGame, KingAgainstKingIsPlayedOnWhenTheRuleIsOff) {
-    Lay("W c1, B h0");
-    Type("c1d2");
-    EXPECT_EQ(3, State.DrawCode);
-    EXPECT_EQ(0, State.GameEnded);
-}
+constexpr IrreversibleCase IrreversibleRows[] = {
+    {"capture", "W e1, w j2, w c3, b d4, B f0, b a9", "c3e5 a9b8 e5f6 b8a7", 33},
+    {"promotion", "W e1, w j2, w c9, B f0, b a9", "c9b0 a9b8 j2i3 b8a7", 33},
+    {"a_mans_step_does_not", "W e1, w j2, B f0, b a9", "j2i3 a9b8 i3h4 b8a7", 32}};
+INSTANTIATE_TEST_SUITE_P(Rows, Irreversible, testing::ValuesIn(IrreversibleRows), RowName);
 
 TEST_F(EndOfGame, ACaptureThatWaitsIsMadeBeforeKingAgainstKingIsDrawn) {
     State.KingVersusKing = 1;
     Lay("W c3, B h0");
-    Type("c3b4");
+    Play("c3b4");
     EXPECT_EQ(3, State.DrawCode);
     EXPECT_EQ(0, State.GameEnded);
-    World.ExpectMessage("Congratulations", "Black wins!");
-    Type("h0a3");
+    ExpectCongratulation("Black wins!");
+    Play("h0a3");
     ExpectOver("Black wins!", "0-1");
 }
 
@@ -229,92 +165,64 @@ TEST_F(EndOfGame, KingAgainstKingOverwritesLimitAndRepetition) {
     Lay("W e1, B f0");
     Shuffle(101);
     EXPECT_EQ(3, State.DrawCode);
+    EXPECT_EQ(0, State.GameEnded) << "a rule that is not in force";
 }
 
-// --- wins --------------------------------------------------------------------------------------------------------
+// --- ends by one move --------------------------------------------------------------------------------------------
 
 struct WinCase {
     const char* Name;
-    RuleSetter Rules;
+    const char* Rules;
     const char* Pieces;
     const char* Move; ///< White's
     const char* Text;
     const char* Result;
+    std::uint8_t KingVersusKing = 0;
 };
 
-class Wins : public EndOfGame, public testing::WithParamInterface<WinCase> {};
+using Wins = RowsOf<EndOfGame, WinCase>;
 
-TEST_P(Wins, AreAnnounced) {
+TEST_P(Wins, AreAnnouncedOnceTheMoveHasBeenSeen) {
     const WinCase& Row = GetParam();
-    Row.Rules(State);
+    WriteRules(State, Row.Rules);
+    State.KingVersusKing = Row.KingVersusKing;
     Lay(Row.Pieces);
-    World.ExpectMessage("Congratulations", Row.Text);
+    ExpectCongratulation(Row.Text);
     const double Before = World.Waited;
+    World.OnWait = [&] {
+        ExpectCan(false, {CommandId::New1, CommandId::Moveback});
+        EXPECT_FALSE(State.Text2.Enabled);
+        EXPECT_NE(0, State.Thinking);
+    };
     World.OnMessage = [&] {
         EXPECT_EQ(0.5, World.Waited - Before) << "the last move must be seen first";
         EXPECT_EQ(Row.Result, State.ResultText);
     };
     Type(Row.Move);
     ExpectOver(Row.Text, Row.Result);
+    EXPECT_TRUE(State.Text2.Enabled);
 }
 
 constexpr const char* LastPiece = "w c3, b d4";
 constexpr const char* Blocked = "w a1, w c1, b a3";
 
-void Plain(control::GameState&) {}
-void Anti(control::GameState& State) {
-    State.RuleSet.AntiMode = 1;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Wins,
-    testing::Values(WinCase{"last_piece_taken", Plain, LastPiece, "c3e5", "White wins!", "1-0"},
-                    WinCase{"last_piece_taken_anti", Anti, LastPiece, "c3e5", "Black wins!", "0-1"},
-                    WinCase{"blocked", Plain, Blocked, "a1b2", "White wins!", "1-0"},
-                    WinCase{"blocked_anti", Anti, Blocked, "a1b2", "Black wins!", "0-1"},
-                    WinCase{"blocked_is_a_draw", [](control::GameState& S) { S.RuleSet.NoLegalDraw = 1; }, Blocked,
-                            "a1b2", "It's a draw!", "1/2-1/2"},
-                    WinCase{"no_piece_is_no_blocked_side", [](control::GameState& S) { S.RuleSet.NoLegalDraw = 1; },
-                            LastPiece, "c3e5", "White wins!", "1-0"},
-                    // A goal reached leaves both sides with pieces and moves, and the result is not told by them.
-                    WinCase{"first_king", [](control::GameState& S) { S.RuleSet.KingWin = 1; }, "w c9, b a9", "c9d0",
-                            "White wins!", ""},
-                    WinCase{"first_king_loses",
-                            [](control::GameState& S) {
-                                S.RuleSet.KingWin = 1;
-                                S.RuleSet.AntiMode = 1;
-                            },
-                            "w c9, b a9", "c9d0", "Black wins!", "1-0"},
-                    WinCase{"king_comes_home", [](control::GameState& S) { S.RuleSet.WinAtPromo = 1; }, "W c3, b a9",
-                            "c3a1", "White wins!", ""},
-                    WinCase{"few_pieces", [](control::GameState& S) { S.RuleSet.NumberPieces = 2; },
-                            "w c3, w a1, w i1, b d4, b a9, b c9", "c3e5", "White wins!", ""},
-                    WinCase{"a_rule_that_is_off_draws_nothing", [](control::GameState& S) { S.RuleSet.KingWin = 1; },
-                            "W c9, B j2", "c9d0", "White wins!", ""},
-                    WinCase{"a_rule_in_force_goes_before_the_goal",
-                            [](control::GameState& S) {
-                                S.RuleSet.KingWin = 1;
-                                S.KingVersusKing = 1;
-                            },
-                            "W c9, B j2", "c9d0", "It's a draw! King versus King", "1/2-1/2"}),
-    [](const auto& Info) { return Info.param.Name; });
-
-TEST_F(EndOfGame, NothingCanBePressedWhileTheLastMoveIsShown) {
-    Lay(LastPiece);
-    bool Looked = false;
-    World.OnWait = [&] {
-        Looked = true;
-        EXPECT_FALSE(view::CanRun(State, CommandId::New1));
-        EXPECT_FALSE(view::CanRun(State, CommandId::Moveback));
-        EXPECT_FALSE(State.Text2.Enabled);
-        EXPECT_NE(0, State.Thinking);
-    };
-    World.ExpectMessage("Congratulations", "White wins!");
-    Type("c3e5");
-    EXPECT_TRUE(Looked);
-    EXPECT_EQ(0, State.Thinking);
-    EXPECT_TRUE(State.Text2.Enabled);
-}
+constexpr WinCase WinRows[] = {
+    {"last_piece_taken", "", LastPiece, "c3e5", "White wins!", "1-0"},
+    {"last_piece_taken_anti", "AntiMode=1", LastPiece, "c3e5", "Black wins!", "0-1"},
+    {"blocked", "", Blocked, "a1b2", "White wins!", "1-0"},
+    {"blocked_anti", "AntiMode=1", Blocked, "a1b2", "Black wins!", "0-1"},
+    {"blocked_is_a_draw", "NoLegalDraw=1", Blocked, "a1b2", "It's a draw!", "1/2-1/2"},
+    {"no_piece_is_no_blocked_side", "NoLegalDraw=1", LastPiece, "c3e5", "White wins!", "1-0"},
+    // A goal reached leaves both sides with pieces and moves, and the result is not told by them.
+    {"first_king", "KingWin=1", "w c9, b a9", "c9d0", "White wins!", ""},
+    {"first_king_loses", "KingWin=1|AntiMode=1", "w c9, b a9", "c9d0", "Black wins!", "1-0"},
+    {"king_comes_home", "WinAtPromo=1", "W c3, b a9", "c3a1", "White wins!", ""},
+    {"few_pieces", "NumberPieces=2", "w c3, w a1, w i1, b d4, b a9, b c9", "c3e5", "White wins!", ""},
+    {"king_against_king", "", "W c1, B h0", "c1d2", "It's a draw! King versus King", "1/2-1/2", 1},
+    {"a_rule_that_is_off_draws_nothing", "KingWin=1", "W c9, B j2", "c9d0", "White wins!", ""},
+    {"a_rule_in_force_goes_before_the_goal", "KingWin=1", "W c9, B j2", "c9d0", "It's a draw! King versus King",
+     "1/2-1/2", 1}};
+INSTANTIATE_TEST_SUITE_P(Rows, Wins, testing::ValuesIn(WinRows), RowName);
 
 TEST_F(EndOfGame, APositionThatGoesOnIsLeftAlone) {
     const auto Before = std::make_unique<control::GameState>(State);
@@ -338,7 +246,7 @@ struct ResultCase {
     const char* Result;
 };
 
-class Results : public EndOfGame, public testing::WithParamInterface<ResultCase> {};
+using Results = RowsOf<EndOfGame, ResultCase>;
 
 TEST_P(Results, FollowPiecesMovesAndWhoBegan) {
     const ResultCase& Row = GetParam();
@@ -354,25 +262,25 @@ TEST_P(Results, FollowPiecesMovesAndWhoBegan) {
 constexpr const char* WhiteBlocked = "w a3, b b4, b c5";
 constexpr const char* BlackBlocked = "b a3, w b2, w c1";
 constexpr const char* Undecided = "w a3, b a9";
+constexpr std::int32_t W = rules::White;
+constexpr std::int32_t B = rules::Black;
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Results,
-    testing::Values(ResultCase{"no_white", "b d4", rules::White, 0, 0, "0-1"},
-                    ResultCase{"no_white_black_began", "b d4", rules::White, 1, 0, "1-0"},
-                    ResultCase{"no_white_anti", "b d4", rules::White, 0, 1, "1-0"},
-                    ResultCase{"no_black", "w d4", rules::Black, 0, 0, "1-0"},
-                    ResultCase{"no_black_black_began", "w d4", rules::Black, 1, 0, "0-1"},
-                    ResultCase{"no_black_black_began_anti", "w d4", rules::Black, 1, 1, "1-0"},
-                    ResultCase{"white_blocked", WhiteBlocked, rules::White, 0, 0, "0-1"},
-                    ResultCase{"white_blocked_black_began", WhiteBlocked, rules::White, 1, 0, "1-0"},
-                    ResultCase{"white_blocked_anti", WhiteBlocked, rules::White, 0, 1, "1-0"},
-                    ResultCase{"black_blocked", BlackBlocked, rules::Black, 0, 0, "1-0"},
-                    ResultCase{"black_blocked_black_began", BlackBlocked, rules::Black, 1, 0, "0-1"},
-                    ResultCase{"black_blocked_anti", BlackBlocked, rules::Black, 0, 1, "0-1"},
-                    ResultCase{"undecided", Undecided, rules::White, 0, 0, ""},
-                    ResultCase{"undecided_anti", Undecided, rules::White, 0, 1, "1-0"},
-                    ResultCase{"undecided_anti_black_began", Undecided, rules::Black, 1, 1, "1-0"}),
-    [](const auto& Info) { return Info.param.Name; });
+constexpr ResultCase ResultRows[] = {{"no_white", "b d4", W, 0, 0, "0-1"},
+                                     {"no_white_black_began", "b d4", W, 1, 0, "1-0"},
+                                     {"no_white_anti", "b d4", W, 0, 1, "1-0"},
+                                     {"no_black", "w d4", B, 0, 0, "1-0"},
+                                     {"no_black_black_began", "w d4", B, 1, 0, "0-1"},
+                                     {"no_black_black_began_anti", "w d4", B, 1, 1, "1-0"},
+                                     {"white_blocked", WhiteBlocked, W, 0, 0, "0-1"},
+                                     {"white_blocked_black_began", WhiteBlocked, W, 1, 0, "1-0"},
+                                     {"white_blocked_anti", WhiteBlocked, W, 0, 1, "1-0"},
+                                     {"black_blocked", BlackBlocked, B, 0, 0, "1-0"},
+                                     {"black_blocked_black_began", BlackBlocked, B, 1, 0, "0-1"},
+                                     {"black_blocked_anti", BlackBlocked, B, 0, 1, "0-1"},
+                                     {"undecided", Undecided, W, 0, 0, ""},
+                                     {"undecided_anti", Undecided, W, 0, 1, "1-0"},
+                                     {"undecided_anti_black_began", Undecided, B, 1, 1, "1-0"}};
+INSTANTIATE_TEST_SUITE_P(Rows, Results, testing::ValuesIn(ResultRows), RowName);
 
 } // namespace
 } // namespace zonterbrook::tests

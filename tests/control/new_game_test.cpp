@@ -9,18 +9,30 @@ namespace {
 
 using view::CommandId;
 
-class NewGames : public GameFixture {};
+class NewGames : public GameFixture {
+protected:
+    void ExpectMen(int Each) {
+        EXPECT_EQ(Each, rules::PiecesOf(State, rules::White).Count());
+        EXPECT_EQ(Each, rules::PiecesOf(State, rules::Black).Count());
+    }
+    void Begin(bool Yes) {
+        World.ExpectQuestion("Confirmation", "Quit current game?", Yes);
+        Run(CommandId::New1);
+    }
+};
 
-TEST_F(NewGames, ForgetWhatWasPlayed) {
+TEST_F(NewGames, ForgetWhatWasPlayedUnlessTheAnswerIsNo) {
     BetweenPersons();
     State.Text1.Text = "note";
     control::Text1_KeyUp(State);
     Drag("d4", "e5");
-    Press("e7");
     State.DrawCode = 3;
     State.ThreeKingsStart = 5;
-    World.ExpectQuestion("Confirmation", "Quit current game?", true);
-    control::RunCommand(State, CommandId::New1);
+    Begin(false);
+    EXPECT_EQ(1, State.GameMoves);
+    EXPECT_EQ(1U, State.List1.Lines.size());
+    Press("e7");
+    Begin(true);
     EXPECT_EQ(0, State.GameMoves);
     EXPECT_EQ(0, State.MoveCount);
     EXPECT_EQ(0, State.GameStarted);
@@ -33,41 +45,29 @@ TEST_F(NewGames, ForgetWhatWasPlayed) {
     EXPECT_EQ(State.StartBoard, State.Board);
     EXPECT_EQ(rules::White, State.Side);
     EXPECT_EQ(view::Picture::dark_white_man, CellOn("d4").Shows);
-    EXPECT_FALSE(State.CommandOf(CommandId::Moveback).Enabled);
+    ExpectCan(false, {CommandId::Moveback});
     EXPECT_EQ("Player", State.BlackPlayerName) << "two persons stay two persons";
     ExpectConsistent();
 }
 
-TEST_F(NewGames, AreNotBegunOnANo) {
-    BetweenPersons();
-    Drag("d4", "e5");
-    World.ExpectQuestion("Confirmation", "Quit current game?", false);
-    control::RunCommand(State, CommandId::New1);
-    EXPECT_EQ(1, State.GameMoves);
-    EXPECT_EQ(1U, State.List1.Lines.size());
-}
-
 TEST_F(NewGames, AskNothingBeforeTheFirstMove) {
     State.UseSound = 1;
-    control::RunCommand(State, CommandId::New1);
+    Run(CommandId::New1);
     EXPECT_EQ((std::vector<std::string>{"sounds/roll.wav"}), World.Sounds);
 }
 
 TEST_F(NewGames, AfterAResultEverythingIsOpenAgain) {
     BetweenPersons();
-    control::RunCommand(State, CommandId::Cplayer);
     Lay("w c3, b d4");
-    BetweenPersons();
-    World.ExpectMessage("Congratulations", "White wins!");
+    ExpectCongratulation("White wins!");
     Type("c3e5");
     ASSERT_EQ(1, State.GameEnded);
-    World.ExpectQuestion("Confirmation", "Quit current game?", true);
-    control::RunCommand(State, CommandId::New1);
+    Begin(true);
     EXPECT_EQ(0, State.GameEnded);
     EXPECT_EQ("", State.ResultText);
     EXPECT_TRUE(State.List2.Enabled);
-    EXPECT_TRUE(State.CommandOf(CommandId::Compute).Enabled);
-    EXPECT_EQ(20, rules::PiecesOf(State, rules::White).Count()) << "the laid position is gone";
+    ExpectCan(true, {CommandId::Compute});
+    ExpectMen(20);
 }
 
 struct LotCase {
@@ -75,67 +75,58 @@ struct LotCase {
     std::int32_t Side;
 };
 
-class Lots : public NewGames, public testing::WithParamInterface<LotCase> {};
+using Lots = RowsOf<NewGames, LotCase>;
 
 TEST_P(Lots, DecideWhoBegins) {
+    const bool Black = GetParam().Side == rules::Black;
     State.RuleSet.RndColor = 1;
     World.Chances = {GetParam().Chance};
-    control::RunCommand(State, CommandId::New1);
+    Run(CommandId::New1);
     EXPECT_EQ(GetParam().Side, State.Side);
-    EXPECT_EQ(GetParam().Side == rules::Black ? "Black moves" : "White moves", State.StatusPanels[view::StatusPanel]);
-    EXPECT_EQ(GetParam().Side == rules::Black ? "Black" : "White", State.Label3.Text);
+    EXPECT_EQ(Black ? "Black moves" : "White moves", Status());
+    EXPECT_EQ(Black ? "Black" : "White", State.Label3.Text);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, Lots,
-                         testing::Values(LotCase{0.0, rules::White}, LotCase{0.49, rules::White},
-                                         LotCase{0.5, rules::Black}, LotCase{0.99, rules::Black}));
+constexpr LotCase LotRows[] = {{0.0, rules::White}, {0.49, rules::White}, {0.5, rules::Black}, {0.99, rules::Black}};
+INSTANTIATE_TEST_SUITE_P(Rows, Lots, testing::ValuesIn(LotRows));
 
 struct RemovalCase {
     std::uint8_t Number;
     int Left;
 };
 
-class Removals : public NewGames, public testing::WithParamInterface<RemovalCase> {};
+using Removals = RowsOf<NewGames, RemovalCase>;
 
 TEST_P(Removals, LeaveOneManAtLeast) {
     State.RuleSet.RemoveMen = 1;
     State.RuleSet.NumberMen = GetParam().Number;
-    control::RunCommand(State, CommandId::New1);
-    EXPECT_EQ(GetParam().Left, rules::PiecesOf(State, rules::White).Count());
-    EXPECT_EQ(GetParam().Left, rules::PiecesOf(State, rules::Black).Count());
+    Run(CommandId::New1);
+    ExpectMen(GetParam().Left);
     EXPECT_EQ(State.Board, State.StartBoard);
     EXPECT_EQ(0, State.RatingAllowed);
     EXPECT_EQ(200 * GetParam().Left, State.TotalMaterial[0]);
     EXPECT_EQ(rules::White, State.Side);
     ExpectConsistent();
-}
-
-INSTANTIATE_TEST_SUITE_P(Rows, Removals,
-                         testing::Values(RemovalCase{0, 20}, RemovalCase{3, 17}, RemovalCase{19, 1}, RemovalCase{20, 1},
-                                         RemovalCase{255, 1}));
-
-TEST_F(NewGames, AfterARemovalTheNextGameHasAllItsMen) {
-    State.RuleSet.RemoveMen = 1;
-    State.RuleSet.NumberMen = 5;
-    control::RunCommand(State, CommandId::New1);
     State.RuleSet.RemoveMen = 0;
-    control::RunCommand(State, CommandId::New1);
-    EXPECT_EQ(20, rules::PiecesOf(State, rules::White).Count());
+    Run(CommandId::New1);
+    ExpectMen(20);
     EXPECT_EQ(1, State.RatingAllowed);
 }
 
+constexpr RemovalCase RemovalRows[] = {{0, 20}, {3, 17}, {19, 1}, {20, 1}, {255, 1}};
+INSTANTIATE_TEST_SUITE_P(Rows, Removals, testing::ValuesIn(RemovalRows));
+
 TEST_F(NewGames, AutomaticMovesAreInTheRecordAsIfLoaded) {
-    State.RuleSet.DoMoves = 1;
-    State.RuleSet.NumberMoves = 5;
-    control::RunCommand(State, CommandId::New1);
+    WriteRules(State, "DoMoves=1|NumberMoves=5");
+    Run(CommandId::New1);
     EXPECT_EQ(5, State.GameMoves);
     EXPECT_EQ(5U, State.List1.Lines.size());
-    EXPECT_EQ("3", State.GameMoveRow[3].FirstSource);
+    EXPECT_EQ(control::MovedByFile, State.GameMoveRow[3].FirstSource);
     EXPECT_EQ(rules::Black, State.Side);
     EXPECT_EQ("Player", State.BlackPlayerName) << "the person is to move";
     EXPECT_EQ("Computer", State.WhitePlayerName);
-    EXPECT_TRUE(State.CommandOf(CommandId::Moveback).Enabled);
-    control::RunCommand(State, CommandId::First);
+    ExpectCan(true, {CommandId::Moveback});
+    Run(CommandId::First);
     EXPECT_EQ(State.StartBoard, State.Board);
     ExpectConsistent();
 }

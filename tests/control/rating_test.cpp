@@ -1,4 +1,4 @@
-// The rating: what a game is worth, which games count, and what is said.
+// The rating: what a game is worth, which games count, and what is said; draw offers and resignation.
 #include "control/rating.h"
 #include "support/game_fixture.h"
 
@@ -18,11 +18,15 @@ protected:
         State.GameStarted = 1;
         State.GameMoves = HalfMoves;
         State.MoveCount = HalfMoves;
-        for (int HalfMove = 1; HalfMove <= HalfMoves; ++HalfMove) {
-            control::GameMoveRowFields& Row = State.GameMoveRow[(HalfMove + 1) / 2];
-            (HalfMove % 2 == 1 ? Row.FirstSource : Row.SecondSource) = HalfMove % 2 == 1 ? "2" : "1";
-            Row.Level = Level;
+        for (int Row = 1; 2 * Row <= HalfMoves; ++Row) {
+            State.GameMoveRow[Row].FirstSource = control::MovedByPerson;
+            State.GameMoveRow[Row].SecondSource = control::MovedByComputer;
+            State.GameMoveRow[Row].Level = Level;
         }
+    }
+    void ExpectComputerRating(std::string_view Rating) const {
+        const std::string Line = "\nThe computers' rating in this game was " + std::string(Rating) + "\n";
+        EXPECT_NE(std::string::npos, State.RatingSummary.find(Line)) << State.RatingSummary;
     }
 };
 
@@ -35,32 +39,28 @@ struct EloCase {
     const char* ComputerRating;
 };
 
-class Elo : public Ratings, public testing::WithParamInterface<EloCase> {};
+using Elo = RowsOf<Ratings, EloCase>;
 
 TEST_P(Elo, FollowsExpectationAndFactor) {
     Record(4, GetParam().Level);
     State.Rating = GetParam().Before;
     control::UpdateRating(State, GetParam().Score);
     EXPECT_EQ(GetParam().After, State.Rating);
-    EXPECT_NE(
-        State.RatingSummary.find("The computers' rating in this game was " + std::string(GetParam().ComputerRating)),
-        std::string::npos)
-        << State.RatingSummary;
+    ExpectComputerRating(GetParam().ComputerRating);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, Elo,
-                         testing::Values(EloCase{"win_over_an_equal", 1200, "5", 1, 1215, "1200"},
-                                         EloCase{"loss_to_an_equal", 1200, "5", 0, 1185, "1200"},
-                                         EloCase{"draw_with_an_equal", 1200, "5", 0.5, 1200, "1200"},
-                                         EloCase{"level_three_is_worth_1000", 1000, "3", 1, 1015, "1000"},
-                                         EloCase{"a_weaker_one_is_worth_less", 1600, "5", 1, 1603, "1200"},
-                                         EloCase{"below_2000_thirty", 1999, "10", 0, 1974, "1700"},
-                                         // 400 points ahead: expected 10/11 of a point.
-                                         EloCase{"at_2000_thirty", 2000, "9", 0, 1973, "1600"},
-                                         EloCase{"at_2100_twenty_five", 2100, "10", 0, 2077, "1700"},
-                                         EloCase{"at_2400_ten", 2400, "10", 0, 2390, "1700"},
-                                         EloCase{"above_2400_ten", 2500, "10", 0, 2490, "1700"}),
-                         [](const auto& Info) { return std::string(Info.param.Name); });
+constexpr EloCase EloRows[] = {{"win_over_an_equal", 1200, "5", 1, 1215, "1200"},
+                               {"loss_to_an_equal", 1200, "5", 0, 1185, "1200"},
+                               {"draw_with_an_equal", 1200, "5", 0.5, 1200, "1200"},
+                               {"level_three_is_worth_1000", 1000, "3", 1, 1015, "1000"},
+                               {"a_weaker_one_is_worth_less", 1600, "5", 1, 1603, "1200"},
+                               {"below_2000_thirty", 1999, "10", 0, 1974, "1700"},
+                               // 400 points ahead: expected 10/11 of a point.
+                               {"at_2000_thirty", 2000, "9", 0, 1973, "1600"},
+                               {"at_2100_twenty_five", 2100, "10", 0, 2077, "1700"},
+                               {"at_2400_ten", 2400, "10", 0, 2390, "1700"},
+                               {"above_2400_ten", 2500, "10", 0, 2490, "1700"}};
+INSTANTIATE_TEST_SUITE_P(Rows, Elo, testing::ValuesIn(EloRows), RowName);
 
 TEST_F(Ratings, SayWhatTheyWereAndAre) {
     Record(4, "5");
@@ -74,67 +74,57 @@ TEST_F(Ratings, AnAverageOfLevelsCounts) {
     Record(4, "3");
     State.GameMoveRow[2].Level = "4";
     control::UpdateRating(State, 0.5);
-    EXPECT_NE(State.RatingSummary.find("in this game was 1050"), std::string::npos) << State.RatingSummary;
+    ExpectComputerRating("1050");
 }
 
 TEST_F(Ratings, TheComputersMovesBeforeALoadAreAskedInTheFirstColumn) {
     // The person's half-moves of the first two rows come from a file, the computer's were made here: its levels there
     // don't count, and only the third row's does.
     Record(6, "1");
-    State.GameMoveRow[1].FirstSource = "3";
-    State.GameMoveRow[2].FirstSource = "3";
+    State.GameMoveRow[1].FirstSource = control::MovedByFile;
+    State.GameMoveRow[2].FirstSource = control::MovedByFile;
     State.GameMoveRow[3].Level = "9";
     control::UpdateRating(State, 0.5);
-    EXPECT_NE(State.RatingSummary.find("in this game was 1600"), std::string::npos) << State.RatingSummary;
+    ExpectComputerRating("1600");
 }
 
-TEST_F(Ratings, WhatLiesBehindTheCursorDoesNotCount) {
+TEST_F(Ratings, WhatLiesAheadOfTheCursorDoesNotCount) {
     Record(6, "5");
     State.GameMoves = 3;
-    State.GameMoveRow[2].SecondSource = "2";
+    State.GameMoveRow[2].SecondSource = control::MovedByPerson;
+    State.GameMoveRow[2].Level = "9";
     State.GameMoveRow[3].Level = "9";
     control::UpdateRating(State, 0.5);
     EXPECT_EQ(1, State.RatingAllowed) << "the sides changed hands after the cursor";
-    State.GameMoveRow[2].Level = "9";
-    control::UpdateRating(State, 0.5);
-    EXPECT_NE(State.RatingSummary.find("in this game was 1200"), std::string::npos) << State.RatingSummary;
+    ExpectComputerRating("1200");
 }
 
 struct CountCase {
     const char* Name;
-    void (*Change)(control::GameState& State);
+    const char* Columns; ///< who made the half-moves of each column, a digit for each row
+    std::uint8_t UseRating = 1;
+    std::int32_t Allowed = 1;
 };
 
-class Uncounted : public Ratings, public testing::WithParamInterface<CountCase> {};
+using Uncounted = RowsOf<Ratings, CountCase>;
 
 TEST_P(Uncounted, ChangeNothing) {
     Record(6, "5");
-    GetParam().Change(State);
+    for (int Row = 1; Row <= 3; ++Row) {
+        State.GameMoveRow[Row].FirstSource = GetParam().Columns[Row - 1];
+        State.GameMoveRow[Row].SecondSource = GetParam().Columns[Row + 3];
+    }
+    State.UseRating = GetParam().UseRating;
+    State.RatingAllowed = GetParam().Allowed;
     control::UpdateRating(State, 1);
     EXPECT_EQ(1200, State.Rating);
     EXPECT_EQ("", State.RatingSummary);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Uncounted,
-    testing::Values(CountCase{"not_wanted", [](control::GameState& State) { State.UseRating = 0; }},
-                    CountCase{"not_allowed", [](control::GameState& State) { State.RatingAllowed = 0; }},
-                    CountCase{"between_persons",
-                              [](control::GameState& State) {
-                                  for (int Row = 1; Row <= 3; ++Row) {
-                                      State.GameMoveRow[Row].SecondSource = "2";
-                                  }
-                              }},
-                    CountCase{"all_from_a_file",
-                              [](control::GameState& State) {
-                                  for (int Row = 1; Row <= 3; ++Row) {
-                                      State.GameMoveRow[Row].FirstSource = "3";
-                                      State.GameMoveRow[Row].SecondSource = "3";
-                                  }
-                              }},
-                    CountCase{"sides_changed_hands",
-                              [](control::GameState& State) { State.GameMoveRow[3].FirstSource = "1"; }}),
-    [](const auto& Info) { return std::string(Info.param.Name); });
+constexpr CountCase CountRows[] = {{"not_wanted", "222 111", 0},       {"not_allowed", "222 111", 1, 0},
+                                   {"between_persons", "222 222"},     {"all_from_a_file", "333 333"},
+                                   {"sides_changed_hands", "221 111"}, {"computer_gave_its_side_away", "222 112"}};
+INSTANTIATE_TEST_SUITE_P(Rows, Uncounted, testing::ValuesIn(CountRows), RowName);
 
 struct ComplimentCase {
     const char* Name;
@@ -145,7 +135,7 @@ struct ComplimentCase {
     const char* Text;
 };
 
-class Compliments : public Ratings, public testing::WithParamInterface<ComplimentCase> {};
+using Compliments = RowsOf<Ratings, ComplimentCase>;
 
 TEST_P(Compliments, AreGreatUnlessTheComputerWasOnceAhead) {
     Record(GetParam().HalfMoves, "5");
@@ -154,53 +144,37 @@ TEST_P(Compliments, AreGreatUnlessTheComputerWasOnceAhead) {
     EXPECT_EQ(GetParam().Text, control::GameCompliment(State));
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, Compliments,
-                         testing::Values(ComplimentCase{"never_ahead", 5, 2, 3, 199, "  Great game"},
-                                         ComplimentCase{"two_men_ahead", 5, 2, 3, 200, "  Good game"},
-                                         ComplimentCase{"the_winners_own_move", 5, 3, 3, 500, "  Great game"},
-                                         ComplimentCase{"looked_one_ply_only", 5, 2, 1, 500, "  Great game"},
-                                         ComplimentCase{"last_mover_won_as_second", 4, 1, 2, 500, "  Good game"}),
-                         [](const auto& Info) { return std::string(Info.param.Name); });
+constexpr ComplimentCase ComplimentRows[] = {{"never_ahead", 5, 2, 3, 199, "  Great game"},
+                                             {"two_men_ahead", 5, 2, 3, 200, "  Good game"},
+                                             {"the_winners_own_move", 5, 3, 3, 500, "  Great game"},
+                                             {"looked_one_ply_only", 5, 2, 1, 500, "  Great game"},
+                                             {"last_mover_won_as_second", 4, 1, 2, 500, "  Good game"}};
+INSTANTIATE_TEST_SUITE_P(Rows, Compliments, testing::ValuesIn(ComplimentRows), RowName);
 
 TEST_F(Ratings, ADrawIsTakenByWhoIsNotAhead) {
+    const auto Offer = [&](std::int32_t Score) {
+        State.BestScore = Score;
+        World.ExpectMessage("Draw Offer", "Offer rejected... Play on!");
+        Run(CommandId::Offerdraw);
+        EXPECT_EQ(0, State.GameEnded);
+    };
+    Offer(0); // before the first move
     Drag("d4", "e5");
-    ASSERT_EQ(2, State.GameMoves);
+    Offer(1);
     State.BestScore = 0;
     State.UseRating = 0;
-    World.ExpectMessage("Congratulations", "OK... It's a draw!");
-    control::RunCommand(State, CommandId::Offerdraw);
-    EXPECT_EQ(1, State.GameEnded);
-    EXPECT_EQ("1/2-1/2", State.ResultText);
-    EXPECT_EQ("It's a draw!", State.StatusPanels[view::StatusPanel]);
-    for (const CommandId Shut :
-         {CommandId::Compute, CommandId::Offerdraw, CommandId::Resign, CommandId::mnu_Play_Ccomputer}) {
-        EXPECT_FALSE(State.CommandOf(Shut).Enabled) << view::RowOf(Shut).Name;
-    }
-    EXPECT_FALSE(State.List2.Enabled);
-}
-
-TEST_F(Ratings, ADrawIsRefusedByWhoIs) {
-    Drag("d4", "e5");
-    State.BestScore = 1;
-    World.ExpectMessage("Draw Offer", "Offer rejected... Play on!");
-    control::RunCommand(State, CommandId::Offerdraw);
-    EXPECT_EQ(0, State.GameEnded);
-}
-
-TEST_F(Ratings, ADrawBeforeTheFirstMoveIsRefused) {
-    World.ExpectMessage("Draw Offer", "Offer rejected... Play on!");
-    control::RunCommand(State, CommandId::Offerdraw);
-    EXPECT_EQ(0, State.GameEnded);
+    ExpectCongratulation("OK... It's a draw!");
+    Run(CommandId::Offerdraw);
+    ExpectOver("It's a draw!", "1/2-1/2");
 }
 
 TEST_F(Ratings, ResigningCostsPoints) {
     Drag("d4", "e5");
-    World.ExpectMessage("Congratulations",
-                        "OK... Computer wins!\n\nYour previous rating was 1200\nThe computers' rating "
-                        "in this game was 1600\nYour new rating is 1197\n");
-    control::RunCommand(State, CommandId::Resign);
+    ExpectCongratulation("OK... Computer wins!\n\nYour previous rating was 1200\nThe computers' rating in this game "
+                         "was 1600\nYour new rating is 1197\n");
+    Run(CommandId::Resign);
     EXPECT_EQ(1197, State.Rating);
-    EXPECT_EQ("Computer wins!", State.StatusPanels[view::StatusPanel]);
+    ExpectOver("Computer wins!", "");
 }
 
 TEST_F(Ratings, TheWinnerIsKnownByName) {

@@ -1,5 +1,6 @@
-// The beginning and the end of a run, and what a fault does.
+// The beginning and the end of a run, what a fault does, and the small commands.
 #include "control/start.h"
+#include "control/time_text.h"
 #include "control/trap.h"
 #include "support/game_fixture.h"
 
@@ -13,6 +14,8 @@ namespace {
 
 using view::CommandId;
 
+constexpr const char* FileFailure = "Error found! Zonterbrook will exit";
+
 class Start : public GameFixture {};
 
 TEST_F(Start, TheFirstStartOffersAGame) {
@@ -20,7 +23,7 @@ TEST_F(Start, TheFirstStartOffersAGame) {
     EXPECT_EQ(1200, State.Rating);
     EXPECT_EQ("International Checkers", State.Label8.Text);
     EXPECT_EQ(" Zonterbrook 1.20 - International Checkers", State.Caption);
-    EXPECT_EQ("White moves", State.StatusPanels[view::StatusPanel]);
+    EXPECT_EQ("White moves", Status());
     EXPECT_FALSE(State.StatusPanels[view::ProductPanel].empty());
     EXPECT_EQ("Strength:9   Time:2 sec", State.Label7.Text);
     EXPECT_EQ("no calculation", State.Label9.Text);
@@ -29,31 +32,32 @@ TEST_F(Start, TheFirstStartOffersAGame) {
     EXPECT_EQ(9U, State.List2.Lines.size());
     EXPECT_FALSE(State.List3.Enabled);
     EXPECT_EQ("20", State.Label5.Text);
-    EXPECT_TRUE(State.CommandOf(CommandId::Cplayer).Ticked);
-    EXPECT_TRUE(State.CommandOf(CommandId::mnu_Board_Notation_Chess).Ticked);
-    EXPECT_TRUE(State.CommandOf(CommandId::calculation).Ticked);
-    EXPECT_FALSE(State.CommandOf(CommandId::mnu_Play_Cancel).Enabled);
-    EXPECT_FALSE(State.CommandOf(CommandId::First).Enabled);
+    for (const CommandId Id : {CommandId::Cplayer, CommandId::mnu_Board_Notation_Chess, CommandId::calculation}) {
+        EXPECT_TRUE(State.CommandOf(Id).Ticked) << view::RowOf(Id).Name;
+    }
+    ExpectCan(false, {CommandId::mnu_Play_Cancel, CommandId::First});
     EXPECT_FALSE(State.HelpText.empty());
     EXPECT_EQ("\nZonterbrook 1.20   01/02/2003  04:05:06\n", World.Log);
     ExpectConsistent();
 }
 
-class Failing : public testing::Test {
-protected:
-    std::filesystem::path Folder =
-        std::filesystem::path(testing::TempDir()) /
-        (std::string("zonterbrook_start_") + testing::UnitTest::GetInstance()->current_test_info()->name());
-    std::unique_ptr<control::GameState> State = std::make_unique<control::GameState>();
-
-    void SetUp() override { std::filesystem::create_directories(Folder / "variants"); }
-    void TearDown() override { std::filesystem::remove_all(Folder); }
+struct BadFileCase {
+    const char* Name;
+    const char* Text; ///< nullptr: no file
 };
 
-TEST_F(Failing, WithoutItsVariantTheProgramEnds) {
+using BadFiles = RowsOf<testing::Test, BadFileCase>;
+
+TEST_P(BadFiles, EndTheProgram) {
+    const auto Folder = std::filesystem::path(testing::TempDir()) / (std::string("zonterbrook_") + GetParam().Name);
+    std::filesystem::create_directories(Folder / "variants");
+    if (GetParam().Text != nullptr) {
+        std::ofstream(Folder / "variants" / "International Checkers.ini") << GetParam().Text;
+    }
     ScriptedPlatform World(Folder);
+    const auto State = std::make_unique<control::GameState>();
     State->Outside = &World;
-    World.ExpectMessage("Error", "Error found! Zonterbrook will exit");
+    World.ExpectMessage("Error", FileFailure);
     control::Form_Load(*State);
     EXPECT_TRUE(World.Ended);
     EXPECT_FALSE(World.LogIsOpen);
@@ -62,21 +66,16 @@ TEST_F(Failing, WithoutItsVariantTheProgramEnds) {
     bool Cancel = true;
     control::Form_QueryUnload(*State, Cancel);
     EXPECT_FALSE(Cancel);
+    std::filesystem::remove_all(Folder);
 }
 
-TEST_F(Failing, AVariantFileWithoutItsEndEndsTheProgram) {
-    std::ofstream(Folder / "variants" / "International Checkers.ini") << "title\nMulJumps=1\n";
-    ScriptedPlatform World(Folder);
-    State->Outside = &World;
-    World.ExpectMessage("Error", "Error found! Zonterbrook will exit");
-    control::Form_Load(*State);
-    EXPECT_TRUE(World.Ended);
-}
+constexpr BadFileCase BadFileRows[] = {{"missing", nullptr}, {"without_end", "title\nMulJumps=1\n"}};
+INSTANTIATE_TEST_SUITE_P(Rows, BadFiles, testing::ValuesIn(BadFileRows), RowName);
 
 TEST_F(Start, AFileThatGoesLostEndsTheProgramAtTheNextGame) {
     World.Directory = testing::TempDir();
-    World.ExpectMessage("Error", "Error found! Zonterbrook will exit");
-    control::RunCommand(State, CommandId::New1);
+    World.ExpectMessage("Error", FileFailure);
+    Run(CommandId::New1);
     EXPECT_TRUE(World.Ended);
 }
 
@@ -84,6 +83,7 @@ TEST_F(Start, AFaultInAHandlerIsSaidInItsOwnWords) {
     World.ExpectMessage("Error", "something broke");
     control::RunTrapped(State, [] { throw base::Fault("something broke"); });
     EXPECT_TRUE(World.Ended);
+    EXPECT_FALSE(World.LogIsOpen);
     EXPECT_EQ(1, State.CancelRequested) << "a search below must unwind";
     bool Ran = false;
     control::RunTrapped(State, [&] { Ran = true; });
@@ -91,96 +91,89 @@ TEST_F(Start, AFaultInAHandlerIsSaidInItsOwnWords) {
 }
 
 TEST_F(Start, WithoutALogTheProgramRuns) {
-    ScriptedPlatform Mute(ZONTERBROOK_DATA_DIR);
-    Mute.LogCanBeOpened = false;
-    const auto Other = std::make_unique<control::GameState>();
-    Other->Outside = &Mute;
-    control::Form_Load(*Other);
-    Other->PlayMode = view::PlayerPlayer;
-    Other->Text2.Text = "d4e5";
-    control::Text2_KeyUp(*Other, control::EnterKey);
-    EXPECT_EQ(1, Other->GameMoves);
+    World.LogCanBeOpened = false;
+    State = *std::make_unique<control::GameState>();
+    SetUp();
+    Drag("d4", "e5");
+    EXPECT_EQ(2, State.GameMoves);
 }
 
 struct CloseCase {
     const char* Name;
     int ConfirmExit;
     bool Yes;
-    bool Stays;
 };
 
-class Closing : public Start, public testing::WithParamInterface<CloseCase> {};
+using Closing = RowsOf<Start, CloseCase>;
 
-TEST_P(Closing, AsksIfItIsToAsk) {
+TEST_P(Closing, AsksIfItIsToAskAndEndsOnce) {
     State.ConfirmExit = GetParam().ConfirmExit;
     if (GetParam().ConfirmExit != 0) {
         World.ExpectQuestion("Confirmation", "Are you sure you want to exit?", GetParam().Yes);
     }
-    bool Cancel = false;
-    control::Form_QueryUnload(State, Cancel);
-    EXPECT_EQ(GetParam().Stays, Cancel);
-    EXPECT_FALSE(World.Ended);
-}
-
-INSTANTIATE_TEST_SUITE_P(Rows, Closing,
-                         testing::Values(CloseCase{"yes", 1, true, false}, CloseCase{"no", 1, false, true},
-                                         CloseCase{"unasked", 0, false, false}),
-                         [](const auto& Info) { return std::string(Info.param.Name); });
-
-TEST_F(Start, ExitClosesTheWindowOnce) {
     // The window, told to close, asks whether it may, and only then goes.
     World.OnClose = [&] {
         bool Cancel = false;
         control::Form_QueryUnload(State, Cancel);
+        EXPECT_FALSE(World.Ended);
         if (!Cancel) {
             control::Form_Unload(State);
         }
     };
-    World.ExpectQuestion("Confirmation", "Are you sure you want to exit?", true);
-    control::RunCommand(State, CommandId::Exit);
-    EXPECT_TRUE(World.Ended);
-    EXPECT_FALSE(World.LogIsOpen);
+    Run(CommandId::Exit);
+    EXPECT_EQ(GetParam().Yes, World.Ended);
+    EXPECT_EQ(!GetParam().Yes, World.LogIsOpen);
 }
 
-TEST_F(Start, ClosingInMidSearchStopsItFirst) {
-    State.ConfirmExit = 0;
-    State.SearchDepth = 12;
-    int Turns = 0;
-    bool Stayed = false;
-    World.OnTurn = [&] {
-        if (++Turns == 1) {
-            control::Form_QueryUnload(State, Stayed);
-        }
-    };
-    control::RunCommand(State, CommandId::Compute);
-    EXPECT_TRUE(Stayed) << "the window went in mid-search";
-    EXPECT_EQ(1, World.Closings) << "and is not told to close afterwards";
-    EXPECT_EQ(0, State.Thinking);
-    ExpectConsistent();
-}
+constexpr CloseCase CloseRows[] = {{"yes", 1, true}, {"no", 1, false}, {"unasked", 0, true}};
+INSTANTIATE_TEST_SUITE_P(Rows, Closing, testing::ValuesIn(CloseRows), RowName);
 
 TEST_F(Start, CalculationIsToggled) {
     State.Label9.Text = "Depth:1";
-    control::RunCommand(State, CommandId::calculation);
-    EXPECT_EQ(0, State.ShowCalculation);
-    EXPECT_FALSE(State.CommandOf(CommandId::calculation).Ticked);
-    EXPECT_EQ("no calculation", State.Label9.Text);
-    control::RunCommand(State, CommandId::calculation);
-    EXPECT_TRUE(State.CommandOf(CommandId::calculation).Ticked);
+    for (const bool On : {false, true}) {
+        Run(CommandId::calculation);
+        EXPECT_EQ(On ? 1 : 0, State.ShowCalculation);
+        EXPECT_EQ(On, State.CommandOf(CommandId::calculation).Ticked);
+        EXPECT_EQ("no calculation", State.Label9.Text);
+    }
 }
 
 TEST_F(Start, TheRatingIsSaid) {
     World.ExpectMessage("Rating", "Your currrent rating is 1200");
-    control::RunCommand(State, CommandId::rating);
+    Run(CommandId::rating);
 }
 
 TEST_F(Start, DisabledCommandsDoNothing) {
-    control::RunCommand(State, CommandId::Analyze);
-    control::RunCommand(State, CommandId::NewVariant);
-    control::RunCommand(State, CommandId::mnu_Play_Cancel);
-    control::RunCommand(State, CommandId::None);
+    for (const CommandId Id :
+         {CommandId::Analyze, CommandId::NewVariant, CommandId::mnu_Play_Cancel, CommandId::None}) {
+        Run(Id);
+    }
     EXPECT_EQ(0, State.CancelRequested);
 }
+
+struct TimeCase {
+    const char* Name;
+    double Seconds;
+    const char* Plain;
+    const char* Words;
+};
+
+using Durations = RowsOf<testing::Test, TimeCase>;
+
+TEST_P(Durations, AsText) {
+    EXPECT_EQ(GetParam().Plain, control::TimeString(GetParam().Seconds, false));
+    EXPECT_EQ(GetParam().Words, control::TimeString(GetParam().Seconds, true));
+}
+
+constexpr TimeCase TimeRows[] = {{"nothing", 0, "00:00.00", "0 seconds"},
+                                 {"rounds_down", 1.4, "00:00.01", "1 second"},
+                                 {"rounds_up", 5.5, "00:00.06", "6 seconds"},
+                                 {"seconds_carry", 59.6, "00:01.00", "1 minute and 0 seconds"},
+                                 {"minutes", 601, "00:10.01", "10 minutes and 1 second"},
+                                 {"minutes_carry", 3599.5, "01:00.00", "1 hour, 0 minutes, and 0 seconds"},
+                                 {"hours", 7322, "02:02.02", "2 hours, 2 minutes, and 2 seconds"},
+                                 {"many_hours", 360060, "100:01.00", "100 hours, 1 minute, and 0 seconds"}};
+INSTANTIATE_TEST_SUITE_P(Rows, Durations, testing::ValuesIn(TimeRows), RowName);
 
 } // namespace
 } // namespace zonterbrook::tests

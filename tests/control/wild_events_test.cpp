@@ -33,7 +33,7 @@ constexpr CommandId Choices[] = {CommandId::Compute,
                                  CommandId::mnu_Board_Notation_Chess,
                                  CommandId::mnu_Board_Notation_Checkers};
 
-class WildEvents : public GameFixture, public testing::WithParamInterface<const char*> {
+class WildEvents : public RowsOf<GameFixture, const char*> {
 protected:
     void SetUp() override {
         GameFixture::SetUp();
@@ -96,8 +96,6 @@ protected:
         }
     }
 
-    static void SelectSomething(view::ListFields& List, int Line) { List.Selected = Line; }
-
     void DoSomething() {
         switch (Below(10)) {
         case 0:
@@ -107,15 +105,15 @@ protected:
             Scribble();
             break;
         case 2:
-            SelectSomething(State.List2, Below(12) - 1);
+            State.List2.Selected = Below(12) - 1;
             control::List2_DblClick(State);
             break;
         case 3:
-            SelectSomething(State.List1, Below(static_cast<int>(State.List1.Lines.size()) + 2) - 1);
+            State.List1.Selected = Below(static_cast<int>(State.List1.Lines.size()) + 2) - 1;
             control::List1_MouseUp(State);
             break;
         case 4:
-            SelectSomething(State.List3, Below(110) - 2);
+            State.List3.Selected = Below(110) - 2;
             control::List3_DblClick(State);
             break;
         default:
@@ -145,12 +143,7 @@ protected:
 };
 
 TEST_P(WildEvents, LeaveTheStateInOrder) {
-    State.VariantName = GetParam();
-    State.KeepBoard = 0;
-    control::NewGame(State);
-    State.RuleSet = State.LoadedRuleSet;
-    control::NewGame(State);
-    view::DrawBoard(State, 0);
+    PlayVariant(GetParam());
     int MovesSeen = 0;
     for (int Event = 0; Event < 3000; ++Event) {
         DoSomething();
@@ -164,12 +157,7 @@ TEST_P(WildEvents, LeaveTheStateInOrder) {
 INSTANTIATE_TEST_SUITE_P(Variants, WildEvents,
                          testing::Values("International Checkers", "Russian Checkers 10x10", "Turkish Draughts 10x10",
                                          "Reserves", "Frisian Draughts"),
-                         [](const auto& Info) {
-                             std::string Name = Info.param;
-                             std::erase_if(Name,
-                                           [](char C) { return std::isalnum(static_cast<unsigned char>(C)) == 0; });
-                             return Name;
-                         });
+                         TextName);
 
 } // namespace
 } // namespace zonterbrook::tests

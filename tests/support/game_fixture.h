@@ -6,15 +6,16 @@
 #include "control/new_game.h"
 #include "rules/generate.h"
 #include "rules/install.h"
-#include "rules/moves.h"
-#include "rules/position.h"
-#include "rules/square_names.h"
+#include "support/position_text.h"
+#include "support/rows.h"
 #include "support/scripted_platform.h"
 #include "view/draw_board.h"
 #include "view/move_lists.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -49,13 +50,11 @@ protected:
                 State.Board[Cell] = rules::Empty;
             }
         }
-        while (!Pieces.empty()) {
-            const std::size_t End = std::min(Pieces.find(','), Pieces.size());
-            const std::string_view Piece = base::Trim(Pieces.substr(0, End));
+        for (const std::string& Entry : Split(Pieces, ',')) {
+            const std::string_view Piece = base::Trim(Entry);
             const char Code = Piece[0];
             const std::int32_t Value = (Code == 'w' || Code == 'W' ? 1 : -1) * (Code == 'W' || Code == 'B' ? 2 : 1);
             State.Board[Square(Piece.substr(2))] = Value;
-            Pieces.remove_prefix(std::min(End + 1, Pieces.size()));
         }
         State.StartBoard = State.Board;
         State.Side = Side;
@@ -63,6 +62,18 @@ protected:
         control::NewGame(State);
         view::DrawBoard(State, 0);
     }
+
+    /// A game of a shipped variant, with its rules.
+    void PlayVariant(std::string_view Name) {
+        State.VariantName = Name;
+        State.KeepBoard = 0;
+        control::NewGame(State);
+        State.RuleSet = State.LoadedRuleSet;
+        control::NewGame(State);
+        view::DrawBoard(State, 0);
+    }
+
+    void Run(view::CommandId Id) { control::RunCommand(State, Id); }
 
     void Press(std::string_view From) {
         const int Index = Cell(From);
@@ -91,6 +102,15 @@ protected:
         control::Text2_KeyUp(State, control::EnterKey);
     }
 
+    /// Types moves, each of which must be taken.
+    void Play(std::string_view Moves) {
+        for (const std::string& Move : Split(Moves, ' ')) {
+            const int Before = State.GameMoves;
+            Type(Move);
+            ASSERT_EQ(Before + 1, State.GameMoves) << Move;
+        }
+    }
+
     void DoubleClickMove(std::string_view Line) {
         const auto& Lines = State.List2.Lines;
         const auto At = std::find(Lines.begin(), Lines.end(), Line);
@@ -102,7 +122,41 @@ protected:
     std::int32_t PieceOn(std::string_view Name) const { return State.Board[Square(Name)]; }
     const view::BoardCell& CellOn(std::string_view Name) const { return State.Cells[Cell(Name)]; }
 
+    std::string Status() const { return State.StatusPanels[view::StatusPanel]; }
+
+    void ExpectCan(bool Can, std::initializer_list<view::CommandId> Ids) const {
+        for (const view::CommandId Id : Ids) {
+            EXPECT_EQ(Can, view::CanRun(State, Id)) << view::RowOf(Id).Name;
+        }
+    }
+
+    void ExpectCongratulation(std::string_view Text) { World.ExpectMessage("Congratulations", Text); }
+
+    /// The game is over, and nothing but a new one or the way back is open.
+    void ExpectOver(std::string_view Text, std::string_view Result) const {
+        using view::CommandId;
+        EXPECT_EQ(1, State.GameEnded);
+        EXPECT_EQ(Text, Status());
+        EXPECT_EQ(Result, State.ResultText);
+        EXPECT_FALSE(State.List2.Enabled);
+        EXPECT_EQ(0, State.Thinking);
+        EXPECT_EQ(0, State.SearchActive);
+        ExpectCan(false, {CommandId::Compute, CommandId::Analyze, CommandId::Offerdraw, CommandId::Resign,
+                          CommandId::Hint, CommandId::mnu_Play_Ccomputer, CommandId::mnu_Play_Cancel});
+        ExpectCan(true, {CommandId::New1});
+        ExpectConsistent();
+    }
+
     void ExpectConsistent() const { EXPECT_EQ("", rules::CheckPosition(State)); }
+};
+
+/// The same between two persons.
+class PersonsFixture : public GameFixture {
+protected:
+    void SetUp() override {
+        GameFixture::SetUp();
+        BetweenPersons();
+    }
 };
 
 } // namespace zonterbrook::tests
