@@ -1,12 +1,16 @@
 // The table of commands, and which event gives and takes which.
+#include "support/position_text.h"
+#include "support/rows.h"
 #include "support/view_fixture.h"
 #include "view/commands.h"
 #include "view/state.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace zonterbrook::view {
 namespace {
@@ -83,22 +87,30 @@ struct EventCase {
     const char* Name;
     WindowEvent Event;
     std::int32_t Mode;
-    int Made;
+    int Made; ///< half-moves behind the cursor
     int Lines;
-    bool Before; ///< every command of the row is so before the event
-    CommandId Command;
-    bool After;
+    std::string Gives; ///< of the commands that are built; by name
+    std::string Takes;
 };
 
-class EventRows : public Enabling, public testing::WithParamInterface<EventCase> {};
+using EventRows = tests::RowsOf<Enabling, EventCase>;
 
-TEST_P(EventRows, GiveAndTake) {
+TEST_P(EventRows, GiveAndTakeWhatTheyListAndNothingElse) {
     const EventCase& Row = GetParam();
     State.PlayMode = Row.Mode;
     Record(Row.Made, Row.Lines);
-    SetEnabled(State, Row.Command, Row.Before);
-    ApplyEvent(State, Row.Event);
-    EXPECT_EQ(Row.After, Enabled(Row.Command));
+    for (const bool Before : {false, true}) {
+        const std::vector<std::string> Changed = tests::Split(Before ? Row.Takes : Row.Gives, ' ');
+        for (int Id = 1; Id < CommandCount; ++Id) {
+            SetEnabled(State, static_cast<CommandId>(Id), Before);
+        }
+        ApplyEvent(State, Row.Event);
+        for (int Id = 1; Id < CommandCount; ++Id) {
+            const CommandRow& Command = RowOf(static_cast<CommandId>(Id));
+            const bool Listed = std::ranges::find(Changed, Command.Name) != Changed.end();
+            EXPECT_EQ(Command.Built && Listed != Before, Enabled(Command.Id)) << Command.Name << " was " << Before;
+        }
+    }
 }
 
 using E = WindowEvent;
@@ -107,50 +119,37 @@ constexpr int CP = ComputerPlayer;
 constexpr int PP = PlayerPlayer;
 constexpr int CC = ComputerComputer;
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, EventRows,
-    testing::Values(
-        EventCase{"new_game_gives_resign", E::GameBegins, CP, 0, 0, false, C::Resign, true},
-        EventCase{"new_game_of_persons_has_no_draw_offer", E::GameBegins, PP, 0, 0, false, C::Offerdraw, false},
-        EventCase{"new_game_has_nothing_behind", E::GameBegins, CP, 0, 0, true, C::Moveback, false},
-        EventCase{"new_game_has_nothing_ahead", E::GameBegins, CP, 0, 0, true, C::Last, false},
-        EventCase{"new_game_gives_compute_after_a_result", E::GameBegins, CP, 0, 0, false, C::Compute, true},
-        EventCase{"a_move_can_be_taken_back", E::MoveEntered, CP, 1, 1, false, C::First, true},
-        EventCase{"a_move_cuts_what_was_ahead", E::MoveEntered, CP, 1, 1, true, C::MoveForward, false},
-        EventCase{"forward_in_the_middle_keeps_forward", E::SteppedForward, CP, 3, 5, true, C::MoveForward, true},
-        EventCase{"forward_to_the_end_takes_forward", E::SteppedForward, CP, 5, 5, true, C::Last, false},
-        EventCase{"forward_gives_back", E::SteppedForward, CP, 1, 5, false, C::Moveback, true},
-        EventCase{"back_gives_forward", E::SteppedBack, CP, 4, 5, false, C::MoveForward, true},
-        EventCase{"back_keeps_back", E::SteppedBack, CP, 4, 5, true, C::Moveback, true},
-        EventCase{"back_to_the_start_takes_back", E::SteppedBack, CP, 0, 5, true, C::First, false},
-        EventCase{"back_reopens_the_game", E::SteppedBack, CP, 4, 5, false, C::Compute, true},
-        EventCase{"back_reopens_resigning", E::SteppedBack, CP, 4, 5, false, C::Resign, true},
-        EventCase{"back_between_persons_does_not", E::SteppedBack, PP, 4, 5, false, C::Resign, false},
-        EventCase{"a_result_takes_compute", E::GameEnds, CP, 4, 4, true, C::Compute, false},
-        EventCase{"a_result_takes_draw_offers", E::GameEnds, CP, 4, 4, true, C::Offerdraw, false},
-        EventCase{"a_result_leaves_new_game", E::GameEnds, CP, 4, 4, true, C::New1, true},
-        EventCase{"a_result_leaves_back", E::GameEnds, CP, 4, 4, true, C::Moveback, true},
-        EventCase{"a_search_can_be_cancelled", E::SearchBegins, CP, 1, 1, false, C::mnu_Play_Cancel, true},
-        EventCase{"a_search_shuts_the_board_menu", E::SearchBegins, CP, 1, 1, true, C::mnu_Board1, false},
-        EventCase{"a_search_shuts_new_game", E::SearchBegins, CP, 1, 1, true, C::New1, false},
-        EventCase{"a_search_shuts_back", E::SearchBegins, CP, 1, 1, true, C::Moveback, false},
-        EventCase{"a_search_leaves_exit", E::SearchBegins, CP, 1, 1, true, C::Exit, true},
-        EventCase{"after_a_search_nothing_to_cancel", E::SearchEnds, CP, 1, 1, true, C::mnu_Play_Cancel, false},
-        EventCase{"after_a_search_back_returns", E::SearchEnds, CP, 1, 1, false, C::Moveback, true},
-        EventCase{"but_not_without_moves", E::SearchEnds, CP, 0, 0, false, C::Moveback, false},
-        EventCase{"forward_returns_if_moves_lie_ahead", E::SearchEnds, CP, 1, 2, false, C::Last, true},
-        EventCase{"and_not_otherwise", E::SearchEnds, CP, 2, 2, false, C::Last, false},
-        EventCase{"after_a_search_persons_have_no_resigning", E::SearchEnds, PP, 2, 2, false, C::Resign, false},
-        EventCase{"the_computer_against_itself_keeps_cancel", E::SearchEnds, CC, 2, 2, true, C::mnu_Play_Cancel, true},
-        EventCase{"and_gives_no_new_game_between_moves", E::SearchEnds, CC, 2, 2, false, C::New1, false},
-        EventCase{"cancel_works_once", E::CancelPressed, CP, 1, 1, true, C::mnu_Play_Cancel, false},
-        EventCase{"persons_keep_no_draw_offer", E::PlayerPlayerChosen, PP, 1, 1, true, C::Offerdraw, false},
-        EventCase{"the_computer_takes_draw_offers", E::ComputerPlayerChosen, CP, 1, 1, false, C::Offerdraw, true},
-        EventCase{"a_tool_shuts_compute", E::ToolBegins, CP, 1, 1, true, C::Compute, false},
-        EventCase{"a_tool_shuts_the_modes", E::ToolBegins, CP, 1, 1, true, C::Pplayer, false},
-        EventCase{"a_tool_gives_them_back", E::ToolEnds, CP, 1, 1, false, C::Pplayer, true},
-        EventCase{"what_is_not_built_stays_shut", E::GameBegins, CP, 0, 0, false, C::Analyze, false}),
-    [](const auto& Info) { return std::string(Info.param.Name); });
+const std::string Engine = "Compute Analyze mnu_Play_Ccomputer ";
+const std::string AgainstComputer = "Offerdraw Resign ";
+const std::string Backward = "First Moveback ";
+const std::string Forward = "MoveForward Last ";
+// What would pull the game away from under a search.
+const std::string Always = Engine + "Hint New1 NewVariant Open1 Save mnuProblem Details Options plyvaluetable "
+                                    "mnu_Board1 Cplayer Pplayer ";
+const std::string Frozen = Always + AgainstComputer + Backward + Forward;
+
+const EventCase EventTable[] = {
+    {"new_game", E::GameBegins, CP, 0, 0, Engine + "Hint " + AgainstComputer, Backward + Forward + "Save"},
+    {"new_game_of_persons", E::GameBegins, PP, 0, 0, Engine + "Hint", Backward + Forward + "Save"},
+    {"a_move_cuts_what_was_ahead", E::MoveEntered, CP, 1, 1, Backward + "Save", Forward},
+    {"forward_in_the_middle", E::SteppedForward, CP, 3, 5, Backward, ""},
+    {"forward_to_the_end", E::SteppedForward, CP, 5, 5, Backward, Forward},
+    {"back_reopens_the_game", E::SteppedBack, CP, 4, 5, Engine + Forward + "Hint " + AgainstComputer, ""},
+    {"back_to_the_start_between_persons", E::SteppedBack, PP, 0, 5, Engine + Forward + "Hint", Backward},
+    {"a_result", E::GameEnds, CP, 4, 4, "", Engine + "Hint " + AgainstComputer},
+    {"a_search_can_only_be_cancelled", E::SearchBegins, CP, 1, 1, "mnu_Play_Cancel", Frozen},
+    {"after_a_search", E::SearchEnds, CP, 1, 2, Frozen, "mnu_Play_Cancel"},
+    {"after_a_search_at_the_end", E::SearchEnds, CP, 2, 2, Always + AgainstComputer + Backward, "mnu_Play_Cancel"},
+    {"after_a_search_without_moves", E::SearchEnds, CP, 0, 0, Always + AgainstComputer, "mnu_Play_Cancel"},
+    {"after_a_search_between_persons", E::SearchEnds, PP, 1, 2, Always + Backward + Forward, "mnu_Play_Cancel"},
+    {"the_computer_against_itself_goes_on", E::SearchEnds, CC, 2, 2, "", ""},
+    {"cancel_works_once", E::CancelPressed, CP, 1, 1, "", "mnu_Play_Cancel"},
+    {"computer_player", E::ComputerPlayerChosen, CP, 1, 1, AgainstComputer + "Hint", ""},
+    {"player_player_leaves_hint", E::PlayerPlayerChosen, PP, 1, 1, "Hint", AgainstComputer},
+    {"computer_computer", E::ComputerComputerChosen, CC, 1, 1, "", AgainstComputer + "Hint"},
+    {"a_tool", E::ToolBegins, CP, 1, 1, "mnu_Play_Cancel", Frozen},
+    {"after_a_tool", E::ToolEnds, CP, 1, 2, Frozen, "mnu_Play_Cancel"}};
+INSTANTIATE_TEST_SUITE_P(Rows, EventRows, testing::ValuesIn(EventTable), tests::RowName);
 
 TEST_F(Enabling, ModesAreOneOfThree) {
     for (const auto& [Event, Chosen] :

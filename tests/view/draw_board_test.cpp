@@ -2,6 +2,7 @@
 #include "rules/moves.h"
 #include "rules/position.h"
 #include "rules/square_names.h"
+#include "support/rows.h"
 #include "support/view_fixture.h"
 #include "view/draw_board.h"
 #include "view/layout.h"
@@ -39,7 +40,7 @@ struct MappingCase {
     int Cell;
 };
 
-class Mapping : public Board, public testing::WithParamInterface<MappingCase> {};
+using Mapping = tests::RowsOf<Board, MappingCase>;
 
 TEST_P(Mapping, SquareAndCellAreEachOthersPlace) {
     State.BoardTurned = GetParam().Turned;
@@ -47,10 +48,9 @@ TEST_P(Mapping, SquareAndCellAreEachOthersPlace) {
     EXPECT_EQ(Square(GetParam().Name), SquareOfCell(State, GetParam().Cell));
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, Mapping,
-                         testing::Values(MappingCase{"A1", 0, 90}, MappingCase{"J0", 0, 9}, MappingCase{"A0", 0, 0},
-                                         MappingCase{"D4", 0, 63}, MappingCase{"A1", 1, 9}, MappingCase{"J0", 1, 90},
-                                         MappingCase{"A0", 1, 99}, MappingCase{"D4", 1, 36}));
+constexpr MappingCase MappingRows[] = {{"A1", 0, 90}, {"J0", 0, 9},  {"A0", 0, 0},  {"D4", 0, 63},
+                                       {"A1", 1, 9},  {"J0", 1, 90}, {"A0", 1, 99}, {"D4", 1, 36}};
+INSTANTIATE_TEST_SUITE_P(Rows, Mapping, testing::ValuesIn(MappingRows));
 
 TEST_F(Board, EveryCellHasItsOwnSquareEitherWayRound) {
     for (const int Turned : {0, 1}) {
@@ -74,7 +74,7 @@ struct PictureCase {
     Picture Expected;
 };
 
-class Pictures : public Board, public testing::WithParamInterface<PictureCase> {};
+using Pictures = tests::RowsOf<Board, PictureCase>;
 
 TEST_P(Pictures, ShowPieceAndColourOfSquare) {
     State.RuleSet.PiecesOnBlack = GetParam().PiecesOnBlack;
@@ -84,18 +84,17 @@ TEST_P(Pictures, ShowPieceAndColourOfSquare) {
     EXPECT_EQ(GetParam().Expected, On(GetParam().Square).Shows);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Pictures,
-    testing::Values(PictureCase{"dark_corner", 1, "A1", 0, Picture::dark_square},
-                    PictureCase{"light_neighbour", 1, "B1", 0, Picture::light_square},
-                    PictureCase{"light_corner_of_the_other_colour", 0, "A1", 0, Picture::light_square},
-                    PictureCase{"dark_corner_of_both_colours", 2, "A1", 0, Picture::dark_square},
-                    PictureCase{"man", 1, "A1", 1, Picture::dark_white_man},
-                    PictureCase{"king", 1, "A1", -2, Picture::dark_black_king},
-                    PictureCase{"piece_on_the_wrong_colour_is_drawn_dark", 1, "B1", -1, Picture::dark_black_man},
-                    PictureCase{"light_piece", 2, "B1", 2, Picture::light_white_king},
-                    PictureCase{"dark_piece_among_both", 2, "A1", -1, Picture::dark_black_man}),
-    [](const auto& Info) { return std::string(Info.param.Name); });
+constexpr PictureCase PictureRows[] = {
+    {"dark_corner", 1, "A1", 0, Picture::dark_square},
+    {"light_neighbour", 1, "B1", 0, Picture::light_square},
+    {"light_corner_of_the_other_colour", 0, "A1", 0, Picture::light_square},
+    {"dark_corner_of_both_colours", 2, "A1", 0, Picture::dark_square},
+    {"man", 1, "A1", 1, Picture::dark_white_man},
+    {"king", 1, "A1", -2, Picture::dark_black_king},
+    {"piece_on_the_wrong_colour_is_drawn_dark", 1, "B1", -1, Picture::dark_black_man},
+    {"light_piece", 2, "B1", 2, Picture::light_white_king},
+    {"dark_piece_among_both", 2, "A1", -1, Picture::dark_black_man}};
+INSTANTIATE_TEST_SUITE_P(Rows, Pictures, testing::ValuesIn(PictureRows), tests::RowName);
 
 TEST_F(Board, AJumpedPieceInMidCaptureLeavesItsCellAsItWas) {
     const int Jumped = Square("A1");
@@ -112,7 +111,7 @@ struct NumberCase {
     int Number;
 };
 
-class Numbers : public Board, public testing::WithParamInterface<NumberCase> {};
+using Numbers = tests::RowsOf<Board, NumberCase>;
 
 TEST_P(Numbers, RunOverTheSquaresOfOneColour) {
     State.RuleSet.PiecesOnBlack = GetParam().PiecesOnBlack;
@@ -123,13 +122,10 @@ TEST_P(Numbers, RunOverTheSquaresOfOneColour) {
     EXPECT_EQ(0, On(GetParam().Square).Number) << "the numbers outlive the press";
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, Numbers,
-                         testing::Values(NumberCase{1, 0, "B0", 1}, NumberCase{1, 0, "J0", 5},
-                                         NumberCase{1, 0, "A9", 6}, NumberCase{1, 0, "A1", 46},
-                                         NumberCase{1, 0, "I1", 50}, NumberCase{1, 0, "B1", 0},
-                                         NumberCase{0, 0, "A0", 1}, NumberCase{0, 0, "B1", 46},
-                                         NumberCase{0, 0, "A1", 0}, NumberCase{1, 1, "B0", 1},
-                                         NumberCase{2, 0, "A1", 0}, NumberCase{2, 0, "B1", 0}));
+constexpr NumberCase NumberRows[] = {{1, 0, "B0", 1},  {1, 0, "J0", 5}, {1, 0, "A9", 6}, {1, 0, "A1", 46},
+                                     {1, 0, "I1", 50}, {1, 0, "B1", 0}, {0, 0, "A0", 1}, {0, 0, "B1", 46},
+                                     {0, 0, "A1", 0},  {1, 1, "B0", 1}, {2, 0, "A1", 0}, {2, 0, "B1", 0}};
+INSTANTIATE_TEST_SUITE_P(Rows, Numbers, testing::ValuesIn(NumberRows));
 
 struct EdgeCase {
     const char* Name;
@@ -145,7 +141,7 @@ struct EdgeCase {
     std::int32_t Y;
 };
 
-class Edges : public Board, public testing::WithParamInterface<EdgeCase> {};
+using Edges = tests::RowsOf<Board, EdgeCase>;
 
 TEST_P(Edges, StandWhereTheBoardsSizePutsThem) {
     const EdgeCase& Row = GetParam();
@@ -169,39 +165,37 @@ TEST_P(Edges, StandWhereTheBoardsSizePutsThem) {
     EXPECT_EQ(Row.Y, Found.Y);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Edges,
-    testing::Values(EdgeCase{"small_letter", 0, 15, 0, 0, 1, true, 1, "a", 607, 6259},
-                    EdgeCase{"small_last_letter", 0, 15, 0, 0, 1, true, 10, "j", 5737, 6259},
-                    EdgeCase{"small_first_rank", 0, 15, 0, 0, 1, false, 1, "1", 164, 5784},
-                    EdgeCase{"the_tenth_rank_is_0", 0, 15, 0, 0, 1, false, 10, "0", 164, 663},
-                    EdgeCase{"turned_letters_run_down", 0, 15, 0, 1, 1, true, 1, "j", 607, 6259},
-                    EdgeCase{"turned_ranks_begin_with_0", 0, 15, 0, 1, 1, false, 1, "0", 164, 5784},
-                    EdgeCase{"turned_second_rank", 0, 15, 0, 1, 1, false, 2, "9", 164, 5215},
-                    EdgeCase{"turned_last_rank", 0, 15, 0, 1, 1, false, 10, "1", 164, 663},
-                    EdgeCase{"small_dense_letter", 0, 12, 0, 0, 1, true, 2, "b", 1009, 5089},
-                    EdgeCase{"small_dense_rank", 0, 12, 0, 0, 1, false, 1, "1", 194, 4715},
-                    EdgeCase{"medium_letter", 2, 15, 0, 0, 1, true, 1, "a", 725, 8648},
-                    EdgeCase{"medium_rank", 2, 15, 0, 0, 1, false, 1, "1", 164, 8067},
-                    EdgeCase{"medium_dense_letter", 2, 12, 0, 0, 1, true, 1, "a", 653, 7023},
-                    EdgeCase{"medium_dense_rank", 2, 12, 0, 0, 1, false, 10, "0", 194, 687},
-                    EdgeCase{"small_number", 0, 15, 1, 0, 1, true, 1, "46", 562, 6259},
-                    EdgeCase{"small_number_turned", 0, 15, 1, 1, 1, true, 1, "5", 607, 6259},
-                    EdgeCase{"small_number_of_the_other_colour", 0, 15, 1, 0, 0, true, 1, "46", 1132, 6259},
-                    EdgeCase{"small_dense_number", 0, 12, 1, 0, 1, true, 2, "47", 1417, 5089},
-                    EdgeCase{"small_dense_other_colour", 0, 12, 1, 0, 0, true, 1, "46", 962, 5089},
-                    EdgeCase{"medium_number", 2, 15, 1, 0, 1, true, 2, "47", 2287, 8648},
-                    EdgeCase{"medium_number_turned", 2, 15, 1, 1, 1, true, 5, "1", 7196, 8648},
-                    EdgeCase{"medium_other_colour", 2, 15, 1, 0, 0, true, 1, "46", 1469, 8648},
-                    EdgeCase{"medium_dense_number", 2, 12, 1, 0, 1, true, 1, "46", 608, 7023},
-                    EdgeCase{"medium_dense_number_turned", 2, 12, 1, 1, 1, true, 1, "5", 653, 7023},
-                    EdgeCase{"medium_dense_other_colour", 2, 12, 1, 0, 0, true, 1, "46", 1253, 7023},
-                    EdgeCase{"left_number_below", 2, 15, 1, 0, 1, false, 1, "46", 30, 8067},
-                    EdgeCase{"left_digit_stands_further_in", 2, 15, 1, 0, 1, false, 9, "6", 120, 1595},
-                    EdgeCase{"left_number_above", 2, 15, 1, 0, 1, false, 10, "1", 120, 786},
-                    EdgeCase{"left_digit_turned", 2, 15, 1, 1, 1, false, 1, "5", 120, 8067},
-                    EdgeCase{"left_number_turned", 2, 15, 1, 1, 1, false, 2, "10", 30, 7258}),
-    [](const auto& Info) { return std::string(Info.param.Name); });
+constexpr EdgeCase EdgeRows[] = {{"small_letter", 0, 15, 0, 0, 1, true, 1, "a", 607, 6259},
+                                 {"small_last_letter", 0, 15, 0, 0, 1, true, 10, "j", 5737, 6259},
+                                 {"small_first_rank", 0, 15, 0, 0, 1, false, 1, "1", 164, 5784},
+                                 {"the_tenth_rank_is_0", 0, 15, 0, 0, 1, false, 10, "0", 164, 663},
+                                 {"turned_letters_run_down", 0, 15, 0, 1, 1, true, 1, "j", 607, 6259},
+                                 {"turned_ranks_begin_with_0", 0, 15, 0, 1, 1, false, 1, "0", 164, 5784},
+                                 {"turned_second_rank", 0, 15, 0, 1, 1, false, 2, "9", 164, 5215},
+                                 {"turned_last_rank", 0, 15, 0, 1, 1, false, 10, "1", 164, 663},
+                                 {"small_dense_letter", 0, 12, 0, 0, 1, true, 2, "b", 1009, 5089},
+                                 {"small_dense_rank", 0, 12, 0, 0, 1, false, 1, "1", 194, 4715},
+                                 {"medium_letter", 2, 15, 0, 0, 1, true, 1, "a", 725, 8648},
+                                 {"medium_rank", 2, 15, 0, 0, 1, false, 1, "1", 164, 8067},
+                                 {"medium_dense_letter", 2, 12, 0, 0, 1, true, 1, "a", 653, 7023},
+                                 {"medium_dense_rank", 2, 12, 0, 0, 1, false, 10, "0", 194, 687},
+                                 {"small_number", 0, 15, 1, 0, 1, true, 1, "46", 562, 6259},
+                                 {"small_number_turned", 0, 15, 1, 1, 1, true, 1, "5", 607, 6259},
+                                 {"small_number_of_the_other_colour", 0, 15, 1, 0, 0, true, 1, "46", 1132, 6259},
+                                 {"small_dense_number", 0, 12, 1, 0, 1, true, 2, "47", 1417, 5089},
+                                 {"small_dense_other_colour", 0, 12, 1, 0, 0, true, 1, "46", 962, 5089},
+                                 {"medium_number", 2, 15, 1, 0, 1, true, 2, "47", 2287, 8648},
+                                 {"medium_number_turned", 2, 15, 1, 1, 1, true, 5, "1", 7196, 8648},
+                                 {"medium_other_colour", 2, 15, 1, 0, 0, true, 1, "46", 1469, 8648},
+                                 {"medium_dense_number", 2, 12, 1, 0, 1, true, 1, "46", 608, 7023},
+                                 {"medium_dense_number_turned", 2, 12, 1, 1, 1, true, 1, "5", 653, 7023},
+                                 {"medium_dense_other_colour", 2, 12, 1, 0, 0, true, 1, "46", 1253, 7023},
+                                 {"left_number_below", 2, 15, 1, 0, 1, false, 1, "46", 30, 8067},
+                                 {"left_digit_stands_further_in", 2, 15, 1, 0, 1, false, 9, "6", 120, 1595},
+                                 {"left_number_above", 2, 15, 1, 0, 1, false, 10, "1", 120, 786},
+                                 {"left_digit_turned", 2, 15, 1, 1, 1, false, 1, "5", 120, 8067},
+                                 {"left_number_turned", 2, 15, 1, 1, 1, false, 2, "10", 30, 7258}};
+INSTANTIATE_TEST_SUITE_P(Rows, Edges, testing::ValuesIn(EdgeRows), tests::RowName);
 
 TEST_F(Board, CapitalLettersTouchLettersAlone) {
     State.CapitalNotation = 1;
@@ -254,9 +248,9 @@ struct MaterialCase {
     std::int32_t KingsOnlyEqual;
 };
 
-class MaterialRows : public Board, public testing::WithParamInterface<MaterialCase> {};
+using Materials = tests::RowsOf<Board, MaterialCase>;
 
-TEST_P(MaterialRows, KingsAloneAndEqualAreNoticed) {
+TEST_P(Materials, KingsAloneAndEqualAreNoticed) {
     Empty();
     rules::SetCell(State, Square(GetParam().White), GetParam().WhiteValue);
     rules::SetCell(State, Square(GetParam().Black), GetParam().BlackValue);
@@ -264,11 +258,9 @@ TEST_P(MaterialRows, KingsAloneAndEqualAreNoticed) {
     EXPECT_EQ(GetParam().KingsOnlyEqual, State.KingsOnlyEqual);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, MaterialRows,
-                         testing::Values(MaterialCase{"kings", "A1", 2, "B0", -2, 1},
-                                         MaterialCase{"men", "A1", 1, "B0", -1, 0},
-                                         MaterialCase{"king_and_man", "A1", 2, "B0", -1, 0}),
-                         [](const auto& Info) { return std::string(Info.param.Name); });
+constexpr MaterialCase MaterialRows[] = {
+    {"kings", "A1", 2, "B0", -2, 1}, {"men", "A1", 1, "B0", -1, 0}, {"king_and_man", "A1", 2, "B0", -1, 0}};
+INSTANTIATE_TEST_SUITE_P(Rows, Materials, testing::ValuesIn(MaterialRows), tests::RowName);
 
 TEST_F(Board, CountersStandBesideTheirNames) {
     Empty();
@@ -299,7 +291,7 @@ struct PlayersCase {
     bool UpperMoves;
 };
 
-class Players : public Board, public testing::WithParamInterface<PlayersCase> {};
+using Players = tests::RowsOf<Board, PlayersCase>;
 
 TEST_P(Players, TheSideToMoveIsMarked) {
     State.WhitePlayerName = "Ann";
@@ -314,11 +306,11 @@ TEST_P(Players, TheSideToMoveIsMarked) {
     EXPECT_EQ(GetParam().UpperMoves ? LabelColours::RedOnWhite : LabelColours::WhiteOnRed, State.Label2.Colours);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, Players,
-                         testing::Values(PlayersCase{0, rules::White, "White", true},
-                                         PlayersCase{0, rules::Black, "White", false},
-                                         PlayersCase{1, rules::Black, "Black", true},
-                                         PlayersCase{1, rules::White, "Black", false}));
+constexpr PlayersCase PlayersRows[] = {{0, rules::White, "White", true},
+                                       {0, rules::Black, "White", false},
+                                       {1, rules::Black, "Black", true},
+                                       {1, rules::White, "Black", false}};
+INSTANTIATE_TEST_SUITE_P(Rows, Players, testing::ValuesIn(PlayersRows));
 
 TEST_F(Board, BoxesTakeTheColourOfTheirSquare) {
     State.RuleSet.PiecesOnBlack = 2;

@@ -1,5 +1,6 @@
 // The layout's tables: figures that the window must have, and what must hold of all of them.
 #include "support/quiet_world.h"
+#include "support/rows.h"
 #include "view/draw_board.h"
 #include "view/layout.h"
 
@@ -40,7 +41,7 @@ struct BoardCase {
     std::int32_t PixelsOfCell;
 };
 
-class BoardFigures : public Layouts, public testing::WithParamInterface<BoardCase> {};
+using BoardFigures = tests::RowsOf<Layouts, BoardCase>;
 
 TEST_P(BoardFigures, AreThoseOfTheSize) {
     const BoardCase& Row = GetParam();
@@ -53,17 +54,15 @@ TEST_P(BoardFigures, AreThoseOfTheSize) {
     EXPECT_EQ(Row.PixelsOfCell, (State.Layout.CellSize + Row.Twips / 2) / Row.Twips);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, BoardFigures,
-                         testing::Values(BoardCase{"small", 0, -1, 15, 568, 570, 568, 544, 5504, 38},
-                                         BoardCase{"small_dense", 0, -1, 12, 458, 456, 458, 434, 4488, 38},
-                                         BoardCase{"medium", 2, -1, 15, 808, 811, 808, 784, 7672, 54},
-                                         BoardCase{"medium_dense_drags_by_more", 2, -1, 12, 648, 648, 653, 629, 6216,
-                                                   54},
-                                         BoardCase{"skin_of_small_pictures", 4, 0, 15, 568, 570, 568, 544, 5504, 38},
-                                         BoardCase{"skin_of_medium_pictures", 4, 2, 12, 648, 648, 653, 629, 6216, 54},
-                                         BoardCase{"skin_without_size", 4, -1, 15, 568, 570, 2488, 544, 5504, 38},
-                                         BoardCase{"skin_without_size_dense", 4, -1, 12, 458, 456, 458, 434, 4488, 38}),
-                         [](const auto& Info) { return std::string(Info.param.Name); });
+constexpr BoardCase BoardRows[] = {{"small", 0, -1, 15, 568, 570, 568, 544, 5504, 38},
+                                   {"small_dense", 0, -1, 12, 458, 456, 458, 434, 4488, 38},
+                                   {"medium", 2, -1, 15, 808, 811, 808, 784, 7672, 54},
+                                   {"medium_dense_drags_by_more", 2, -1, 12, 648, 648, 653, 629, 6216, 54},
+                                   {"skin_of_small_pictures", 4, 0, 15, 568, 570, 568, 544, 5504, 38},
+                                   {"skin_of_medium_pictures", 4, 2, 12, 648, 648, 653, 629, 6216, 54},
+                                   {"skin_without_size", 4, -1, 15, 568, 570, 2488, 544, 5504, 38},
+                                   {"skin_without_size_dense", 4, -1, 12, 458, 456, 458, 434, 4488, 38}};
+INSTANTIATE_TEST_SUITE_P(Rows, BoardFigures, testing::ValuesIn(BoardRows), tests::RowName);
 
 TEST_F(Layouts, SmallBoardOfTheUsualDensityPushesTheListsAside) {
     LayOut(0, -1, 12);
@@ -83,7 +82,7 @@ struct RoomCase {
     bool ExtraPieces;
 };
 
-class Room : public Layouts, public testing::WithParamInterface<RoomCase> {};
+using Room = tests::RowsOf<Layouts, RoomCase>;
 
 bool Overlap(const Rectangle& A, const Rectangle& B) {
     return A.Left < B.Left + B.Width && B.Left < A.Left + A.Width && A.Top < B.Top + B.Height &&
@@ -119,10 +118,9 @@ TEST_P(Room, NothingOverlapsAndNothingSticksOut) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, Room,
-                         testing::Values(RoomCase{0, 15, false}, RoomCase{0, 12, false}, RoomCase{2, 15, false},
-                                         RoomCase{2, 12, false}, RoomCase{0, 15, true}, RoomCase{0, 12, true},
-                                         RoomCase{2, 15, true}, RoomCase{2, 12, true}));
+constexpr RoomCase RoomRows[] = {{0, 15, false}, {0, 12, false}, {2, 15, false}, {2, 12, false},
+                                 {0, 15, true},  {0, 12, true},  {2, 15, true},  {2, 12, true}};
+INSTANTIATE_TEST_SUITE_P(Rows, Room, testing::ValuesIn(RoomRows));
 
 TEST_F(Layouts, ExtraPiecesAreShownByTheRuleAlone) {
     LayOut(2, -1, 15);

@@ -1,5 +1,6 @@
 // Lists of moves and the texts made from the state.
 #include "rules/square_names.h"
+#include "support/rows.h"
 #include "support/view_fixture.h"
 #include "view/move_lists.h"
 
@@ -18,17 +19,15 @@ struct LineCase {
     const char* Line;
 };
 
-class Lines : public testing::TestWithParam<LineCase> {};
+using Lines = tests::RowsOf<testing::Test, LineCase>;
 
 TEST_P(Lines, AlignAtTheFullStop) {
     EXPECT_EQ(GetParam().Line, MoveListLine(GetParam().HalfMove, "c3-d4"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, Lines,
-                         testing::Values(LineCase{1, "   1. c3-d4"}, LineCase{2, "      c3-d4"},
-                                         LineCase{17, "   9. c3-d4"}, LineCase{19, "  10. c3-d4"},
-                                         LineCase{197, "  99. c3-d4"}, LineCase{199, " 100. c3-d4"},
-                                         LineCase{200, "      c3-d4"}));
+constexpr LineCase LineRows[] = {{1, "   1. c3-d4"},   {2, "      c3-d4"},   {17, "   9. c3-d4"}, {19, "  10. c3-d4"},
+                                 {197, "  99. c3-d4"}, {199, " 100. c3-d4"}, {200, "      c3-d4"}};
+INSTANTIATE_TEST_SUITE_P(Rows, Lines, testing::ValuesIn(LineRows));
 
 TEST_F(Lists, TheFirstMovesOfTheGameAreNine) {
     RefreshMoveChoices(State);
