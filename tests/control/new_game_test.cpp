@@ -70,51 +70,34 @@ TEST_F(NewGames, AfterAResultEverythingIsOpenAgain) {
     ExpectMen(20);
 }
 
-struct LotCase {
-    double Chance;
-    std::int32_t Side;
-};
-
-using Lots = RowsOf<NewGames, LotCase>;
-
-TEST_P(Lots, DecideWhoBegins) {
-    const bool Black = GetParam().Side == rules::Black;
+TEST_F(NewGames, LotsDecideWhoBegins) {
     State.RuleSet.RndColor = 1;
-    World.Chances = {GetParam().Chance};
-    Run(CommandId::New1);
-    EXPECT_EQ(GetParam().Side, State.Side);
-    EXPECT_EQ(Black ? "Black moves" : "White moves", Status());
-    EXPECT_EQ(Black ? "Black" : "White", State.Label3.Text);
+    for (const auto& [Chance, Black] : {std::pair{0.0, false}, {0.99, true}, {0.49, false}, {0.5, true}}) {
+        World.Chances = {Chance};
+        Run(CommandId::New1);
+        EXPECT_EQ(Black ? rules::Black : rules::White, State.Side) << Chance;
+        EXPECT_EQ(Black ? "Black moves" : "White moves", Status());
+        EXPECT_EQ(Black ? "Black" : "White", State.Label3.Text);
+    }
 }
 
-constexpr LotCase LotRows[] = {{0.0, rules::White}, {0.49, rules::White}, {0.5, rules::Black}, {0.99, rules::Black}};
-INSTANTIATE_TEST_SUITE_P(Rows, Lots, testing::ValuesIn(LotRows));
-
-struct RemovalCase {
-    std::uint8_t Number;
-    int Left;
-};
-
-using Removals = RowsOf<NewGames, RemovalCase>;
-
-TEST_P(Removals, LeaveOneManAtLeast) {
-    State.RuleSet.RemoveMen = 1;
-    State.RuleSet.NumberMen = GetParam().Number;
-    Run(CommandId::New1);
-    ExpectMen(GetParam().Left);
-    EXPECT_EQ(State.Board, State.StartBoard);
-    EXPECT_EQ(0, State.RatingAllowed);
-    EXPECT_EQ(200 * GetParam().Left, State.TotalMaterial[0]);
-    EXPECT_EQ(rules::White, State.Side);
-    ExpectConsistent();
-    State.RuleSet.RemoveMen = 0;
-    Run(CommandId::New1);
-    ExpectMen(20);
-    EXPECT_EQ(1, State.RatingAllowed);
+TEST_F(NewGames, RemovalsLeaveOneManAtLeast) {
+    for (const auto& [Number, Left] : {std::pair{0, 20}, {3, 17}, {19, 1}, {20, 1}, {255, 1}}) {
+        State.RuleSet.RemoveMen = 1;
+        State.RuleSet.NumberMen = static_cast<std::uint8_t>(Number);
+        Run(CommandId::New1);
+        ExpectMen(Left);
+        EXPECT_EQ(State.Board, State.StartBoard);
+        EXPECT_EQ(0, State.RatingAllowed);
+        EXPECT_EQ(200 * Left, State.TotalMaterial[0]);
+        EXPECT_EQ(rules::White, State.Side);
+        ExpectConsistent();
+        State.RuleSet.RemoveMen = 0;
+        Run(CommandId::New1);
+        ExpectMen(20);
+        EXPECT_EQ(1, State.RatingAllowed);
+    }
 }
-
-constexpr RemovalCase RemovalRows[] = {{0, 20}, {3, 17}, {19, 1}, {20, 1}, {255, 1}};
-INSTANTIATE_TEST_SUITE_P(Rows, Removals, testing::ValuesIn(RemovalRows));
 
 TEST_F(NewGames, AutomaticMovesAreInTheRecordAsIfLoaded) {
     WriteRules(State, "DoMoves=1|NumberMoves=5");

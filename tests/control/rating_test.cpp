@@ -70,61 +70,50 @@ TEST_F(Ratings, SayWhatTheyWereAndAre) {
               State.RatingSummary);
 }
 
-TEST_F(Ratings, AnAverageOfLevelsCounts) {
-    Record(4, "3");
-    State.GameMoveRow[2].Level = "4";
-    control::UpdateRating(State, 0.5);
-    ExpectComputerRating("1050");
-}
-
-TEST_F(Ratings, TheComputersMovesBeforeALoadAreAskedInTheFirstColumn) {
-    // The person's half-moves of the first two rows come from a file, the computer's were made here: its levels there
-    // don't count, and only the third row's does.
-    Record(6, "1");
-    State.GameMoveRow[1].FirstSource = control::MovedByFile;
-    State.GameMoveRow[2].FirstSource = control::MovedByFile;
-    State.GameMoveRow[3].Level = "9";
-    control::UpdateRating(State, 0.5);
-    ExpectComputerRating("1600");
-}
-
-TEST_F(Ratings, WhatLiesAheadOfTheCursorDoesNotCount) {
-    Record(6, "5");
-    State.GameMoves = 3;
-    State.GameMoveRow[2].SecondSource = control::MovedByPerson;
-    State.GameMoveRow[2].Level = "9";
-    State.GameMoveRow[3].Level = "9";
-    control::UpdateRating(State, 0.5);
-    EXPECT_EQ(1, State.RatingAllowed) << "the sides changed hands after the cursor";
-    ExpectComputerRating("1200");
-}
-
 struct CountCase {
     const char* Name;
-    const char* Columns; ///< who made the half-moves of each column, a digit for each row
+    const char* Columns; ///< who made the half-moves of each column, a digit for each of three rows
+    const char* Levels;  ///< of the rows
+    const char* Rating;  ///< of the computer; empty: the game does not count
+    int HalfMoves = 6;
     std::uint8_t UseRating = 1;
     std::int32_t Allowed = 1;
 };
 
-using Uncounted = RowsOf<Ratings, CountCase>;
+using Counted = RowsOf<Ratings, CountCase>;
 
-TEST_P(Uncounted, ChangeNothing) {
-    Record(6, "5");
-    for (int Row = 1; Row <= 3; ++Row) {
-        State.GameMoveRow[Row].FirstSource = GetParam().Columns[Row - 1];
-        State.GameMoveRow[Row].SecondSource = GetParam().Columns[Row + 3];
+TEST_P(Counted, IsWhatTheComputerPlayedHere) {
+    const CountCase& Row = GetParam();
+    Record(6, "");
+    State.GameMoves = Row.HalfMoves;
+    for (int I = 0; I < 3; ++I) {
+        State.GameMoveRow[I + 1].FirstSource = Row.Columns[I];
+        State.GameMoveRow[I + 1].SecondSource = Row.Columns[I + 4];
+        State.GameMoveRow[I + 1].Level = Row.Levels[I];
     }
-    State.UseRating = GetParam().UseRating;
-    State.RatingAllowed = GetParam().Allowed;
+    State.UseRating = Row.UseRating;
+    State.RatingAllowed = Row.Allowed;
     control::UpdateRating(State, 1);
-    EXPECT_EQ(1200, State.Rating);
-    EXPECT_EQ("", State.RatingSummary);
+    if (*Row.Rating != '\0') {
+        ExpectComputerRating(Row.Rating);
+    } else {
+        EXPECT_EQ(1200, State.Rating);
+        EXPECT_EQ("", State.RatingSummary);
+    }
 }
 
-constexpr CountCase CountRows[] = {{"not_wanted", "222 111", 0},       {"not_allowed", "222 111", 1, 0},
-                                   {"between_persons", "222 222"},     {"all_from_a_file", "333 333"},
-                                   {"sides_changed_hands", "221 111"}, {"computer_gave_its_side_away", "222 112"}};
-INSTANTIATE_TEST_SUITE_P(Rows, Uncounted, testing::ValuesIn(CountRows), RowName);
+constexpr CountCase CountRows[] = {
+    {"average_of_levels", "222 111", "345", "1100"},
+    // The person's half-moves of the first two rows come from a file, the computer's were made here.
+    {"levels_before_a_load_are_asked_in_the_first_column", "332 111", "119", "1600"},
+    {"taken_back_by_half", "222 121", "599", "1200", 3},
+    {"not_wanted", "222 111", "555", "", 6, 0},
+    {"not_allowed", "222 111", "555", "", 6, 1, 0},
+    {"between_persons", "222 222", "555", ""},
+    {"all_from_a_file", "333 333", "555", ""},
+    {"sides_changed_hands", "221 111", "555", ""},
+    {"computer_gave_its_side_away", "222 112", "555", ""}};
+INSTANTIATE_TEST_SUITE_P(Rows, Counted, testing::ValuesIn(CountRows), RowName);
 
 struct ComplimentCase {
     const char* Name;
