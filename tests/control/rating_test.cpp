@@ -115,30 +115,27 @@ constexpr CountCase CountRows[] = {
     {"computer_gave_its_side_away", "222 112", "555", ""}};
 INSTANTIATE_TEST_SUITE_P(Rows, Counted, testing::ValuesIn(CountRows), RowName);
 
-struct ComplimentCase {
-    const char* Name;
-    int HalfMoves;
-    int Half;
-    std::int16_t Depth;
-    std::int16_t Score;
-    const char* Text;
-};
-
-using Compliments = RowsOf<Ratings, ComplimentCase>;
-
-TEST_P(Compliments, AreGreatUnlessTheComputerWasOnceAhead) {
-    Record(GetParam().HalfMoves, "5");
-    State.MoveDepths[GetParam().Half] = GetParam().Depth;
-    State.MoveScores[GetParam().Half] = GetParam().Score;
-    EXPECT_EQ(GetParam().Text, control::GameCompliment(State));
+TEST_F(Ratings, AGameIsGreatUnlessTheComputerWasOnceAhead) {
+    const struct {
+        int HalfMoves;
+        int Half;
+        std::int16_t Depth;
+        std::int16_t Score;
+        const char* Text;
+        const char* Fault;
+    } Rows[] = {{5, 2, 3, 199, "  Great game", "less than two men"},
+                {5, 2, 3, 200, "  Good game", "two men"},
+                {5, 3, 3, 500, "  Great game", "the winner's own move"},
+                {5, 2, 1, 500, "  Great game", "looked one ply only"},
+                {4, 1, 2, 500, "  Good game", "the last mover won as the second"}};
+    for (const auto& Row : Rows) {
+        State.MoveDepths.Fill(0);
+        State.GameMoves = Row.HalfMoves;
+        State.MoveDepths[Row.Half] = Row.Depth;
+        State.MoveScores[Row.Half] = Row.Score;
+        EXPECT_EQ(Row.Text, control::GameCompliment(State)) << Row.Fault;
+    }
 }
-
-constexpr ComplimentCase ComplimentRows[] = {{"never_ahead", 5, 2, 3, 199, "  Great game"},
-                                             {"two_men_ahead", 5, 2, 3, 200, "  Good game"},
-                                             {"the_winners_own_move", 5, 3, 3, 500, "  Great game"},
-                                             {"looked_one_ply_only", 5, 2, 1, 500, "  Great game"},
-                                             {"last_mover_won_as_second", 4, 1, 2, 500, "  Good game"}};
-INSTANTIATE_TEST_SUITE_P(Rows, Compliments, testing::ValuesIn(ComplimentRows), RowName);
 
 TEST_F(Ratings, ADrawIsTakenByWhoIsNotAhead) {
     const auto Offer = [&](std::int32_t Score) {
