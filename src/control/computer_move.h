@@ -9,8 +9,9 @@ namespace zonterbrook::control {
 /// Does not clear `CancelRequested` at its start: whoever starts it does.
 void ComputerMove(GameState& State);
 
-/// The Compute command: the computer takes the side to move over from the person and moves. Does nothing once the game
-/// has ended. Clears `CancelRequested`, sets and clears `Thinking`.
+/// The Compute command, and the reply to a person's move: the computer takes the side to move over from the person, if
+/// it was the person's, and moves. Does nothing once the game has ended. Clears `CancelRequested`, sets and clears
+/// `Thinking`.
 void ComputeNow(GameState& State);
 
 } // namespace zonterbrook::control

@@ -4,12 +4,11 @@
 #include "control/modes.h"
 
 #include "control/computer_move.h"
+#include "control/new_game.h"
 #include "rules/generate.h"
 #include "view/commands.h"
 #include "view/draw_board.h"
 #include "view/move_lists.h"
-
-#include <string>
 
 namespace zonterbrook::control {
 
@@ -27,14 +26,6 @@ void ChooseMode(GameState& State, std::int32_t Mode, WindowEvent Event) {
     if (State.GameEnded != 0) {
         view::ApplyEvent(State, WindowEvent::GameEnds);
     }
-}
-
-// The person gets the side that is to move.
-void NamePersonToMove(GameState& State) {
-    const bool WhiteMoves = State.Side == rules::White;
-    State.WhitePlayerName = WhiteMoves ? State.PlayerName : std::string(ComputerName);
-    State.BlackPlayerName = WhiteMoves ? std::string(ComputerName) : State.PlayerName;
-    view::ShowPlayers(State);
 }
 
 void NameBoth(GameState& State, std::string_view Name) {
@@ -68,6 +59,7 @@ void EndOwnPlay(GameState& State) {
     view::ApplyEvent(State, WindowEvent::SearchEnds);
     ChooseMode(State, view::ComputerPlayer, WindowEvent::ComputerPlayerChosen);
     NamePersonToMove(State);
+    view::ShowPlayers(State);
     State.List2.Enabled = State.GameEnded == 0;
     State.List3.Enabled = true;
     rules::GenerateGameMoves(State);
@@ -79,6 +71,7 @@ void EndOwnPlay(GameState& State) {
 void SetComputerPlayerMode(GameState& State) {
     ChooseMode(State, view::ComputerPlayer, WindowEvent::ComputerPlayerChosen);
     NamePersonToMove(State);
+    view::ShowPlayers(State);
     view::SetStatus(State, "Computer-Player mode");
 }
 

@@ -139,15 +139,6 @@ std::vector<std::string> PlayByLot(GameState& State) {
     return Moves;
 }
 
-// The person gets the side that is to move.
-void GiveTurnToPerson(GameState& State) {
-    if (State.PlayMode == view::ComputerPlayer) {
-        const bool WhiteMoves = State.Side == rules::White;
-        State.WhitePlayerName = WhiteMoves ? State.PlayerName : std::string(ComputerName);
-        State.BlackPlayerName = WhiteMoves ? std::string(ComputerName) : State.PlayerName;
-    }
-}
-
 } // namespace
 
 void GenerateForInput(GameState& State) {
@@ -157,6 +148,12 @@ void GenerateForInput(GameState& State) {
 void NamePlayers(GameState& State) {
     State.WhitePlayerName = State.PlayMode == view::ComputerComputer ? std::string(ComputerName) : State.PlayerName;
     State.BlackPlayerName = State.PlayMode == view::PlayerPlayer ? State.PlayerName : std::string(ComputerName);
+}
+
+void NamePersonToMove(GameState& State) {
+    const bool WhiteMoves = State.Side == rules::White;
+    State.WhitePlayerName = WhiteMoves ? State.PlayerName : std::string(ComputerName);
+    State.BlackPlayerName = WhiteMoves ? std::string(ComputerName) : State.PlayerName;
 }
 
 void NewGame(GameState& State) {
@@ -243,7 +240,9 @@ void ApplyAutomaticMoves(GameState& State) {
         }
         RecordLoadedMove(State);
     }
-    GiveTurnToPerson(State);
+    if (State.PlayMode == view::ComputerPlayer) {
+        NamePersonToMove(State);
+    }
     view::SetStatus(State, view::SideMovesText(State.Side));
     GenerateForInput(State);
     view::RefreshMoveChoices(State);

@@ -25,6 +25,9 @@ void DrawOpeningByLot(GameState& State);
 /// The names beside the board, by the mode, for a new game.
 void NamePlayers(GameState& State);
 
+/// The same where a person and the computer play on: the person gets the side to move.
+void NamePersonToMove(GameState& State);
+
 /// Moves that may be played now: captures first, and only if there are none, the others.
 void GenerateForInput(GameState& State);
 

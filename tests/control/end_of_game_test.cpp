@@ -108,6 +108,11 @@ TEST_F(EndOfGame, TheCountOfAnEndingBeginsWhereItArose) {
     EXPECT_EQ(0, State.TwoKingsStart) << "a man stands";
     Play("f0d8 e1d2 d8f0");
     EXPECT_EQ(0, State.DrawCode);
+    State.ThreeKingsStart = 3;
+    State.TwoKingsStart = 3;
+    Run(CommandId::First);
+    EXPECT_EQ(0, State.ThreeKingsStart) << "it has not begun yet";
+    EXPECT_EQ(0, State.TwoKingsStart);
 }
 
 TEST_F(EndOfGame, ACountStandsStillWhileItsRuleIsOff) {

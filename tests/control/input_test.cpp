@@ -210,6 +210,9 @@ TEST_F(Input, EveryWayOutOfADragPutsThePieceBack) {
     ExpectBack();
     // A press whose release never came is over with the next one.
     Press("d4");
+    Drag("f4", "f4");
+    EXPECT_EQ(Picture::dark_white_man, CellOn("d4").Shows);
+    Press("d4");
     Drag("f4", "g5");
     EXPECT_EQ(1, State.GameMoves);
     EXPECT_EQ(Picture::dark_white_man, CellOn("d4").Shows);

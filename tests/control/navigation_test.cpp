@@ -57,7 +57,9 @@ TEST_F(Navigation, FirstAndLastReachTheEndsAndBackAgain) {
 
 TEST_F(Navigation, StepsShowTheirMove) {
     Play("d4e5 e7d6");
+    State.HintSource = Square("f4"); // expected in another position
     Run(CommandId::Moveback);
+    EXPECT_EQ(0, State.HintSource);
     EXPECT_EQ(1, State.GameMoves);
     EXPECT_EQ(0, State.List1.Selected);
     EXPECT_EQ("", Status());

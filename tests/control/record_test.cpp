@@ -183,6 +183,11 @@ TEST_F(Record, TwoDigitsNeverLookLikeOneSquare) {
     EXPECT_EQ("0803 8-3K", State.GameMoveRow[1].FirstMove);
     EXPECT_EQ("0803", control::StoredRaw(State, 1));
     EXPECT_EQ("8-3K", control::StoredDisplay(State, 1));
+    // Crown and mark of the book outlive a change of notation.
+    State.GameMoveRow[1].FirstMove += 'b';
+    Run(CommandId::mnu_Board_Notation_Chess);
+    EXPECT_EQ("e9f0 e9-f0Kb", State.GameMoveRow[1].FirstMove);
+    EXPECT_EQ(Texts{"   1. e9-f0Kb"}, State.List1.Lines);
 }
 
 // --- the log -----------------------------------------------------------------------------------------------------
