@@ -1,8 +1,12 @@
-// What the window costs: from nothing to the first picture, and drawing the whole board.
+// What the window costs: from nothing to the first picture, drawing the whole board, a press, going through a game, and
+// how long the window keeps a person waiting while the computer thinks.
 //
 // Runs on the platform that QT_QPA_PLATFORM names, off screen if none does. Every round of the first needs a game's
 // folder that can be written, so it is made in a temporary one.
 #include "control/events.h"
+#include "control/new_game.h"
+#include "rules/cells.h"
+#include "rules/square_names.h"
 #include "ui/board_widget.h"
 #include "ui/main_window.h"
 #include "view/draw_board.h"
@@ -10,8 +14,11 @@
 #include <QApplication>
 #include <QPixmap>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <chrono>
 #include <filesystem>
 
 using namespace zonterbrook;
@@ -68,6 +75,118 @@ void PressAndPutBack(benchmark::State& Rounds) {
     }
 }
 BENCHMARK(PressAndPutBack)->Unit(benchmark::kMillisecond);
+
+constexpr int LongGame = 200;
+// Two kings in corners where neither can take the other.
+constexpr std::string_view ToAndFro[] = {"j2i1", "a9b0", "i1j2", "b0a9"};
+
+/// Nobody is there to close a message.
+class SilentPlatform : public ui::QtPlatform {
+public:
+    using QtPlatform::QtPlatform;
+    void Message(std::string_view, std::string_view, control::Icon) override {}
+    bool Ask(std::string_view, std::string_view) override { return true; }
+    void Wait(double) override {}
+};
+
+void LayKings(control::GameState& Game) {
+    for (int Cell = rules::FirstCell; Cell <= rules::LastCell; ++Cell) {
+        Game.Board[Cell] = rules::IsOnBoard(Cell) ? rules::Empty : Game.Board[Cell];
+    }
+    Game.Board[rules::AlgebraicCell("J2")] = rules::WhiteKing;
+    Game.Board[rules::AlgebraicCell("A9")] = rules::BlackKing;
+    Game.StartBoard = Game.Board;
+    Game.KeepBoard = 1;
+    control::NewGame(Game);
+}
+
+/// A window in which 200 half-moves have been played.
+struct LongGameWindow {
+    QTemporaryDir Own;
+    ui::MainWindow Window{FoldersIn(Own)};
+    SilentPlatform Silent{Window, FoldersIn(Own)};
+    control::Platform* Real = Window.GameOf().Outside;
+
+    LongGameWindow() {
+        control::GameState& Game = Window.GameOf();
+        Silent.OpenLog();
+        Game.Outside = &Silent;
+        Window.show();
+        control::RunCommand(Game, view::CommandId::Pplayer);
+        LayKings(Game);
+        for (int HalfMove = 0; HalfMove < LongGame; ++HalfMove) {
+            Game.GameEnded = 0; // past every draw
+            Game.Text2.Text = ToAndFro[HalfMove % std::size(ToAndFro)];
+            control::Text2_KeyUp(Game, control::EnterKey);
+        }
+        Window.ShowContents();
+    }
+    ~LongGameWindow() { Window.GameOf().Outside = Real; }
+    LongGameWindow(const LongGameWindow&) = delete;
+    LongGameWindow& operator=(const LongGameWindow&) = delete;
+};
+
+/// From the start of a long game to its end with one command, and back, with a paint of the whole window each.
+void FirstAndLast(benchmark::State& Rounds) {
+    LongGameWindow Played;
+    ui::MainWindow& Window = Played.Window;
+    for (auto _ : Rounds) {
+        for (const view::CommandId Way : {view::CommandId::First, view::CommandId::Last}) {
+            control::RunCommand(Window.GameOf(), Way);
+            Window.ShowContents();
+            benchmark::DoNotOptimize(Window.grab());
+        }
+    }
+    Rounds.counters["half_moves"] = Window.GameOf().MoveCount;
+}
+BENCHMARK(FirstAndLast)->Unit(benchmark::kMillisecond);
+
+/// The same game step by step, shown and painted after each.
+void ForwardStepByStep(benchmark::State& Rounds) {
+    LongGameWindow Played;
+    ui::MainWindow& Window = Played.Window;
+    QPixmap Canvas(Window.BoardOf().size() * Window.devicePixelRatioF());
+    for (auto _ : Rounds) {
+        control::RunCommand(Window.GameOf(), view::CommandId::First);
+        while (Window.GameOf().GameMoves < Window.GameOf().MoveCount) {
+            control::RunCommand(Window.GameOf(), view::CommandId::MoveForward);
+            Window.ShowContents();
+            Window.BoardOf().render(&Canvas);
+        }
+    }
+    Rounds.counters["half_moves"] = Window.GameOf().MoveCount;
+}
+BENCHMARK(ForwardStepByStep)->Unit(benchmark::kMillisecond);
+
+/// A search of two seconds while events come in: the longest that one of them had to wait.
+void LatencyInSearch(benchmark::State& Rounds) {
+    using Clock = std::chrono::steady_clock;
+    const QTemporaryDir Own;
+    ui::MainWindow Window(FoldersIn(Own));
+    Window.show();
+    double Worst = 0;
+    int Events = 0;
+    for (auto _ : Rounds) {
+        control::RunCommand(Window.GameOf(), view::CommandId::First);
+        Clock::time_point Before{};
+        QTimer Due;
+        QObject::connect(&Due, &QTimer::timeout, [&] {
+            const auto Now = Clock::now();
+            const bool Searching = Window.GameOf().SearchActive != 0;
+            if (Searching && Before != Clock::time_point{}) {
+                // An event that is due at once waits until the window gets its next turn.
+                Worst = std::max(Worst, std::chrono::duration<double, std::milli>(Now - Before).count());
+                ++Events;
+            }
+            Before = Searching ? Now : Clock::time_point{};
+        });
+        Due.start(0);
+        control::RunCommand(Window.GameOf(), view::CommandId::Compute);
+    }
+    Rounds.counters["worst_ms"] = Worst;
+    Rounds.counters["turns"] = Events;
+}
+BENCHMARK(LatencyInSearch)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
 
 } // namespace
 
