@@ -164,7 +164,7 @@ void InitSpecialValues(EngineState& State) {
 void InitPieceWeights(EngineState& State) {
     for (int Index = 0; Index < PieceIndices; ++Index) {
         ForEachPlayingCell([&](int Cell) {
-            auto& Lanes = State.PieceWeights[Index][Cell].Lanes;
+            auto& Lanes = State.PieceWeights[Cell][Index].Lanes;
             for (int Lane = 0; Lane < 4; ++Lane) {
                 Lanes[Lane] = State.SpecialRuleSet > 0 ? State.SpecialValues[Lane][Index][Cell]
                                                        : State.GenericValues[Lane][Index][Cell];

@@ -25,11 +25,6 @@ inline CapturePath SortedByCell(const CapturePath& Path) {
     return Sorted;
 }
 
-inline int KingsIn(const CapturePath& Path) {
-    return static_cast<int>(
-        std::count_if(Path.Groups, Path.Groups + Path.Count, [](const CaptureGroup& G) { return G.Weight == 2; }));
-}
-
 /// Rows and totals of one call.
 class CaptureRowList {
 public:
@@ -46,22 +41,28 @@ public:
     void NoteLastCap() { LastCapRows[LastCapCount++] = Table.Count; }
     bool HasLastCap() const { return LastCapCount > 0; }
 
-    void Store(int Source, int Dest, bool Promotes, std::int32_t Piece, int PathLongest, const CapturePath& Text) {
+    /// The totals are kept as far as the rules ask for them.
+    template <typename Rules>
+    void Store(const Rules& Rule, int Source, int Dest, bool Promotes, std::int32_t Piece, int PathLongest,
+               const CapturePath& Text) {
         CaptureRowFields& Row = Table.Rows[Table.Count];
-        Kings = KingsIn(Text);
         Row.Source = Source;
         Row.Dest = Dest;
         Row.Piece = Piece;
         Row.Promotes = Promotes ? 1 : 0;
-        Row.KingsTaken = static_cast<std::uint8_t>(Kings);
         Row.LongestPath = static_cast<std::uint8_t>(PathLongest);
         Row.Text = Text;
         ++Table.Count;
-        MostKings[Text.Count] = std::max(MostKings[Text.Count], Row.KingsTaken);
-        Best = Piece > 0 ? std::max(Best, Piece) : std::min(Best, Piece);
+        Kings = Text.Kings;
         L = std::max<int>(L, Text.Count);
-        int& ByKind = LongestByKind[std::abs(Piece)];
-        ByKind = std::max<int>(ByKind, Text.Count);
+        if (Rule.MaxCapMoveKings) {
+            MostKings[Text.Count] = std::max(MostKings[Text.Count], Text.Kings);
+        }
+        if (Rule.KingsLengthCounts || Rule.KingFirstOnly) {
+            Best = Piece > 0 ? std::max(Best, Piece) : std::min(Best, Piece);
+            int& ByKind = LongestByKind[std::abs(Piece)];
+            ByKind = std::max<int>(ByKind, Text.Count);
+        }
     }
 
     /// True if a row with these ends and exactly this text is there.
@@ -93,7 +94,7 @@ public:
                 Shown.Rows[I].Text.Count = 0;
             }
             if (Row.Text.Count == 0 || (Rule.MaxCapMove && Row.Text.Count != L) ||
-                (Rule.MaxCapMoveKings && Row.KingsTaken != MostKings[L]) || (Rule.KingFirstOnly && Row.Piece != Best)) {
+                (Rule.MaxCapMoveKings && Row.Text.Kings != MostKings[L]) || (Rule.KingFirstOnly && Row.Piece != Best)) {
                 continue;
             }
             if (Keep(Row)) {
@@ -112,7 +113,7 @@ private:
         for (int I = First + 1; I < Table.Count; ++I) {
             CaptureRowFields& Later = Table.Rows[I];
             if (Later.Source == Row.Source && Later.Dest == Row.Dest && Later.Promotes == Row.Promotes &&
-                Later.KingsTaken == Row.KingsTaken && Later.Piece == Row.Piece && Later.Text == Row.Text) {
+                Later.Piece == Row.Piece && Later.Text == Row.Text) {
                 Later.Text.Count = 0;
             }
         }
@@ -142,7 +143,8 @@ public:
     void NoteLastCap() {}
     bool Has(int, int, const CapturePath&) const { return false; }
 
-    void Store(int Source, int Dest, bool Promotes, std::int32_t, int, const CapturePath& Text) {
+    template <typename Rules>
+    void Store(const Rules&, int Source, int Dest, bool Promotes, std::int32_t, int, const CapturePath& Text) {
         if (Promotes) {
             Writer.RegisterPromotion(Source, Dest, Text);
         } else {

@@ -15,30 +15,18 @@ template <typename Rules, typename Sink>
 class CaptureWalk {
 public:
     CaptureWalk(RulesState& InState, const Rules& InRule, Sink& InRows)
-        : State(InState), Rule(InRule), Rows(InRows), AtRoot(InState.Ply == 0 || InState.AtGamePosition != 0) {}
+        : State(InState), Rule(InRule), Rows(InRows), AtRoot(InState.Ply == 0 || InState.AtGamePosition != 0) {
+        Path.Clear();
+    }
 
     /// Walks all paths of the piece on `Cell`.
     void Run(int Cell) {
         Begin(Cell);
-        Deepen();
-        for (;;) {
-            if (!NextDirection()) {
-                // All directions are tried from here: the path has met its end at the level above.
-                if (--Depth < 0) {
-                    return;
-                }
-                EndPath();
-                if (!TriesNextLanding()) {
-                    continue;
-                }
-            }
-            Outcome Result = Probe();
-            while (Result == Outcome::Stopped && TriesNextLanding()) {
-                Result = Probe();
-            }
-            if (Result == Outcome::Jumped) {
-                Deepen();
-            }
+        // A piece that can't fly and won't learn it on its way needs none of what flying takes.
+        if (Flying || (Rule.CrownsOnTheWay && IsMan(Piece))) {
+            Walk<true>();
+        } else {
+            Walk<false>();
         }
     }
 
@@ -50,9 +38,9 @@ private:
 
     /// One jump of the path and the search for the next one from its start.
     struct Level {
-        int Direction; ///< position in the capture column, -1 before the first
-        int Reach;     ///< how many squares behind the jumped piece the landing is tried
-        int Step;      ///< of the jump made from here
+        const std::int16_t* Next; ///< the capture steps still to be tried from here
+        int Reach;                ///< how many squares behind the jumped piece the landing is tried
+        int Step;                 ///< of the jump made from here
         int Start;
         int Taken;
     };
@@ -63,72 +51,92 @@ private:
         Piece = State.Board[Cell];
         Turn(Piece);
         Flying = (Rule.LongKings && IsKing(Piece)) || (Rule.ManCapMoveKing && IsMan(Piece));
-        Depth = -1;
-        Touched = -1;
-        Path.Count = 0;
-        LastSaved.Count = 0;
+        Path.Clear();
+        LastSaved.Clear();
         PathLongest = 0;
         Undone = false;
-        Crowned = false;
+        CrownedAt = nullptr;
     }
 
-    /// The mover becomes `NewCode`: its steps follow.
+    template <bool MayFly>
+    void Walk() {
+        Level* Here = Levels.begin();
+        const Level* Untouched = Here;
+        const auto Arrive = [&] {
+            Here->Next = Steps;
+            // A level's reach outlives the level: only its first use in this walk begins at 0.
+            if (MayFly && Here == Untouched) {
+                Here->Reach = 0;
+                ++Untouched;
+            }
+        };
+        Arrive();
+        for (;;) {
+            if (*Here->Next != DirectionSentinel) {
+                ++Here->Next;
+            } else {
+                // All directions are tried from here: the path has met its end at the level above.
+                if (Here == Levels.begin()) {
+                    return;
+                }
+                --Here;
+                EndPath(*Here);
+                if (!TriesNextLanding<MayFly>()) {
+                    continue;
+                }
+            }
+            Outcome Result = Probe<MayFly>(*Here);
+            while (Result == Outcome::Stopped && TriesNextLanding<MayFly>()) {
+                Result = Probe<MayFly>(*Here);
+            }
+            if (Result == Outcome::Jumped) {
+                if (++Here == Levels.end()) [[unlikely]] {
+                    base::FailIndex(CaptureLevels, CaptureLevels);
+                }
+                Arrive();
+            }
+        }
+    }
+
+    /// The mover becomes `NewCode`: its steps follow, and what it may take.
     void Turn(std::int32_t NewCode) {
         Code = NewCode;
-        Steps = &State.MoveDirections[PieceIndex(Code) + 4];
-    }
-
-    void Deepen() {
-        ++Depth;
-        // A level's reach outlives the level: only its first use in this walk begins at 0.
-        if (Depth > Touched) {
-            Levels[Depth].Direction = -1;
-            Levels[Depth].Reach = 0;
-            Touched = Depth;
-        }
-    }
-
-    bool NextDirection() {
-        Level& Here = Levels[Depth];
-        if ((*Steps)[++Here.Direction] != DirectionSentinel) {
-            return true;
-        }
-        Here.Direction = -1;
-        return false;
+        Steps = State.MoveDirections[PieceIndex(Code) + 4].begin();
+        PreyMan = Code > 0 ? BlackMan : WhiteMan;
+        PreyKing = IsKing(Code) || Rule.ManCapKing ? 2 * PreyMan : PreyMan;
     }
 
     /// After a capture has been looked into: a flying piece may land further behind the same piece.
-    bool TriesNextLanding() const { return Flying && !Rule.KingFirst; }
+    template <bool MayFly>
+    bool TriesNextLanding() const {
+        return MayFly && Flying && !Rule.KingFirst;
+    }
 
-    bool CanTake(std::int32_t Value) const {
-        if (Code > 0) {
-            return Value == BlackMan || (Value == BlackKing && (Code == WhiteKing || Rule.ManCapKing));
+    bool CanTake(std::int32_t Value) const { return Value == PreyMan || Value == PreyKing; }
+
+    bool CanLand(int Cell) const { return Cell >= FirstCell && Cell < BoardCells && State.Board[Cell] == Empty; }
+
+    /// Looks for a jump by the step taken last and makes it.
+    template <bool MayFly>
+    Outcome Probe(Level& Here) {
+        const int Step = Here.Next[-1];
+        if constexpr (MayFly) {
+            // A failure leaves `Reach` raised: a man crowned on its way begins from there when it comes by this depth
+            // again as a king. Wanted: it decides which landings such a king is offered.
+            ++Here.Reach;
+            if (Flying) {
+                return ProbeFlying(Here, Step);
+            }
         }
-        return Value == WhiteMan || (Value == WhiteKing && (Code == BlackKing || Rule.ManCapKing));
-    }
-
-    /// Looks for a jump in the current direction and makes it.
-    Outcome Probe() {
-        Level& Here = Levels[Depth];
-        const int Step = (*Steps)[Here.Direction];
-        ++Here.Reach;
-        return Flying ? ProbeFlying(Here, Step) : ProbeNear(Here, Step);
-    }
-
-    Outcome ProbeNear(Level& Here, int Step) {
-        // A failure leaves `Reach` raised: a man crowned on its way begins from there when it comes by this depth
-        // again as a king. Wanted: it decides which landings such a king is offered.
         const int Taken = Position + Step;
-        const int Landing = Taken + Step;
-        if (!CanTake(State.Board[Taken]) || Landing < FirstCell || Landing >= BoardCells ||
-            State.Board[Landing] != Empty) {
+        if (!CanTake(State.Board[Taken]) || !CanLand(Taken + Step)) {
             return Outcome::Failed;
         }
-        return Jump(Here, Step, Taken, Landing);
+        return Jump(Here, Step, Taken, Taken + Step);
     }
 
     Outcome ProbeFlying(Level& Here, int Step) {
-        const int Taken = FirstPieceOnLine(Step);
+        const int Taken = FirstPieceOnLine(Here, Step);
         if (Taken == 0 || !CanTake(State.Board[Taken])) {
             if (Taken == 0 || !Rule.KingFirst) {
                 Here.Reach = 0;
@@ -136,11 +144,7 @@ private:
             return Outcome::Failed;
         }
         if (Rule.KingFirst) {
-            const int Landing = Taken + Step;
-            if (Landing < FirstCell || Landing >= BoardCells || State.Board[Landing] != Empty) {
-                return Outcome::Failed;
-            }
-            return Jump(Here, Step, Taken, Landing);
+            return CanLand(Taken + Step) ? Jump(Here, Step, Taken, Taken + Step) : Outcome::Failed;
         }
         for (;; ++Here.Reach) {
             const int Landing = Taken + Here.Reach * Step;
@@ -158,8 +162,8 @@ private:
     }
 
     /// The first piece on the line that may be looked at, 0 if something blocks before it.
-    int FirstPieceOnLine(int Step) const {
-        const bool Backwards = Depth > 0 && Step == -Levels[Depth - 1].Step;
+    int FirstPieceOnLine(const Level& Here, int Step) const {
+        const bool Backwards = &Here != Levels.begin() && Step == -(&Here)[-1].Step;
         for (int Cell = Position + Step;; Cell += Step) {
             const std::int32_t Value = State.Board[Cell];
             if (Value == Empty) {
@@ -183,7 +187,7 @@ private:
     }
 
     Outcome Jump(Level& Here, int Step, int Taken, int Landing) {
-        if (Rule.LastCap && Depth == 0 && AtRoot && Taken == State.MoveDest[State.GameMoves]) {
+        if (Rule.LastCap && &Here == Levels.begin() && AtRoot && Taken == State.MoveDest[State.GameMoves]) {
             Rows.NoteLastCap();
         }
         Undone = false;
@@ -191,16 +195,14 @@ private:
         Here.Start = Position;
         Here.Taken = Taken;
         const std::int32_t Value = State.Board[Taken];
-        Path.Groups[Path.Count] = {static_cast<std::uint8_t>(Taken), static_cast<std::uint8_t>(IsKing(Value) ? 2 : 1)};
-        ++Path.Count;
+        Path.Append(Taken, IsKing(Value));
         PathLongest = std::max<int>(PathLongest, Path.Count);
         State.Board[Taken] = Value - JumpedMark;
         State.Board[Position] = Empty;
         Position = Landing;
         const bool OnPromotion = IsMan(Code) && IsPromotionSquare(Landing);
-        if (OnPromotion && Rule.CrownsOnTheWay && !Crowned) {
-            Crowned = true;
-            CrownedDepth = Depth;
+        if (OnPromotion && Rule.CrownsOnTheWay && CrownedAt == nullptr) {
+            CrownedAt = &Here;
             FlyingBefore = Flying;
             Turn(2 * Code);
             Flying = true;
@@ -210,7 +212,7 @@ private:
             return Outcome::Jumped;
         }
         Save(true, Path);
-        UndoJump();
+        UndoJump(Here);
         return Outcome::Stopped;
     }
 
@@ -219,9 +221,10 @@ private:
     }
 
     /// The path cannot go on: store it if it is a capture of its own, and take its last jump back.
-    void EndPath() {
+    void EndPath(const Level& Here) {
         if (Rule.EveryPrefix || !IsPrefix(Path, LastSaved) || (Rule.LongKings && !Undone)) {
-            const bool Promotes = Crowned || (Rule.CrownsAtEnd && IsMan(Code) && IsPromotionSquare(Position));
+            const bool Promotes =
+                CrownedAt != nullptr || (Rule.CrownsAtEnd && IsMan(Code) && IsPromotionSquare(Position));
             if (!Rule.ComparesSets) {
                 Save(Promotes, Path);
             } else if (!Rule.DropsShorterSets || Path.Count >= Rows.Longest()) {
@@ -234,20 +237,19 @@ private:
                 }
             }
         }
-        UndoJump();
+        UndoJump(Here);
     }
 
     void Save(bool Promotes, const CapturePath& Text) {
-        Rows.Store(Source, Position, Promotes, Piece, PathLongest, Text);
+        Rows.Store(Rule, Source, Position, Promotes, Piece, PathLongest, Text);
         LastSaved = Path;
     }
 
-    void UndoJump() {
-        const Level& Here = Levels[Depth];
-        --Path.Count;
+    void UndoJump(const Level& Here) {
+        Path.RemoveLast();
         State.Board[Position] = Empty;
-        if (Crowned && Depth == CrownedDepth) {
-            Crowned = false;
+        if (CrownedAt == &Here) {
+            CrownedAt = nullptr;
             Turn(Piece);
             Flying = FlyingBefore;
         }
@@ -261,19 +263,18 @@ private:
     const Rules& Rule;
     Sink& Rows;
     const bool AtRoot;
-    const DirectionColumn* Steps = nullptr;
-    int Source = 0;
-    int Position = 0;
-    std::int32_t Piece = 0; ///< the mover before the capture
-    std::int32_t Code = 0;  ///< the mover now
-    bool Flying = false;
-    bool Undone = false;
-    bool Crowned = false;
+    const std::int16_t* Steps; ///< the mover's capture column
+    int Source;
+    int Position;
+    std::int32_t Piece; ///< the mover before the capture
+    std::int32_t Code;  ///< the mover now
+    std::int32_t PreyMan;
+    std::int32_t PreyKing; ///< again the man's value if kings can't be taken
+    bool Flying;
+    bool Undone;
     bool FlyingBefore = false;
-    int CrownedDepth = 0;
-    int Depth = -1;
-    int Touched = -1;
-    int PathLongest = 0;
+    const Level* CrownedAt; ///< from which the mover was crowned on its way
+    int PathLongest;
     CapturePath Path;
     CapturePath LastSaved;
     base::CheckedArray<Level, CaptureLevels> Levels;

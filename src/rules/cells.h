@@ -4,6 +4,8 @@
 // enough, because column 11 of a row and column 0 of the next stand side by side.
 #pragma once
 
+#include "base/checked_array.h"
+
 #include <bit>
 #include <cstdint>
 #include <cstdlib>
@@ -60,8 +62,8 @@ constexpr bool IsKing(std::int32_t Value) {
 /// A piece's row in the tables: 0 White man, 1 Black man, 2 White king, 3 Black king. `Value` must be a piece.
 constexpr int PieceIndex(std::int32_t Value) {
     // The sign bit, and from the square of the value, 1 or 4, whether it is a king: no branch.
-    return static_cast<int>((static_cast<std::uint32_t>(Value) >> 31U) +
-                            (static_cast<std::uint32_t>(Value * Value) >> 1U));
+    return static_cast<int>((static_cast<std::uint32_t>(Value) >> 31U) |
+                            (static_cast<std::uint32_t>(Value * Value) >> 1U & 2U));
 }
 inline constexpr int PieceIndices = 4;
 
@@ -72,7 +74,7 @@ constexpr int ColourIndex(std::int32_t Side) {
 
 /// A set of cells of the playing rows, one bit for each of the cells 25 to 142. Moving all members by one step is a
 /// shift; what a shift carries into the border columns is masked away with `PlayingCells`.
-class CellSet {
+class alignas(16) CellSet {
 public:
     __extension__ using Word = unsigned __int128;
 
@@ -122,10 +124,25 @@ public:
         }
     }
 
-    /// Every member moved by `Step` cells.
+    /// Calls `Do(Cell, InA, InB)` for every cell that is in `A` or `B`, the lowest first.
+    template <typename Visitor>
+    static constexpr void ForEachOf(const CellSet& A, const CellSet& B, Visitor&& Do) {
+        for (int Half = 0; Half < 2; ++Half) {
+            const std::uint64_t InA = A.Halves[Half];
+            const std::uint64_t InB = B.Halves[Half];
+            for (std::uint64_t Bits = InA | InB; Bits != 0; Bits &= Bits - 1) {
+                const std::uint64_t Lowest = Bits & (0 - Bits);
+                Do(FirstCell + 64 * Half + std::countr_zero(Bits), (InA & Lowest) != 0, (InB & Lowest) != 0);
+            }
+        }
+    }
+
+    /// Every member moved by `Step` cells, which must be fewer than 64.
     constexpr CellSet Moved(int Step) const {
         const Word Bits = Word{Halves[1]} << 64U | Halves[0];
-        return CellSet(Step >= 0 ? Bits << static_cast<unsigned>(Step) : Bits >> static_cast<unsigned>(-Step));
+        // The mask tells the compiler what the steps are anyway: less than a word.
+        return CellSet(Step >= 0 ? Bits << (static_cast<unsigned>(Step) & 63U)
+                                 : Bits >> (static_cast<unsigned>(-Step) & 63U));
     }
 
     constexpr std::uint64_t Low() const { return Halves[0]; }
@@ -140,7 +157,11 @@ public:
     constexpr CellSet Without(const CellSet& Other) const {
         return {Halves[0] & ~Other.Halves[0], Halves[1] & ~Other.Halves[1]};
     }
+    constexpr CellSet operator^(const CellSet& Other) const {
+        return {Halves[0] ^ Other.Halves[0], Halves[1] ^ Other.Halves[1]};
+    }
     constexpr CellSet& operator|=(const CellSet& Other) { return *this = *this | Other; }
+    constexpr CellSet& operator^=(const CellSet& Other) { return *this = *this ^ Other; }
     bool operator==(const CellSet&) const = default;
 
 private:
@@ -167,6 +188,15 @@ constexpr CellSet MakePlayingCells() {
 
 /// The 100 cells of the board.
 inline constexpr CellSet PlayingCells = detail::MakePlayingCells();
+
+/// Each cell of the playing rows as a set of its own; nothing for a cell below or above them.
+inline constexpr base::CheckedArray<CellSet, BoardCells> SingleCells = [] {
+    base::CheckedArray<CellSet, BoardCells> Sets{};
+    for (int Cell = FirstCell; Cell <= LastCell; ++Cell) {
+        Sets[Cell] = CellSet::Of(Cell);
+    }
+    return Sets;
+}();
 
 /// One row of the board, by mailbox row 2 to 11.
 constexpr CellSet RowCells(int Row) {

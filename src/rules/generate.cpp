@@ -23,35 +23,63 @@ struct CallFigures {
     int Longest = 0;
 };
 
+/// The position as one generator call finds it.
+struct Field {
+    explicit Field(const RulesState& State)
+        : Own(ColourIndex(State.Side)), Men(State.Pieces[Own]), Kings(State.Pieces[Own + 2]),
+          EnemyMen(State.Pieces[1 - Own]), Enemies(EnemyMen | State.Pieces[3 - Own]), Pieces(Men | Kings),
+          Free(PlayingCells.Without(Pieces | Enemies)) {}
+
+    int Own; ///< the colour to move, and the piece index of its men
+    CellSet Men;
+    CellSet Kings;
+    CellSet EnemyMen;
+    CellSet Enemies;
+    CellSet Pieces; ///< the mover's men and kings
+    CellSet Free;
+};
+
+/// The members of `Pieces` that see what `Sees(Step)` gives for one of the steps in `Column`.
+template <typename Visitor>
+CellSet UnionOverSteps(const RulesState& State, int Column, Visitor&& Sees) {
+    switch (State.StepShapes[Column]) {
+    case StepShape::FourDiagonals:
+        return Sees(11) | Sees(13) | Sees(-11) | Sees(-13);
+    case StepShape::UpDiagonals:
+        return Sees(11) | Sees(13);
+    case StepShape::DownDiagonals:
+        return Sees(-11) | Sees(-13);
+    case StepShape::Other:
+        break;
+    }
+    CellSet Result;
+    for (const std::int16_t Step : State.MoveDirections[Column]) {
+        if (Step == DirectionSentinel) {
+            break;
+        }
+        Result |= Sees(Step);
+    }
+    return Result;
+}
+
+/// Those of `Pieces` that have prey next to them and a free cell behind it.
+CellSet Jumpers(const RulesState& State, const Field& Here, int Index, const CellSet& Pieces, const CellSet& Prey) {
+    return Pieces & UnionOverSteps(State, Index + 4, [&](int Step) {
+               return (Prey & Here.Free.Moved(-Step)).Moved(-Step);
+           });
+}
+
 /// The pieces of the side to move that have a first jump, or that need a walk to find out.
 template <typename Rules>
-CellSet PossibleCapturers(const RulesState& State, const Rules& Rule) {
-    const int Own = ColourIndex(State.Side);
-    const CellSet EnemyMen = State.Pieces[1 - Own];
-    const CellSet EnemyKings = State.Pieces[3 - Own];
-    const CellSet Enemies = EnemyMen | EnemyKings;
-    if (Enemies.None()) {
+CellSet PossibleCapturers(const RulesState& State, const Rules& Rule, const Field& Here) {
+    if (Here.Enemies.None()) {
         return {};
     }
-    const CellSet Free = PlayingCells.Without(AllPieces(State));
-    const auto Jumpers = [&](CellSet Pieces, CellSet Prey, int Index) {
-        CellSet Result;
-        for (const std::int16_t Step : State.MoveDirections[Index + 4]) {
-            if (Step == DirectionSentinel) {
-                break;
-            }
-            const CellSet Facing = Pieces & Prey.Moved(-Step);
-            if (Facing.Any()) {
-                Result |= Facing & Free.Moved(-2 * Step);
-            }
-        }
-        return Result;
-    };
-    const CellSet Men = State.Pieces[Own];
-    const CellSet Kings = State.Pieces[Own + 2];
-    CellSet Result = Rule.ManCapMoveKing ? Men : Jumpers(Men, Rule.ManCapKing ? Enemies : EnemyMen, Own);
-    if (Kings.Any()) {
-        Result |= Rule.LongKings ? Kings : Jumpers(Kings, Enemies, Own + 2);
+    CellSet Result = Rule.ManCapMoveKing
+                         ? Here.Men
+                         : Jumpers(State, Here, Here.Own, Here.Men, Rule.ManCapKing ? Here.Enemies : Here.EnemyMen);
+    if (Here.Kings.Any()) {
+        Result |= Rule.LongKings ? Here.Kings : Jumpers(State, Here, Here.Own + 2, Here.Kings, Here.Enemies);
     }
     return Result;
 }
@@ -59,24 +87,18 @@ CellSet PossibleCapturers(const RulesState& State, const Rules& Rule) {
 /// The own pieces that have a plain move at all: one step of theirs leads to a free cell. With jumps over friends any
 /// piece may have one.
 template <typename Rules>
-CellSet PossibleMovers(const RulesState& State, const Rules& Rule) {
-    const CellSet Own = PiecesOf(State, State.Side);
+CellSet PossibleMovers(const RulesState& State, const Rules& Rule, const Field& Here) {
     if (Rule.JumpFriend) {
-        return Own;
+        return Here.Pieces;
     }
-    const CellSet Free = PlayingCells.Without(AllPieces(State));
-    CellSet Result;
-    for (int Index = ColourIndex(State.Side); Index < PieceIndices; Index += 2) {
-        const CellSet Pieces = State.Pieces[Index];
-        if (Pieces.None()) {
-            continue;
-        }
-        for (const std::int16_t Step : State.MoveDirections[Index]) {
-            if (Step == DirectionSentinel) {
-                break;
-            }
-            Result |= Pieces & Free.Moved(-Step);
-        }
+    const auto Stepping = [&](const CellSet& Pieces, int Index) {
+        return Pieces & UnionOverSteps(State, Index, [&](int Step) {
+                   return Here.Free.Moved(-Step);
+               });
+    };
+    CellSet Result = Stepping(Here.Men, Here.Own);
+    if (Here.Kings.Any()) {
+        Result |= Stepping(Here.Kings, Here.Own + 2);
     }
     return Result;
 }
@@ -105,15 +127,14 @@ bool FriendJumpPromotes(const RulesState& State, std::int32_t Code, int Dest) {
 
 /// Visits the plain moves of the piece on `Cell` in column order as `Take(Dest, Promotes)` until one answers true.
 template <typename Rules, typename Visitor>
-bool VisitPlainMoves(const RulesState& State, const Rules& Rule, int Cell, bool FirstCellOfLine, Visitor&& Take) {
+[[gnu::always_inline]] inline bool VisitPlainMoves(const RulesState& State, const Rules& Rule, int Cell,
+                                                   bool FirstCellOfLine, Visitor&& Take) {
     const std::int32_t Code = State.Board[Cell];
     const int Index = PieceIndex(Code);
-    const bool Flying = Rule.LongKings && IsKing(Code);
-    for (const std::int16_t Step : State.MoveDirections[Index]) {
-        if (Step == DirectionSentinel) {
-            break;
-        }
-        int Dest = Cell + Step;
+    const bool King = Index >= 2;
+    const bool Flying = Rule.LongKings && King;
+    for (const std::int16_t* Step = State.MoveDirections[Index].begin(); *Step != DirectionSentinel; ++Step) {
+        int Dest = Cell + *Step;
         const std::int32_t Value = State.Board[Dest];
         if (Value == Empty) {
             if (Flying) {
@@ -121,13 +142,13 @@ bool VisitPlainMoves(const RulesState& State, const Rules& Rule, int Cell, bool 
                     if (Take(Dest, false)) {
                         return true;
                     }
-                    Dest += Step;
+                    Dest += *Step;
                 } while (!FirstCellOfLine && State.Board[Dest] == Empty);
-            } else if (Take(Dest, IsMan(Code) && Rule.Promotion[Index].Contains(Dest))) {
+            } else if (Take(Dest, !King && Rule.Promotion[Index].Contains(Dest))) {
                 return true;
             }
         } else if (Rule.JumpFriend && !Flying && Value == Code) {
-            Dest = FriendJump(State, Dest, Step, Code);
+            Dest = FriendJump(State, Dest, *Step, Code);
             if (Dest != 0 && Take(Dest, FriendJumpPromotes(State, Code, Dest))) {
                 return true;
             }
@@ -157,22 +178,56 @@ bool MayEnter(const RulesState& State, int Cell) {
 }
 
 template <typename Rules>
-void RegisterPlainMoves(const RulesState& State, const Rules& Rule, MoveWriter& Writer, int Cell) {
-    static constexpr CapturePath NoCaptures{};
+[[gnu::always_inline]] inline void RegisterPlainMoves(const RulesState& State, const Rules& Rule, MoveWriter& Writer,
+                                                      int Cell) {
+    const int Index = PieceIndex(State.Board[Cell]);
+    const bool Concerned = Writer.Concerns(Cell);
     VisitPlainMoves(State, Rule, Cell, false, [&](int Dest, bool Promotes) {
-        if (Promotes) {
+        if (Promotes) [[unlikely]] {
+            static constexpr CapturePath NoCaptures{};
             Writer.RegisterPromotion(Cell, Dest, NoCaptures);
         } else {
-            Writer.RegisterMove(Cell, Dest);
+            Writer.RegisterStep(Index, Cell, Dest, Concerned);
         }
         return false;
     });
 }
 
+/// The plain moves where, as mostly, only men can move, by two steps each, and none of them is crowned. Else it does
+/// nothing and returns false.
+bool RegisterPairsOfSteps(const RulesState& State, const Field& Here, MoveWriter& Writer) {
+    const StepShape Shape = State.StepShapes[Here.Own];
+    if (Here.Kings.Any() || (Shape != StepShape::UpDiagonals && Shape != StepShape::DownDiagonals)) {
+        return false;
+    }
+    const int First = State.MoveDirections[Here.Own][0];
+    const int Second = State.MoveDirections[Here.Own][1];
+    const CellSet ByFirst = Here.Men & Here.Free.Moved(-First);
+    const CellSet BySecond = Here.Men & Here.Free.Moved(-Second);
+    if (((ByFirst | BySecond) & State.BeforePromotion[Here.Own]).Any()) {
+        return false;
+    }
+    MoveWriter Steps = Writer; // nobody else can see it: it stays in registers
+    CellSet::ForEachOf(ByFirst, BySecond, [&](int Cell, bool MayFirst, bool MaySecond) {
+        const bool Concerned = Steps.Concerns(Cell);
+        if (MayFirst) {
+            Steps.RegisterStep(Here.Own, Cell, Cell + First, Concerned);
+        }
+        if (MaySecond) {
+            Steps.RegisterStep(Here.Own, Cell, Cell + Second, Concerned);
+        }
+    });
+    Writer.Adopt(Steps);
+    return true;
+}
+
 /// The plain moves of all pieces and the entries, in the order of the cells.
 template <typename Rules>
-void RegisterAllPlainMoves(const RulesState& State, const Rules& Rule, MoveWriter& Writer) {
-    const CellSet Movers = PossibleMovers(State, Rule);
+void RegisterAllPlainMoves(const RulesState& State, const Rules& Rule, const Field& Here, MoveWriter& Writer) {
+    if (!Rule.Entries && !Rule.JumpFriend && RegisterPairsOfSteps(State, Here, Writer)) {
+        return;
+    }
+    const CellSet Movers = PossibleMovers(State, Rule, Here);
     const CellSet Cells = Rule.Entries ? PlayingCells : Movers;
     Cells.ForEach([&](int Cell) {
         if (!Rule.Entries || Movers.Contains(Cell)) {
@@ -193,11 +248,14 @@ enum class Wanted {
 
 /// The captures of a rule set without filters, beside the plain moves of each piece if they are wanted.
 template <typename Rules>
-void RegisterUnfiltered(RulesState& State, const Rules& Rule, MoveWriter& Writer, bool Plain) {
-    const CellSet Capturers = PossibleCapturers(State, Rule);
+void RegisterUnfiltered(RulesState& State, const Rules& Rule, const Field& Here, MoveWriter& Writer, bool Plain) {
+    const CellSet Capturers = PossibleCapturers(State, Rule, Here);
+    if (!Plain && Capturers.None()) {
+        return;
+    }
     CaptureStack Stack(Writer);
     CaptureWalk Walk(State, Rule, Stack);
-    const CellSet Cells = Plain ? PiecesOf(State, State.Side) : Capturers;
+    const CellSet Cells = Plain ? Here.Pieces : Capturers;
     Cells.ForEach([&](int Cell) {
         if (Plain) {
             RegisterPlainMoves(State, Rule, Writer, Cell);
@@ -211,10 +269,10 @@ void RegisterUnfiltered(RulesState& State, const Rules& Rule, MoveWriter& Writer
 /// The captures that stand. `DropsPlain`: a capture of the piece that moved last does away with the plain moves that
 /// have been written from `Base` on. Returns false if there was none to begin with.
 template <typename Rules>
-bool RegisterCaptures(RulesState& State, const Rules& Rule, MoveWriter& Writer, bool DropsPlain, int Base,
-                      CallFigures& Figures) {
+bool RegisterCaptures(RulesState& State, const Rules& Rule, const Field& Here, MoveWriter& Writer, bool DropsPlain,
+                      int Base, CallFigures& Figures) {
     State.CaptureRow.Count = 0;
-    const CellSet Capturers = PossibleCapturers(State, Rule);
+    const CellSet Capturers = PossibleCapturers(State, Rule, Here);
     if (Capturers.None()) {
         return false;
     }
@@ -245,25 +303,32 @@ bool RegisterCaptures(RulesState& State, const Rules& Rule, MoveWriter& Writer, 
 
 /// One generator call.
 template <typename Rules>
-void Generate(RulesState& State, const Rules& Rule, Wanted What, bool DropsPlain, CallFigures& Figures) {
+[[gnu::always_inline]] inline void Generate(RulesState& State, const Rules& Rule, Wanted What, bool DropsPlain, CallFigures& Figures) {
     const int Base = State.StackLimit[State.Ply];
     MoveWriter Writer(State, Base);
+    const Field Here(State);
     if constexpr (Rules::RegistersAtOnce) {
-        RegisterUnfiltered(State, Rule, Writer, What == Wanted::All);
+        RegisterUnfiltered(State, Rule, Here, Writer, What == Wanted::All);
         if (What == Wanted::CapturesElsePlain && Writer.IsAt(Base)) {
-            RegisterAllPlainMoves(State, Rule, Writer);
+            RegisterAllPlainMoves(State, Rule, Here, Writer);
         }
     } else {
         // Captures go to the stack behind all plain moves, so the two passes over the board need not be one.
         if (What == Wanted::All) {
-            RegisterAllPlainMoves(State, Rule, Writer);
+            RegisterAllPlainMoves(State, Rule, Here, Writer);
         }
-        const bool Any = RegisterCaptures(State, Rule, Writer, DropsPlain, Base, Figures);
+        const bool Any = RegisterCaptures(State, Rule, Here, Writer, DropsPlain, Base, Figures);
         if (What == Wanted::CapturesElsePlain && !Any) {
-            RegisterAllPlainMoves(State, Rule, Writer);
+            RegisterAllPlainMoves(State, Rule, Here, Writer);
         }
     }
     Writer.Finish();
+}
+
+/// The second step, where the first found nothing: kept out of the first one's way.
+template <typename Rules>
+[[gnu::noinline]] void GenerateAll(RulesState& State, const Rules& Rule, CallFigures& Figures) {
+    Generate(State, Rule, Wanted::All, false, Figures);
 }
 
 /// Runs `Work` under a generator's trap.
@@ -302,13 +367,10 @@ void GenerateBothBy(RulesState& State, std::string_view Name) {
     CallFigures Figures;
     Trapped(Name, Figures, [&] {
         const Rules Rule(State);
-        if (Rule.CapRequired) {
-            Generate(State, Rule, Wanted::CapturesElsePlain, false, Figures);
-        } else {
-            Generate(State, Rule, Wanted::All, Rule.LastCap, Figures);
-        }
-        if (MoveCountOfPly(State) == 0) {
-            Generate(State, Rule, Wanted::All, false, Figures);
+        Wanted What = Rule.CapRequired ? Wanted::CapturesElsePlain : Wanted::All;
+        Generate(State, Rule, What, Rule.LastCap && What == Wanted::All, Figures);
+        if (MoveCountOfPly(State) == 0) [[unlikely]] {
+            GenerateAll(State, Rule, Figures);
         }
     });
 }
@@ -361,8 +423,9 @@ bool GenerateMoves1(RulesState& State, int AllMoves) {
         const LiveRules Rule(State);
         MoveWriter Writer(State, State.StackTop);
         const bool Plain = AllMoves > 0 || (AllMoves == 0 && !Rule.CapRequired);
-        const CellSet Own = PiecesOf(State, State.Side);
-        const CellSet Capturers = PossibleCapturers(State, Rule);
+        const Field Here(State);
+        const CellSet Own = Here.Pieces;
+        const CellSet Capturers = PossibleCapturers(State, Rule, Here);
         CaptureTable Table; // of its own: the test runs inside searches, whose generators' rows must stay
         CaptureRowList Rows(Table);
         CaptureWalk Walk(State, Rule, Rows);

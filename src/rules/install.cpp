@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <set>
 #include <vector>
 
 namespace zonterbrook::rules {
@@ -78,6 +79,14 @@ RuleSetFields RulesOf(const KnownRuleSet& Known) {
         Rules.PromotionSquares[Row][1] = Known.FirstBlackPromotion + 2 * Row;
     }
     return Rules;
+}
+
+StepShape ShapeOf(const DirectionColumn& Column) {
+    const std::set<std::int16_t> Steps(Column.begin(), std::ranges::find(Column, DirectionSentinel));
+    return Steps == std::set<std::int16_t>{-13, -11, 11, 13} ? StepShape::FourDiagonals
+           : Steps == std::set<std::int16_t>{11, 13}         ? StepShape::UpDiagonals
+           : Steps == std::set<std::int16_t>{-13, -11}       ? StepShape::DownDiagonals
+                                                             : StepShape::Other;
 }
 
 CellSet PromotionCells(const PromotionTable& Table, int Column, int Rows) {
@@ -163,6 +172,9 @@ void InstallRuleSet(RulesState& State) {
         ParseMovement(State.RuleSet.MovementStrings[Index].View(), Index, State.MoveDirections);
         ParseMovement(State.LoadedRuleSet.MovementStrings[Index].View(), Index, State.LoadedMoveDirections);
     }
+    for (std::size_t Column = 0; Column < State.StepShapes.Size(); ++Column) {
+        State.StepShapes[Column] = ShapeOf(State.MoveDirections[Column]);
+    }
     ClassifyDirections(State);
     State.Walk = DeriveWalkFlags(State.RuleSet, State.SetCaptures == 1);
     for (int Column = 0; Column < 2; ++Column) {
@@ -170,6 +182,13 @@ void InstallRuleSet(RulesState& State) {
         // A jump over own men has never looked beyond the twelfth row. Wanted.
         State.JumpPromotionSet[Column] = PromotionCells(State.RuleSet.PromotionSquares, Column, 12);
         State.ShortPromotionSet[Column] = PromotionCells(State.RuleSet.PromotionSquares, Column, 5);
+        State.BeforePromotion[Column] = {};
+        for (const std::int16_t Step : State.MoveDirections[Column]) {
+            if (Step == DirectionSentinel) {
+                break;
+            }
+            State.BeforePromotion[Column] |= State.PromotionSet[Column].Moved(-Step) & PlayingCells;
+        }
     }
     if (State.RuleSet.PiecesOnBlack == 2) {
         State.NotationMode = 0; // numbers exist for fifty squares only

@@ -21,7 +21,11 @@ public:
         SecondKiller = Ends(Killer.Source2, Killer.Dest2);
         // The index is the one before the ply's own: the square that the mover's last move but one reached.
         RecaptureDest = State.Ply > 0 ? State.PlyDest[State.Ply - 1] : 0;
+        Sources = BitOf(Line.Source) | BitOf(Killer.Source1) | BitOf(Killer.Source2);
     }
+
+    /// False if no move from there has a bonus of its own.
+    bool Concerns(int From) const { return (Sources & BitOf(From)) != 0; }
 
     std::int32_t Bonus(int From, int To) const {
         const std::int32_t Move = Ends(From, To);
@@ -33,6 +37,11 @@ public:
 private:
     static constexpr std::int32_t Ends(std::int32_t From, std::int32_t To) { return From * 256 + To; }
 
+    static constexpr std::uint64_t BitOf(std::int32_t Cell) {
+        return std::uint64_t{1} << (static_cast<unsigned>(Cell) & 63U);
+    }
+
+    std::uint64_t Sources; ///< cells with the same last six bits share one
     std::int32_t MainLine;
     std::int32_t FirstKiller;
     std::int32_t SecondKiller;
@@ -44,16 +53,24 @@ class MoveWriter {
 public:
     MoveWriter(RulesState& InState, int Base) : State(InState), Order(InState), Top(Base) {}
 
-    /// A plain move. Its score is its bonus alone.
-    [[gnu::always_inline]] void RegisterMove(int Source, int Dest) {
+    /// Whether a move from there may have a bonus.
+    bool Concerns(int Source) const { return Order.Concerns(Source); }
+
+    /// A plain move of a piece of that index. Its score is its bonus alone. `Concerned`: what `Concerns` says of the
+    /// source.
+    [[gnu::always_inline]] void RegisterStep(int Index, int Source, int Dest, bool Concerned) {
         MoveRecord& Record = State.MoveStack[Top];
         Record.Source = Source;
         Record.Dest = Dest;
         Record.Kind = 0;
-        Record.Score = Order.Bonus(Source, Dest);
+        Record.Score = Concerned ? Order.Bonus(Source, Dest) : 0;
+        Record.Stepper = static_cast<std::uint8_t>(Index + 1);
         Record.Captures.Count = 0;
         Advance();
     }
+
+    /// A plain move that is more than a step, such as an entry.
+    void RegisterMove(int Source, int Dest) { RegisterStep(-1, Source, Dest, true); }
 
     /// A capture. Its score is what it takes less half of the mover's worth, with the bonuses added. Faults when the
     /// path is longer than a record holds.
@@ -61,16 +78,13 @@ public:
         if (Path.Count > MaxCaptures) [[unlikely]] {
             base::FailIndex(Path.Count, MaxCaptures);
         }
-        int Weight = 0;
-        for (int I = 0; I < Path.Count; ++I) {
-            Weight += Path.Groups[I].Weight;
-        }
         MoveRecord& Record = State.MoveStack[Top];
         Record.Source = Source;
         Record.Dest = Dest;
         Record.Kind = 0;
         Record.Score =
-            100 * Weight - 50 * std::abs(State.Board[Source]) + Order.RecaptureBonus(Dest) + Order.Bonus(Source, Dest);
+            100 * Path.Weight() - 50 * std::abs(State.Board[Source]) + Order.RecaptureBonus(Dest) + Order.Bonus(Source, Dest);
+        Record.Stepper = 0;
         Record.Captures = Path;
         Advance();
     }
@@ -84,6 +98,7 @@ public:
         }
         // With the stack full this marks the record below the one just written. Nobody plays from a full stack.
         State.MoveStack[Top - 1].Kind = 2;
+        State.MoveStack[Top - 1].Stepper = 0;
     }
 
     /// True if nothing has been written above `Base`.
@@ -91,6 +106,9 @@ public:
 
     /// Takes back what has been written so far.
     void Restart(int Base) { Top = Base; }
+
+    /// Goes on where a copy of this writer stopped.
+    void Adopt(const MoveWriter& Copy) { Top = Copy.Top; }
 
     /// The ply holds what has been written.
     void Finish() {

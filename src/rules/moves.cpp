@@ -45,10 +45,11 @@ private:
     template <int Sign>
     void Count(int Cell, std::int32_t Value) {
         const int Index = PieceIndex(Value);
-        State.Pieces[Index].Toggle(Cell);
-        const CellWeights& Weights = State.PieceWeights[Index][Cell];
-        for (int Lane = 0; Lane < 4; ++Lane) {
-            Sums.Lanes[Lane] += Sign * Weights.Lanes[Lane];
+        State.Pieces[Index] ^= SingleCells[Cell];
+        if constexpr (Sign > 0) {
+            Sums += State.PieceWeights[Cell][Index];
+        } else {
+            Sums -= State.PieceWeights[Cell][Index];
         }
     }
 
@@ -94,6 +95,7 @@ void PerformSpecialMove(RulesState& State, const MoveRecord& Record) {
     std::int32_t& Material = State.Material[Ply];
     std::int32_t& TotalMaterial = State.TotalMaterial[Ply];
     MoveMaker Maker(State, Ply);
+    State.MoveKingDemoted[GameMove] = 0;
 
     // 3. Captures.
     if (Record.Captures.Count != 0) {
@@ -101,9 +103,9 @@ void PerformSpecialMove(RulesState& State, const MoveRecord& Record) {
         for (int I = 0; I < Record.Captures.Count; ++I) {
             const CaptureGroup& Group = Record.Captures.Groups[I];
             Maker.Remove(Group.Cell);
-            Material -= 100 * Group.Weight;
-            TotalMaterial -= 100 * Group.Weight;
         }
+        Material -= 100 * Record.Captures.Weight();
+        TotalMaterial -= 100 * Record.Captures.Weight();
         if (State.RuleSet.KingMan == 1 && Dest != Source && IsKing(State.Board[Source])) {
             State.MoveKingDemoted[GameMove] = 1;
             Material -= 100;

@@ -43,52 +43,58 @@ void PerformSpecialMove(RulesState& State, const MoveRecord& Record);
 /// The same for taking back: counters and side are those before the move already.
 void TakeBackSpecialMove(RulesState& State, const MoveRecord& Record);
 
-/// Most moves by far: a piece steps to another cell, and nothing else happens.
-inline bool IsPlainStep(const RulesState& State, const MoveRecord& Record) {
-    return Record.Captures.Count == 0 && Record.Kind == 0 && Record.Source != FromHand && State.RuleSet.ManKing != 1;
+/// The index of the piece that goes from `Source` to `Dest` if nothing else happens, as in most moves by far; else -1.
+/// With `ManKing` any move may crown.
+inline int StepperOf(const RulesState& State, const MoveRecord& Record) {
+    return State.RuleSet.ManKing == 1 ? -1 : Record.Stepper - 1;
 }
 
-/// A piece goes from its cell to an empty one.
-inline void StepPiece(RulesState& State, int From, int To) {
-    const std::int32_t Value = State.Board[From];
-    CellSet& Set = State.Pieces[PieceIndex(Value)];
-    Set.Toggle(From);
-    Set.Toggle(To);
+/// The piece goes from its cell to an empty one.
+inline void StepPiece(RulesState& State, int Index, int From, int To) {
+    State.Pieces[Index] ^= SingleCells[From] ^ SingleCells[To];
+    State.Board[To] = State.Board[From];
     State.Board[From] = Empty;
-    State.Board[To] = Value;
+}
+
+/// The counters after a move to `Dest`, what is known of it by ply and by number, and the other side on the move.
+inline void BeginMove(RulesState& State, int Dest) {
+    const int GameMove = ++State.GameMoves;
+    const int Ply = ++State.Ply;
+    State.MoveDest[GameMove] = static_cast<std::int16_t>(Dest);
+    State.PlyDest[Ply] = Dest;
+    State.PlyIrreversible[Ply] = 0;
+    State.Side = -State.Side;
+    State.Material[Ply] = -State.Material[Ply - 1];
+    State.TotalMaterial[Ply] = State.TotalMaterial[Ply - 1];
+}
+
+/// Makes a move in which a piece of that index steps.
+inline void PerformStep(RulesState& State, int Index, int Source, int Dest) {
+    BeginMove(State, Dest);
+    CellWeights Sums = State.WeightSums[State.Ply - 1];
+    Sums += State.PieceWeights[Dest][Index];
+    Sums -= State.PieceWeights[Source][Index];
+    State.WeightSums[State.Ply] = Sums;
+    StepPiece(State, Index, Source, Dest);
+}
+
+inline void TakeBackStep(RulesState& State, int Index, int Source, int Dest) {
+    --State.GameMoves;
+    --State.Ply;
+    State.Side = -State.Side;
+    StepPiece(State, Index, Dest, Source);
 }
 
 /// Makes the move on record `Move`. Raises `Ply` and `GameMoves`; faults at their limits.
 inline void PerformMove(RulesState& State, int Move) {
     const MoveRecord& Record = State.MoveStack[Move];
-    const int Dest = Record.Dest;
-
-    // 1. Counters and what is known of the move by ply and by number; the other side is on the move.
-    const int GameMove = ++State.GameMoves;
-    const int Ply = ++State.Ply;
-    State.MoveDest[GameMove] = static_cast<std::int16_t>(Dest);
-    State.MoveKingDemoted[GameMove] = 0;
-    State.PlyDest[Ply] = Dest;
-    State.PlyIrreversible[Ply] = 0;
-    State.Side = -State.Side;
-
-    // 2. Material, seen from that side.
-    State.Material[Ply] = -State.Material[Ply - 1];
-    State.TotalMaterial[Ply] = State.TotalMaterial[Ply - 1];
-
-    if (!IsPlainStep(State, Record)) [[unlikely]] {
+    const int Stepper = StepperOf(State, Record);
+    if (Stepper >= 0) [[likely]] {
+        PerformStep(State, Stepper, Record.Source, Record.Dest);
+    } else {
+        BeginMove(State, Record.Dest);
         PerformSpecialMove(State, Record);
-        return;
     }
-    const auto& Weights = State.PieceWeights[PieceIndex(State.Board[Record.Source])];
-    const CellWeights& Before = Weights[Record.Source];
-    const CellWeights& After = Weights[Dest];
-    const CellWeights& Sums = State.WeightSums[Ply - 1];
-    CellWeights& NewSums = State.WeightSums[Ply];
-    for (int Lane = 0; Lane < 4; ++Lane) {
-        NewSums.Lanes[Lane] = Sums.Lanes[Lane] + After.Lanes[Lane] - Before.Lanes[Lane];
-    }
-    StepPiece(State, Record.Source, Dest);
 }
 
 /// Takes back the move on record `Move`, which must be the one made last.
@@ -97,28 +103,38 @@ inline void PerformMove(RulesState& State, int Move) {
 /// here: see `TriedMove` for whoever only tries a move.
 inline void TakeBackMove(RulesState& State, int Move) {
     const MoveRecord& Record = State.MoveStack[Move];
-    --State.GameMoves;
-    --State.Ply;
-    State.Side = -State.Side;
-    if (IsPlainStep(State, Record)) [[likely]] {
-        StepPiece(State, Record.Dest, Record.Source);
+    const int Stepper = StepperOf(State, Record);
+    if (Stepper >= 0) [[likely]] {
+        TakeBackStep(State, Stepper, Record.Source, Record.Dest);
     } else {
+        --State.GameMoves;
+        --State.Ply;
+        State.Side = -State.Side;
         TakeBackSpecialMove(State, Record);
     }
 }
 
-/// Makes a move to look at what follows, and leaves the board as it was when it goes out of scope or is taken back.
+/// Makes a move to look at what follows, and leaves the board as it was when it is taken back.
 class TriedMove {
 public:
     TriedMove(RulesState& InState, int InMove)
-        : State(InState), Move(InMove), Source(InState.MoveStack[InMove].Source),
-          Mover(Source == FromHand ? Empty : InState.Board[Source]) {
-        PerformMove(State, Move);
+        : State(InState), Move(InMove), Stepper(StepperOf(InState, InState.MoveStack[InMove])),
+          Source(InState.MoveStack[InMove].Source), Dest(InState.MoveStack[InMove].Dest) {
+        if (Stepper >= 0) [[likely]] {
+            PerformStep(State, Stepper, Source, Dest);
+        } else {
+            Mover = Source == FromHand ? Empty : State.Board[Source];
+            PerformMove(State, Move);
+        }
     }
 
     void TakeBack() {
+        if (Stepper >= 0) [[likely]] {
+            TakeBackStep(State, Stepper, Source, Dest);
+            return;
+        }
         TakeBackMove(State, Move);
-        if (Source != FromHand && State.Board[Source] != Mover) [[unlikely]] {
+        if (Source != FromHand && State.Board[Source] != Mover) {
             SetCell(State, Source, Mover);
         }
     }
@@ -126,8 +142,10 @@ public:
 private:
     RulesState& State;
     int Move;
+    int Stepper;
     int Source;
-    std::int32_t Mover;
+    int Dest;
+    std::int32_t Mover = Empty; ///< asked of special moves only
 };
 
 /// A move as the record of a game keeps it, with what stepping back needs beside it.

@@ -13,7 +13,7 @@ CellWeights WeightsOf(const RulesState& State, const base::CheckedArray<CellSet,
     CellWeights Sums{};
     for (int Index = 0; Index < PieceIndices; ++Index) {
         for (CellSet Cells = Sets[Index]; Cells.Any();) {
-            const CellWeights& Weights = State.PieceWeights[Index][Cells.TakeFirst()];
+            const CellWeights& Weights = State.PieceWeights[Cells.TakeFirst()][Index];
             for (int Lane = 0; Lane < 4; ++Lane) {
                 Sums.Lanes[Lane] += Weights.Lanes[Lane];
             }

@@ -20,10 +20,10 @@ inline constexpr std::string_view DefaultSetup =
 inline void SetCell(RulesState& State, int Cell, std::int32_t Value) {
     std::int32_t& Place = State.Board[Cell];
     if (Place != Empty) {
-        State.Pieces[PieceIndex(Place)].Toggle(Cell);
+        State.Pieces[PieceIndex(Place)] ^= SingleCells[Cell];
     }
     if (Value != Empty) {
-        State.Pieces[PieceIndex(Value)].Toggle(Cell);
+        State.Pieces[PieceIndex(Value)] ^= SingleCells[Cell];
     }
     Place = Value;
 }

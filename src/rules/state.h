@@ -42,7 +42,27 @@ struct CaptureGroup {
 /// The pieces that a move captures, in the order in which they are jumped. What lies beyond `Count` is no value.
 struct CapturePath {
     std::uint8_t Count;
+    std::uint8_t Kings; ///< how many of them are kings
     CaptureGroup Groups[CaptureLevels];
+
+    /// The worth of all of them, in men.
+    int Weight() const { return Count + Kings; }
+
+    void Append(int Cell, bool King) {
+        Groups[Count] = {static_cast<std::uint8_t>(Cell), static_cast<std::uint8_t>(King ? 2 : 1)};
+        ++Count;
+        Kings = static_cast<std::uint8_t>(Kings + (King ? 1 : 0));
+    }
+
+    void RemoveLast() {
+        --Count;
+        Kings = static_cast<std::uint8_t>(Kings - (Groups[Count].Weight - 1));
+    }
+
+    void Clear() {
+        Count = 0;
+        Kings = 0;
+    }
 
     bool operator==(const CapturePath& Other) const {
         if (Count != Other.Count) {
@@ -57,12 +77,13 @@ struct CapturePath {
     }
 };
 
-/// A move as the generators list it.
-struct MoveRecord {
+/// A move as the generators list it. Its size is a power of two: the stack is indexed all the time.
+struct alignas(16) MoveRecord {
     std::int32_t Source; ///< cell, or `FromHand`
     std::int32_t Dest;   ///< cell
     std::int32_t Kind;   ///< 0 plain, 2 promotes; times `Side` it is the new piece
     std::int32_t Score;  ///< ordering score; -32000 once `NextBestMove` has handed the move out
+    std::uint8_t Stepper; ///< 1 and the piece's index if a piece steps and nothing else happens, else 0
     CapturePath Captures;
 
     bool operator==(const MoveRecord&) const = default;
@@ -74,7 +95,6 @@ struct CaptureRowFields {
     std::int32_t Dest;
     std::int32_t Piece;    ///< the mover's code as it stood before the capture
     std::uint8_t Promotes; ///< 1: the move ends in promotion
-    std::uint8_t KingsTaken;
     std::uint8_t LongestPath; ///< pieces in the longest path of this mover when the row was stored
     CapturePath Text;
 };
@@ -90,9 +110,25 @@ using DirectionColumn = base::CheckedArray<std::int16_t, DirectionEntries>;
 /// Columns 0..3: plain steps by piece index; 4..7: capture steps.
 using DirectionTable = base::CheckedArray<DirectionColumn, 8>;
 
+/// What a column of steps amounts to, whatever its order: the usual ones are moved by in sets, with constants.
+enum class StepShape : std::uint8_t { Other, FourDiagonals, UpDiagonals, DownDiagonals };
+
 /// Four weights of a piece on a cell, and the four sums of them over the board.
-struct CellWeights {
+struct alignas(16) CellWeights {
     std::int32_t Lanes[4];
+
+    CellWeights& operator+=(const CellWeights& Other) {
+        for (int Lane = 0; Lane < 4; ++Lane) {
+            Lanes[Lane] += Other.Lanes[Lane];
+        }
+        return *this;
+    }
+    CellWeights& operator-=(const CellWeights& Other) {
+        for (int Lane = 0; Lane < 4; ++Lane) {
+            Lanes[Lane] -= Other.Lanes[Lane];
+        }
+        return *this;
+    }
 
     bool operator==(const CellWeights&) const = default;
 };
@@ -179,8 +215,9 @@ struct RulesState {
     BoardCellsArray StartBoard;
     DirectionTable MoveDirections;
     DirectionTable LoadedMoveDirections;
-    /// By piece index and cell; zero until the engine fills it in and calls `RecountPosition`.
-    base::CheckedArray<base::CheckedArray<CellWeights, BoardCells>, PieceIndices> PieceWeights;
+    base::CheckedArray<StepShape, 8> StepShapes; ///< of `MoveDirections`
+    /// By cell and piece index; zero until the engine fills it in and calls `RecountPosition`.
+    base::CheckedArray<base::CheckedArray<CellWeights, PieceIndices>, BoardCells> PieceWeights;
     std::int32_t SpecialRuleSet; ///< 0 generic, 1 American, 2 Italian, 3 German, 4 Russian
     WalkFlags Walk;              ///< the rules of captures as yes or no
     std::int32_t SetCaptures;
@@ -194,6 +231,8 @@ struct RulesState {
     base::CheckedArray<CellSet, 2> PromotionSet;
     base::CheckedArray<CellSet, 2> JumpPromotionSet;
     base::CheckedArray<CellSet, 2> ShortPromotionSet;
+    /// The cells from which a man's step may lead to a promotion square, by colour.
+    base::CheckedArray<CellSet, 2> BeforePromotion;
 };
 
 static_assert(std::is_trivially_copyable_v<RulesState>);

@@ -94,7 +94,7 @@ public:
         // Weights that tell all cells and kinds apart, so that a figure out of step cannot hide.
         for (int Index = 0; Index < PieceIndices; ++Index) {
             for (int Cell = 0; Cell < BoardCells; ++Cell) {
-                for (std::int32_t& Lane : State->PieceWeights[Index][Cell].Lanes) {
+                for (std::int32_t& Lane : State->PieceWeights[Cell][Index].Lanes) {
                     Lane = static_cast<std::int32_t>(Chance() % 1000) - 500;
                 }
             }
