@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <cstdlib>
 
@@ -46,32 +47,27 @@ int DistanceBetween(int A, int B) {
 struct Census {
     int Pieces[2];
     int Men[2];
-    bool Early[2];    ///< the colour has more men than its threshold
-    int Strongest[2]; ///< the cell of the colour's strongest piece; cell 0 if it has none
+    bool Early[2]; ///< the colour has more men than its threshold
     bool Goal[2];
 };
 
-/// White's strongest piece is the first of equals, Black's the last, in rows from the bottom and columns from the
-/// right. The asymmetry is wanted.
-int FirstFromTheRight(CellSet Set) {
-    return (Set & RowCells(RowOf(Set.First()))).Last();
-}
-int LastFromTheRight(CellSet Set) {
-    return (Set & RowCells(RowOf(Set.Last()))).First();
+/// The cell of a colour's strongest piece; cell 0 if it has none. White's is the first of equals, Black's the last, in
+/// rows from the bottom and columns from the right. The asymmetry is wanted.
+int StrongestOf(const EngineState& State, int Colour) {
+    const CellSet Kings = State.Pieces[Colour + 2];
+    const CellSet Set = Kings.Any() ? Kings : State.Pieces[Colour];
+    if (Set.None()) {
+        return 0;
+    }
+    return Colour == 0 ? (Set & RowCells(RowOf(Set.First()))).Last() : (Set & RowCells(RowOf(Set.Last()))).First();
 }
 
 Census Count(const EngineState& State) {
     Census Result;
     for (const int Colour : {0, 1}) {
-        const CellSet Men = State.Pieces[Colour];
-        const CellSet Kings = State.Pieces[Colour + 2];
-        Result.Men[Colour] = Men.Count();
-        Result.Pieces[Colour] = Result.Men[Colour] + Kings.Count();
+        Result.Men[Colour] = State.Pieces[Colour].Count();
+        Result.Pieces[Colour] = Result.Men[Colour] + State.Pieces[Colour + 2].Count();
         Result.Early[Colour] = Result.Men[Colour] > (Colour == 0 ? State.MenThresholdWhite : State.MenThresholdBlack);
-        const CellSet Strongest = Kings.Any() ? Kings : Men;
-        Result.Strongest[Colour] = Strongest.None() ? 0
-                                   : Colour == 0    ? FirstFromTheRight(Strongest)
-                                                    : LastFromTheRight(Strongest);
     }
     return Result;
 }
@@ -128,6 +124,16 @@ const auto ThirdTable =
 class Support {
 public:
     Support(const EngineState& State, int Colour) : Own(State.Pieces[Colour] | State.Pieces[Colour + 2]) {
+        const CellSet Men = State.Pieces[Colour];
+        const DirectionColumn& Steps = State.MoveDirections[Colour];
+        if (State.Pieces[Colour + 2].None() && Steps[2] == DirectionSentinel && Steps[1] != DirectionSentinel) {
+            // Two steps and nothing else, as mostly: their sum at once.
+            const CellSet First = Men.Moved(Steps[0]) & Own;
+            const CellSet Second = Men.Moved(Steps[1]) & Own;
+            Digits[0] = First ^ Second;
+            Digits[1] = First & Second;
+            return;
+        }
         for (int Index = Colour; Index < PieceIndices; Index += 2) {
             if (State.Pieces[Index].None()) {
                 continue;
@@ -143,8 +149,8 @@ public:
 
     /// The counts of the pieces in `Set`, added up.
     int Sum(const CellSet& Set) const {
-        int Total = Own.CountIn(Set);
-        for (int Digit = 0; Digit < Used; ++Digit) {
+        int Total = Own.CountIn(Set) + 2 * Digits[0].CountIn(Set) + 4 * Digits[1].CountIn(Set);
+        for (int Digit = 2; Digit < Used; ++Digit) {
             Total += Digits[Digit].CountIn(Set) << (Digit + 1);
         }
         return Total;
@@ -152,7 +158,16 @@ public:
 
     /// The same, each times its weight.
     template <std::size_t Planes>
-    int WeightedSum(const CellSet& Set, const WeightPlanes<Planes>& Weights) const {
+    int WeightedSum(const WeightPlanes<Planes>& Weights) const {
+        int Total = 0;
+        for (std::size_t Plane = 0; Plane < Planes; ++Plane) {
+            Total += Sum(Weights[Plane]) << Plane;
+        }
+        return Total;
+    }
+
+    template <std::size_t Planes>
+    int WeightedSumIn(const CellSet& Set, const WeightPlanes<Planes>& Weights) const {
         int Total = 0;
         for (std::size_t Plane = 0; Plane < Planes; ++Plane) {
             Total += Sum(Set & Weights[Plane]) << Plane;
@@ -162,8 +177,8 @@ public:
 
     /// Pieces with nothing behind them.
     int Unsupported() const {
-        CellSet Alone = Own;
-        for (int Digit = 0; Digit < Used; ++Digit) {
+        CellSet Alone = Own.Without(Digits[0] | Digits[1]);
+        for (int Digit = 2; Digit < Used; ++Digit) {
             Alone = Alone.Without(Digits[Digit]);
         }
         return Alone.Count();
@@ -175,13 +190,13 @@ private:
         for (int Digit = 0; Set.Any(); ++Digit) {
             Used = std::max(Used, Digit + 1);
             const CellSet Carry = Digits[Digit] & Set;
-            Digits[Digit] = (Digits[Digit] | Set).Without(Carry);
+            Digits[Digit] = Digits[Digit] ^ Set;
             Set = Carry;
         }
     }
 
     CellSet Own;
-    int Used = 0;
+    int Used = 2;
     /// Eight steps of men and eight of kings, if a rule set repeats them, bring up to sixteen supporters.
     base::CheckedArray<CellSet, 5> Digits;
 };
@@ -192,13 +207,13 @@ int PullOfColour(const EngineState& State, int Colour, int Target) {
     const auto Row = static_cast<std::size_t>(Target);
     const Support Behind(State, Colour);
     if constexpr (!P.Generic) {
-        return Behind.WeightedSum(PlayingCells, ThirdTable[Row]) - 10 * Behind.Unsupported();
+        return Behind.WeightedSum(ThirdTable[Row]) - 10 * Behind.Unsupported();
     } else {
         const CellSet Men = State.Pieces[Colour];
         const CellSet Kings = State.Pieces[Colour + 2];
-        const int OfMen =
-            Behind.WeightedSum(Men, PullTable[Row]) - (Target == NoEnemyCell ? NoEnemyBias * Behind.Sum(Men) : 0);
-        return OfMen + (Kings.Any() ? Behind.WeightedSum(Kings, ThirdTable[Row]) : 0);
+        const int OfMen = (Kings.None() ? Behind.WeightedSum(PullTable[Row]) : Behind.WeightedSumIn(Men, PullTable[Row])) -
+                          (Target == NoEnemyCell ? NoEnemyBias * Behind.Sum(Men) : 0);
+        return OfMen + (Kings.Any() ? Behind.WeightedSumIn(Kings, ThirdTable[Row]) : 0);
     }
 }
 
@@ -226,6 +241,7 @@ int KingWinSum(const EngineState& State, const Census& Figures, int Combination,
     const PieceValueTable& Values = State.GenericValues[Combination];
     const double Factor = 2.0 - (Figures.Pieces[0] + Figures.Pieces[1]) * 0.01;
     const bool ByRow = HasSidewaysTerm(State, Side);
+    const int Strongest[2] = {StrongestOf(State, 0), StrongestOf(State, 1)};
     int FirstRowOf[2] = {0, 0};
     int RowsDone = FirstRow - 1;
     int Sum = 0; // less what the empty cells up to here give
@@ -248,7 +264,7 @@ int KingWinSum(const EngineState& State, const Census& Figures, int Combination,
             if (Square != NoSquare) {
                 Sum += Sign * 2 * (19 - DistanceBetween(Cell, Square));
             } else if (State.PromotionCountEqual == 0 && Entry <= State.PromotionCountMax) {
-                const int Distance = DistanceBetween(Cell, Figures.Strongest[1 - Colour]);
+                const int Distance = DistanceBetween(Cell, Strongest[1 - Colour]);
                 const double Exact = (Sum + EmptySoFar) + Sign * Factor * (19 - Distance);
                 Sum = static_cast<int>(std::nearbyint(Exact)) - EmptySoFar;
                 if (FirstRowOf[Colour] == 0) {
@@ -281,7 +297,7 @@ int SumOfPlaces(const EngineState& State, const PieceValueTable& Values, bool Ke
 template <EvaluatorPolicy P>
 int PositionalSum(const EngineState& State, const Census& Figures, std::int32_t Side) {
     const auto Pull = [&] {
-        return PullOfColour<P>(State, 0, Figures.Strongest[1]) - PullOfColour<P>(State, 1, Figures.Strongest[0]);
+        return PullOfColour<P>(State, 0, StrongestOf(State, 1)) - PullOfColour<P>(State, 1, StrongestOf(State, 0));
     };
     if constexpr (!P.Generic) {
         constexpr int Lane = static_cast<int>(P.Kind);
@@ -307,13 +323,14 @@ int PositionalSum(const EngineState& State, const Census& Figures, std::int32_t 
 
 /// A mix of all the key's bits. Unequal keys may share it; the keys themselves decide then.
 std::uint32_t Fingerprint(const PositionKey& Key) {
+    constexpr std::uint64_t Factors[] = {0x9E3779B97F4A7C15ULL, 0xBF58476D1CE4E5B9ULL, 0x94D049BB133111EBULL,
+                                         0xD6E8FEB86659FD93ULL, 0xA0761D6478BD642FULL, 0xE7037ED1A0B428DBULL,
+                                         0x8EBC6AF09C88C6E3ULL, 0x589965CC75374CC3ULL};
     std::uint64_t Mix = 0;
-    for (const CellSet& Set : Key.Pieces) {
-        Mix = (Mix ^ Set.Low()) * 0x9E3779B97F4A7C15ULL;
-        Mix = (Mix ^ (Mix >> 29U) ^ Set.High()) * 0xBF58476D1CE4E5B9ULL;
-        Mix ^= Mix >> 32U;
+    for (std::size_t Index = 0; Index < PieceIndices; ++Index) {
+        Mix += Key.Pieces[Index].Low() * Factors[2 * Index] + Key.Pieces[Index].High() * Factors[2 * Index + 1];
     }
-    return static_cast<std::uint32_t>(Mix);
+    return static_cast<std::uint32_t>(Mix >> 32U);
 }
 
 /// Whether `Value` is among the first `Count`. Looks at all of them, so that the compiler can look at several at once.
@@ -343,36 +360,91 @@ bool IsRepetition(EngineState& State) {
     return false;
 }
 
-int MenInLine(const CellSet& Men, const PatternSteps& Steps) {
-    const CellSet First = Men & Steps.Squares;
-    return First.None() ? 0 : (First & Men.Moved(-Steps.First)).CountIn(Men.Moved(-Steps.Both));
+// What the pattern does with sets of cells, and with the words of a window.
+
+std::uint64_t WindowOf(const CellSet& Set, PatternWindow Window) {
+    return Window == PatternWindow::Lower ? Set.Low()
+                                          : Set.Low() >> UpperWindowBit | Set.High() << (64 - UpperWindowBit);
 }
 
-/// The gain of a colour from free ground in front of its promotion squares, and of closed lines of men there. The
-/// hard-wired evaluators count free ground twice where all three cells are free. Wanted.
+CellSet Moved(const CellSet& Set, int Step) {
+    return Set.Moved(Step);
+}
+std::uint64_t Moved(std::uint64_t Bits, int Step) {
+    return Step >= 0 ? Bits << (static_cast<unsigned>(Step) & 63U) : Bits >> (static_cast<unsigned>(-Step) & 63U);
+}
+
+int CountOf(const CellSet& Set) {
+    return Set.Count();
+}
+int CountOf(std::uint64_t Bits) {
+    return std::popcount(Bits);
+}
+
+bool IsEmpty(const CellSet& Set) {
+    return Set.None();
+}
+bool IsEmpty(std::uint64_t Bits) {
+    return Bits == 0;
+}
+
+/// What the pattern looks at, as sets of cells or as words of one window.
+template <typename Set>
+struct PatternView {
+    Set Free;
+    Set Men[2];
+};
+
+struct PatternGain {
+    int Ground = 0; ///< of the colour whose promotion squares they are
+    int Lines = 0;  ///< from White's point of view
+};
+
+/// One pair of steps in front of the squares. The hard-wired evaluators count free ground twice where all three cells
+/// are free: `BothFree` is what they give beside what the first of them gives. Wanted.
+template <typename Set>
+void AddPattern(PatternGain& Gain, const PatternView<Set>& View, const Set& Squares, const PatternSteps& Steps,
+                int BothFree) {
+    const Set Open = Squares & View.Free;
+    if (!IsEmpty(Open)) {
+        const Set Next = Moved(View.Free, -Steps.First);
+        const Set Beyond = Moved(View.Free, -Steps.Both);
+        Gain.Ground += 20 * CountOf(Open & (Next | Beyond)) + BothFree * CountOf(Open & Next & Beyond);
+    }
+    if (Steps.Straight != 0) {
+        for (const int Colour : {0, 1}) {
+            const Set First = View.Men[Colour] & Squares;
+            if (!IsEmpty(First)) {
+                const Set Line = First & Moved(View.Men[Colour], -Steps.First) & Moved(View.Men[Colour], -Steps.Both);
+                Gain.Lines += (Colour == 0 ? 30 : -30) * CountOf(Line);
+            }
+        }
+    }
+}
+
+/// The gain of a colour from free ground in front of its promotion squares, and of closed lines of men there.
 template <EvaluatorPolicy P>
 int Pattern(const EngineState& State, int Colour) {
     const PatternList& List = P.Generic ? State.GenericPattern[Colour] : State.SpecialPattern[Colour];
     if (List.Faults != 0) [[unlikely]] {
         base::FailIndex(NoSquare, BoardCells);
     }
-    const CellSet Free = PlayingCells.Without(AllPieces(State));
-    const int BothFree = P.Generic ? 10 : 30; // beside what the first of them gives
-    int Gain = 0;
-    int Lines = 0;
-    for (int Row = 0; Row < List.Count; ++Row) {
-        const PatternSteps& Steps = List.Steps[Row];
-        const CellSet Open = Steps.Squares & Free;
-        if (Open.Any()) {
-            const CellSet Next = Free.Moved(-Steps.First);
-            const CellSet Beyond = Free.Moved(-Steps.Both);
-            Gain += 20 * Open.CountIn(Next | Beyond) + BothFree * Open.CountIn(Next & Beyond);
+    const PatternView<CellSet> Whole{PlayingCells.Without(AllPieces(State)), {State.Pieces[0], State.Pieces[1]}};
+    constexpr int BothFree = P.Generic ? 10 : 30;
+    PatternGain Gain;
+    if (List.Window == PatternWindow::None) {
+        for (int Row = 0; Row < List.Count; ++Row) {
+            AddPattern(Gain, Whole, List.Steps[Row].Squares, List.Steps[Row], BothFree);
         }
-        if (Steps.Straight != 0) {
-            Lines += 30 * MenInLine(State.Pieces[0], Steps) - 30 * MenInLine(State.Pieces[1], Steps);
+    } else {
+        const PatternView<std::uint64_t> View{WindowOf(Whole.Free, List.Window),
+                                              {WindowOf(Whole.Men[0], List.Window), WindowOf(Whole.Men[1], List.Window)}};
+        for (int Row = 0; Row < List.Count; ++Row) {
+            const PatternSteps& Steps = List.Steps[Row];
+            AddPattern(Gain, View, WindowOf(Steps.Squares, List.Window), Steps, BothFree);
         }
     }
-    return (Colour == 0 ? Gain : -Gain) + Lines;
+    return (Colour == 0 ? Gain.Ground : -Gain.Ground) + Gain.Lines;
 }
 
 int NoiseTerm(EngineState& State) {

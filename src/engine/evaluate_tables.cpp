@@ -205,6 +205,27 @@ void AddPatternSquares(PatternList& List, int Square, const DirectionColumn& Ste
     }
 }
 
+/// The window that holds the squares of a list and whatever of the board is looked at from there.
+PatternWindow WindowFor(const PatternList& List) {
+    const auto Holds = [&](int FirstBit) {
+        const auto InWindow = [&](int Cell) {
+            return Cell >= FirstCell + FirstBit && Cell < FirstCell + FirstBit + 64;
+        };
+        for (int Row = 0; Row < List.Count; ++Row) {
+            for (CellSet Squares = List.Steps[Row].Squares; Squares.Any();) {
+                const int Square = Squares.TakeFirst();
+                for (const int Cell : {Square, Square + List.Steps[Row].First, Square + List.Steps[Row].Both}) {
+                    if (IsOnBoard(Cell) && !InWindow(Cell)) {
+                        return false;
+                    }
+                }
+            }
+        }
+        return true;
+    };
+    return Holds(0) ? PatternWindow::Lower : Holds(UpperWindowBit) ? PatternWindow::Upper : PatternWindow::None;
+}
+
 void InitPatterns(EngineState& State) {
     for (const int Colour : {0, 1}) {
         const DirectionColumn& Steps = State.MoveDirections[1 - Colour];
@@ -224,6 +245,8 @@ void InitPatterns(EngineState& State) {
                 }
             }
         }
+        Generic.Window = WindowFor(Generic);
+        Special.Window = WindowFor(Special);
     }
 }
 

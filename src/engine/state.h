@@ -54,11 +54,17 @@ struct PatternSteps {
     std::int32_t Straight; ///< 1: the two steps are the same
 };
 
+/// The end of the board that holds all that a pattern looks at; `None` if neither does.
+enum class PatternWindow : std::uint8_t { None, Lower, Upper };
+/// The lower window begins with cell 25, the upper one this many cells further; either has 64 of them.
+inline constexpr int UpperWindowBit = 54;
+
 /// The promotion-row pattern of one colour. A square that the rules list twice counts twice, so steps may recur with
 /// other squares: sixteen squares, eight first steps, eight second ones at most.
 struct PatternList {
     std::int32_t Count;
     std::int32_t Faults; ///< 1: a square that the pattern needs is not there
+    PatternWindow Window;
     base::CheckedArray<PatternSteps, std::size_t{rules::PromotionRows} * 64> Steps;
 };
 

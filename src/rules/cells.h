@@ -198,9 +198,19 @@ inline constexpr base::CheckedArray<CellSet, BoardCells> SingleCells = [] {
     return Sets;
 }();
 
+namespace detail {
+inline constexpr base::CheckedArray<CellSet, LastRow + 1> Rows = [] {
+    base::CheckedArray<CellSet, LastRow + 1> Sets{};
+    for (int Row = FirstRow; Row <= LastRow; ++Row) {
+        Sets[Row] = CellSet(CellSet::Word{0x3FF} << static_cast<unsigned>(CellAt(Row, FirstColumn) - FirstCell));
+    }
+    return Sets;
+}();
+} // namespace detail
+
 /// One row of the board, by mailbox row 2 to 11.
 constexpr CellSet RowCells(int Row) {
-    return CellSet(CellSet::Word{0x3FF} << static_cast<unsigned>(CellAt(Row, FirstColumn) - FirstCell));
+    return detail::Rows[Row];
 }
 
 } // namespace zonterbrook::rules
