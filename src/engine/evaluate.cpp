@@ -124,16 +124,6 @@ const auto ThirdTable =
 class Support {
 public:
     Support(const EngineState& State, int Colour) : Own(State.Pieces[Colour] | State.Pieces[Colour + 2]) {
-        const CellSet Men = State.Pieces[Colour];
-        const DirectionColumn& Steps = State.MoveDirections[Colour];
-        if (State.Pieces[Colour + 2].None() && Steps[2] == DirectionSentinel && Steps[1] != DirectionSentinel) {
-            // Two steps and nothing else, as mostly: their sum at once.
-            const CellSet First = Men.Moved(Steps[0]) & Own;
-            const CellSet Second = Men.Moved(Steps[1]) & Own;
-            Digits[0] = First ^ Second;
-            Digits[1] = First & Second;
-            return;
-        }
         for (int Index = Colour; Index < PieceIndices; Index += 2) {
             if (State.Pieces[Index].None()) {
                 continue;
@@ -149,8 +139,8 @@ public:
 
     /// The counts of the pieces in `Set`, added up.
     int Sum(const CellSet& Set) const {
-        int Total = Own.CountIn(Set) + 2 * Digits[0].CountIn(Set) + 4 * Digits[1].CountIn(Set);
-        for (int Digit = 2; Digit < Used; ++Digit) {
+        int Total = Own.CountIn(Set);
+        for (int Digit = 0; Digit < Used; ++Digit) {
             Total += Digits[Digit].CountIn(Set) << (Digit + 1);
         }
         return Total;
@@ -158,16 +148,7 @@ public:
 
     /// The same, each times its weight.
     template <std::size_t Planes>
-    int WeightedSum(const WeightPlanes<Planes>& Weights) const {
-        int Total = 0;
-        for (std::size_t Plane = 0; Plane < Planes; ++Plane) {
-            Total += Sum(Weights[Plane]) << Plane;
-        }
-        return Total;
-    }
-
-    template <std::size_t Planes>
-    int WeightedSumIn(const CellSet& Set, const WeightPlanes<Planes>& Weights) const {
+    int WeightedSum(const CellSet& Set, const WeightPlanes<Planes>& Weights) const {
         int Total = 0;
         for (std::size_t Plane = 0; Plane < Planes; ++Plane) {
             Total += Sum(Set & Weights[Plane]) << Plane;
@@ -177,8 +158,8 @@ public:
 
     /// Pieces with nothing behind them.
     int Unsupported() const {
-        CellSet Alone = Own.Without(Digits[0] | Digits[1]);
-        for (int Digit = 2; Digit < Used; ++Digit) {
+        CellSet Alone = Own;
+        for (int Digit = 0; Digit < Used; ++Digit) {
             Alone = Alone.Without(Digits[Digit]);
         }
         return Alone.Count();
@@ -196,25 +177,67 @@ private:
     }
 
     CellSet Own;
-    int Used = 2;
+    int Used = 0;
     /// Eight steps of men and eight of kings, if a rule set repeats them, bring up to sixteen supporters.
     base::CheckedArray<CellSet, 5> Digits;
 };
 
-/// What a colour's pieces gain by standing near the enemy's strongest piece with support, from their own view.
+/// The same where only men are left and they have two steps, as mostly.
+class SupportOfMen {
+public:
+    /// `Steps` must have two entries.
+    SupportOfMen(const CellSet& InMen, const DirectionColumn& Steps)
+        : Men(InMen), First(Men.Moved(Steps[0]) & Men), Second(Men.Moved(Steps[1]) & Men) {}
+
+    int Sum() const { return Men.Count() + 2 * (First.Count() + Second.Count()); }
+
+    template <std::size_t Planes>
+    int WeightedSum(const WeightPlanes<Planes>& Weights) const {
+        int Total = 0;
+        for (std::size_t Plane = 0; Plane < Planes; ++Plane) {
+            const CellSet& Set = Weights[Plane];
+            Total += (Men.CountIn(Set) + 2 * (First.CountIn(Set) + Second.CountIn(Set))) << Plane;
+        }
+        return Total;
+    }
+
+    int Unsupported() const { return Men.Without(First | Second).Count(); }
+
+private:
+    CellSet Men;
+    CellSet First;
+    CellSet Second;
+};
+
+bool HasTwoSteps(const DirectionColumn& Steps) {
+    return Steps[0] != DirectionSentinel && Steps[1] != DirectionSentinel && Steps[2] == DirectionSentinel;
+}
+
+/// What a colour's pieces gain by standing near the enemy's strongest piece with support, from their own view: any
+/// pieces, any steps.
 template <EvaluatorPolicy P>
-int PullOfColour(const EngineState& State, int Colour, int Target) {
-    const auto Row = static_cast<std::size_t>(Target);
+[[gnu::noinline]] int PullOfAny(const EngineState& State, int Colour, std::size_t Target, int Bias) {
     const Support Behind(State, Colour);
     if constexpr (!P.Generic) {
-        return Behind.WeightedSum(ThirdTable[Row]) - 10 * Behind.Unsupported();
+        return Behind.WeightedSum(PlayingCells, ThirdTable[Target]) - 10 * Behind.Unsupported();
     } else {
         const CellSet Men = State.Pieces[Colour];
         const CellSet Kings = State.Pieces[Colour + 2];
-        const int OfMen = (Kings.None() ? Behind.WeightedSum(PullTable[Row]) : Behind.WeightedSumIn(Men, PullTable[Row])) -
-                          (Target == NoEnemyCell ? NoEnemyBias * Behind.Sum(Men) : 0);
-        return OfMen + (Kings.Any() ? Behind.WeightedSumIn(Kings, ThirdTable[Row]) : 0);
+        const int OfMen = Behind.WeightedSum(Men, PullTable[Target]) - (Bias != 0 ? Bias * Behind.Sum(Men) : 0);
+        return OfMen + (Kings.Any() ? Behind.WeightedSum(Kings, ThirdTable[Target]) : 0);
     }
+}
+
+template <EvaluatorPolicy P>
+int PullOfColour(const EngineState& State, int Colour, int EnemyCell) {
+    const auto Target = static_cast<std::size_t>(EnemyCell);
+    const int Bias = EnemyCell == NoEnemyCell ? NoEnemyBias : 0;
+    if (State.Pieces[Colour + 2].Any() || !HasTwoSteps(State.MoveDirections[Colour])) {
+        return PullOfAny<P>(State, Colour, Target, Bias);
+    }
+    const SupportOfMen Behind(State.Pieces[Colour], State.MoveDirections[Colour]);
+    return P.Generic ? Behind.WeightedSum(PullTable[Target]) - (Bias != 0 ? Bias * Behind.Sum() : 0)
+                     : Behind.WeightedSum(ThirdTable[Target]) - 10 * Behind.Unsupported();
 }
 
 /// The file term of variants whose men never leave their rows: the opponent of the side to move counts columns that it
@@ -333,21 +356,25 @@ std::uint32_t Fingerprint(const PositionKey& Key) {
     return static_cast<std::uint32_t>(Mix >> 32U);
 }
 
-/// Whether `Value` is among the first `Count`. Looks at all of them, so that the compiler can look at several at once.
-bool OccursIn(const std::uint32_t* Values, int Count, std::uint32_t Value) {
-    std::uint32_t Found = 0;
-    for (int I = 0; I < Count; ++I) {
-        Found |= Values[I] == Value ? 1U : 0U;
+/// Whether `Value` may be among the first `Count`. Looks at all of them and up to three more, four at once: the answer
+/// is only a hint.
+bool MayOccurIn(const std::uint32_t* Values, int Count, std::uint32_t Value) {
+    std::uint32_t Found[4] = {};
+    for (int I = 0; I < Count; I += 4) {
+        for (int J = 0; J < 4; ++J) {
+            Found[J] |= Values[I + J] == Value ? 1U : 0U;
+        }
     }
-    return Found != 0;
+    return (Found[0] | Found[1] | Found[2] | Found[3]) != 0;
 }
+static_assert(GameMoveEntries > (MaxGameMoves + MaxPly - 1 + 3) / 4 * 4, "room for what is looked at beyond the last");
 
 /// True if the position stood before in the game or the line, two moves back or more. If not, its key is stored.
 bool IsRepetition(EngineState& State) {
     const PositionKey Key = KeyOfPosition(State);
     const std::uint32_t Print = Fingerprint(Key);
     const int Past = std::max(State.GameMoves - 1, 0);
-    if (OccursIn(State.HistoryFingerprint.begin(), Past, Print)) [[unlikely]] {
+    if (MayOccurIn(State.HistoryFingerprint.begin(), Past, Print)) [[unlikely]] {
         const auto* Keys = State.PositionHistory.begin();
         if (std::find(Keys, Keys + Past, Key) != Keys + Past) {
             return true;
@@ -360,66 +387,70 @@ bool IsRepetition(EngineState& State) {
     return false;
 }
 
-// What the pattern does with sets of cells, and with the words of a window.
-
-std::uint64_t WindowOf(const CellSet& Set, PatternWindow Window) {
-    return Window == PatternWindow::Lower ? Set.Low()
-                                          : Set.Low() >> UpperWindowBit | Set.High() << (64 - UpperWindowBit);
-}
-
-CellSet Moved(const CellSet& Set, int Step) {
-    return Set.Moved(Step);
-}
-std::uint64_t Moved(std::uint64_t Bits, int Step) {
-    return Step >= 0 ? Bits << (static_cast<unsigned>(Step) & 63U) : Bits >> (static_cast<unsigned>(-Step) & 63U);
-}
-
-int CountOf(const CellSet& Set) {
-    return Set.Count();
-}
-int CountOf(std::uint64_t Bits) {
-    return std::popcount(Bits);
-}
-
-bool IsEmpty(const CellSet& Set) {
-    return Set.None();
-}
-bool IsEmpty(std::uint64_t Bits) {
-    return Bits == 0;
-}
-
-/// What the pattern looks at, as sets of cells or as words of one window.
-template <typename Set>
-struct PatternView {
-    Set Free;
-    Set Men[2];
-};
-
 struct PatternGain {
     int Ground = 0; ///< of the colour whose promotion squares they are
     int Lines = 0;  ///< from White's point of view
 };
 
-/// One pair of steps in front of the squares. The hard-wired evaluators count free ground twice where all three cells
-/// are free: `BothFree` is what they give beside what the first of them gives. Wanted.
-template <typename Set>
-void AddPattern(PatternGain& Gain, const PatternView<Set>& View, const Set& Squares, const PatternSteps& Steps,
-                int BothFree) {
-    const Set Open = Squares & View.Free;
-    if (!IsEmpty(Open)) {
-        const Set Next = Moved(View.Free, -Steps.First);
-        const Set Beyond = Moved(View.Free, -Steps.Both);
-        Gain.Ground += 20 * CountOf(Open & (Next | Beyond)) + BothFree * CountOf(Open & Next & Beyond);
-    }
-    if (Steps.Straight != 0) {
-        for (const int Colour : {0, 1}) {
-            const Set First = View.Men[Colour] & Squares;
-            if (!IsEmpty(First)) {
-                const Set Line = First & Moved(View.Men[Colour], -Steps.First) & Moved(View.Men[Colour], -Steps.Both);
-                Gain.Lines += (Colour == 0 ? 30 : -30) * CountOf(Line);
-            }
+/// What free ground gives where one or both of the cells in front are free. The hard-wired evaluators count it twice
+/// where both are. Wanted.
+constexpr int OneFree = 20;
+template <EvaluatorPolicy P>
+constexpr int BothFree = P.Generic ? 30 : 50;
+
+/// The pattern of men who step along two diagonals, where one end of the board holds all that it looks at.
+template <EvaluatorPolicy P, int Sign>
+PatternGain DiagonalPattern(const EngineState& State, const PatternList& List) {
+    constexpr int Steps[] = {Sign * 11, Sign * 13};
+    const auto Window = [&](const CellSet& Set) {
+        return List.Window == PatternWindow::Lower ? Set.Low()
+                                                   : Set.Low() >> UpperWindowBit | Set.High() << (64 - UpperWindowBit);
+    };
+    const auto Seen = [](std::uint64_t Bits, int Step) { return Step > 0 ? Bits >> Step : Bits << -Step; };
+    const std::uint64_t Free = Window(PlayingCells.Without(AllPieces(State)));
+    PatternGain Gain;
+    for (const int First : {0, 1}) {
+        const std::uint64_t Next = Seen(Free, Steps[First]);
+        for (const int Second : {0, 1}) {
+            const std::uint64_t Beyond = Seen(Free, Steps[First] + Steps[Second]);
+            const std::uint64_t Open = List.Diagonals[First][Second] & Free;
+            Gain.Ground += OneFree * std::popcount(Open & (Next | Beyond)) +
+                           (BothFree<P> - OneFree) * std::popcount(Open & Next & Beyond);
         }
     }
+    for (const int Colour : {0, 1}) {
+        const std::uint64_t Men = Window(State.Pieces[Colour]);
+        int Lines = 0;
+        for (const int Way : {0, 1}) {
+            Lines += std::popcount(List.Diagonals[Way][Way] & Men & Seen(Men, Steps[Way]) & Seen(Men, 2 * Steps[Way]));
+        }
+        Gain.Lines += (Colour == 0 ? 30 : -30) * Lines;
+    }
+    return Gain;
+}
+
+/// The pattern of any steps anywhere.
+template <EvaluatorPolicy P>
+PatternGain AnyPattern(const EngineState& State, const PatternList& List) {
+    const CellSet Free = PlayingCells.Without(AllPieces(State));
+    const auto MenInLine = [](const CellSet& Men, const PatternSteps& Steps) {
+        return (Men & Steps.Squares & Men.Moved(-Steps.First)).CountIn(Men.Moved(-Steps.Both));
+    };
+    PatternGain Gain;
+    for (int Row = 0; Row < List.Count; ++Row) {
+        const PatternSteps& Steps = List.Steps[Row];
+        const CellSet Open = Steps.Squares & Free;
+        if (Open.Any()) {
+            const CellSet Next = Free.Moved(-Steps.First);
+            const CellSet Beyond = Free.Moved(-Steps.Both);
+            Gain.Ground +=
+                OneFree * Open.CountIn(Next | Beyond) + (BothFree<P> - OneFree) * Open.CountIn(Next & Beyond);
+        }
+        if (Steps.Straight != 0) {
+            Gain.Lines += 30 * MenInLine(State.Pieces[0], Steps) - 30 * MenInLine(State.Pieces[1], Steps);
+        }
+    }
+    return Gain;
 }
 
 /// The gain of a colour from free ground in front of its promotion squares, and of closed lines of men there.
@@ -429,21 +460,10 @@ int Pattern(const EngineState& State, int Colour) {
     if (List.Faults != 0) [[unlikely]] {
         base::FailIndex(NoSquare, BoardCells);
     }
-    const PatternView<CellSet> Whole{PlayingCells.Without(AllPieces(State)), {State.Pieces[0], State.Pieces[1]}};
-    constexpr int BothFree = P.Generic ? 10 : 30;
-    PatternGain Gain;
-    if (List.Window == PatternWindow::None) {
-        for (int Row = 0; Row < List.Count; ++Row) {
-            AddPattern(Gain, Whole, List.Steps[Row].Squares, List.Steps[Row], BothFree);
-        }
-    } else {
-        const PatternView<std::uint64_t> View{WindowOf(Whole.Free, List.Window),
-                                              {WindowOf(Whole.Men[0], List.Window), WindowOf(Whole.Men[1], List.Window)}};
-        for (int Row = 0; Row < List.Count; ++Row) {
-            const PatternSteps& Steps = List.Steps[Row];
-            AddPattern(Gain, View, WindowOf(Steps.Squares, List.Window), Steps, BothFree);
-        }
-    }
+    const StepShape Shape = State.StepShapes[1 - Colour];
+    const PatternGain Gain = List.Window == PatternWindow::None ? AnyPattern<P>(State, List)
+                             : Shape == StepShape::UpDiagonals  ? DiagonalPattern<P, 1>(State, List)
+                                                                : DiagonalPattern<P, -1>(State, List);
     return (Colour == 0 ? Gain.Ground : -Gain.Ground) + Gain.Lines;
 }
 

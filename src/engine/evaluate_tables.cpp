@@ -205,25 +205,43 @@ void AddPatternSquares(PatternList& List, int Square, const DirectionColumn& Ste
     }
 }
 
-/// The window that holds the squares of a list and whatever of the board is looked at from there.
-PatternWindow WindowFor(const PatternList& List) {
-    const auto Holds = [&](int FirstBit) {
-        const auto InWindow = [&](int Cell) {
-            return Cell >= FirstCell + FirstBit && Cell < FirstCell + FirstBit + 64;
-        };
-        for (int Row = 0; Row < List.Count; ++Row) {
-            for (CellSet Squares = List.Steps[Row].Squares; Squares.Any();) {
-                const int Square = Squares.TakeFirst();
-                for (const int Cell : {Square, Square + List.Steps[Row].First, Square + List.Steps[Row].Both}) {
-                    if (IsOnBoard(Cell) && !InWindow(Cell)) {
-                        return false;
-                    }
+/// True if a window holds the squares of a list and whatever of the board is looked at from there.
+bool Holds(int FirstBit, const PatternList& List) {
+    const auto InWindow = [&](int Cell) { return Cell >= FirstCell + FirstBit && Cell < FirstCell + FirstBit + 64; };
+    for (int Row = 0; Row < List.Count; ++Row) {
+        for (CellSet Squares = List.Steps[Row].Squares; Squares.Any();) {
+            const int Square = Squares.TakeFirst();
+            for (const int Cell : {Square, Square + List.Steps[Row].First, Square + List.Steps[Row].Both}) {
+                if (IsOnBoard(Cell) && !InWindow(Cell)) {
+                    return false;
                 }
             }
         }
-        return true;
-    };
-    return Holds(0) ? PatternWindow::Lower : Holds(UpperWindowBit) ? PatternWindow::Upper : PatternWindow::None;
+    }
+    return true;
+}
+
+/// Finds the list's window, and writes down the squares as it sees them.
+void OpenWindow(PatternList& List, StepShape Shape) {
+    List.Window = PatternWindow::None;
+    if (Shape != StepShape::UpDiagonals && Shape != StepShape::DownDiagonals) {
+        return;
+    }
+    const int FirstBit = Holds(0, List) ? 0 : UpperWindowBit;
+    if (!Holds(FirstBit, List)) {
+        return;
+    }
+    std::fill_n(&List.Diagonals[0][0], 4, 0);
+    for (int Row = 0; Row < List.Count; ++Row) {
+        const PatternSteps& Steps = List.Steps[Row];
+        std::uint64_t& Seen =
+            List.Diagonals[std::abs(Steps.First) == 11 ? 0 : 1][std::abs(Steps.Both - Steps.First) == 11 ? 0 : 1];
+        if (Seen != 0) {
+            return; // a square that is listed twice has two rows with the same steps, one too many for a window
+        }
+        Seen = Steps.Squares.Moved(-FirstBit).Low();
+    }
+    List.Window = FirstBit == 0 ? PatternWindow::Lower : PatternWindow::Upper;
 }
 
 void InitPatterns(EngineState& State) {
@@ -245,8 +263,8 @@ void InitPatterns(EngineState& State) {
                 }
             }
         }
-        Generic.Window = WindowFor(Generic);
-        Special.Window = WindowFor(Special);
+        OpenWindow(Generic, State.StepShapes[1 - Colour]);
+        OpenWindow(Special, State.StepShapes[1 - Colour]);
     }
 }
 

@@ -40,10 +40,9 @@ void StartEngineGame(EngineState& State) {
 bool SameRoot(const EngineState& A, const EngineState& B) {
     // Cell 0 is no playing cell, and taking back under `ManKing` may write to it.
     const bool SameBoard = std::equal(A.Board.begin() + 1, A.Board.end(), B.Board.begin() + 1);
-    return SameBoard && A.Pieces == B.Pieces && A.Side == B.Side && A.Ply == B.Ply &&
-           A.GameMoves == B.GameMoves && A.PiecesInHandWhite == B.PiecesInHandWhite &&
-           A.PiecesInHandBlack == B.PiecesInHandBlack && A.Material[0] == B.Material[0] &&
-           A.TotalMaterial[0] == B.TotalMaterial[0];
+    return SameBoard && A.Pieces == B.Pieces && A.Side == B.Side && A.Ply == B.Ply && A.GameMoves == B.GameMoves &&
+           A.PiecesInHandWhite == B.PiecesInHandWhite && A.PiecesInHandBlack == B.PiecesInHandBlack &&
+           A.Material[0] == B.Material[0] && A.TotalMaterial[0] == B.TotalMaterial[0];
 }
 
 } // namespace zonterbrook::engine

@@ -54,7 +54,8 @@ struct PatternSteps {
     std::int32_t Straight; ///< 1: the two steps are the same
 };
 
-/// The end of the board that holds all that a pattern looks at; `None` if neither does.
+/// The end of the board that holds all that a pattern looks at; `None` if neither does, or the men who defend don't
+/// step along two diagonals.
 enum class PatternWindow : std::uint8_t { None, Lower, Upper };
 /// The lower window begins with cell 25, the upper one this many cells further; either has 64 of them.
 inline constexpr int UpperWindowBit = 54;
@@ -65,6 +66,8 @@ struct PatternList {
     std::int32_t Count;
     std::int32_t Faults; ///< 1: a square that the pattern needs is not there
     PatternWindow Window;
+    /// With a window: its part of the squares, by the first step, 11 or 13 either way, and the second.
+    std::uint64_t Diagonals[2][2];
     base::CheckedArray<PatternSteps, std::size_t{rules::PromotionRows} * 64> Steps;
 };
 

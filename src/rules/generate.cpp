@@ -64,9 +64,8 @@ CellSet UnionOverSteps(const RulesState& State, int Column, Visitor&& Sees) {
 
 /// Those of `Pieces` that have prey next to them and a free cell behind it.
 CellSet Jumpers(const RulesState& State, const Field& Here, int Index, const CellSet& Pieces, const CellSet& Prey) {
-    return Pieces & UnionOverSteps(State, Index + 4, [&](int Step) {
-               return (Prey & Here.Free.Moved(-Step)).Moved(-Step);
-           });
+    return Pieces &
+           UnionOverSteps(State, Index + 4, [&](int Step) { return (Prey & Here.Free.Moved(-Step)).Moved(-Step); });
 }
 
 /// The pieces of the side to move that have a first jump, or that need a walk to find out.
@@ -92,9 +91,7 @@ CellSet PossibleMovers(const RulesState& State, const Rules& Rule, const Field& 
         return Here.Pieces;
     }
     const auto Stepping = [&](const CellSet& Pieces, int Index) {
-        return Pieces & UnionOverSteps(State, Index, [&](int Step) {
-                   return Here.Free.Moved(-Step);
-               });
+        return Pieces & UnionOverSteps(State, Index, [&](int Step) { return Here.Free.Moved(-Step); });
     };
     CellSet Result = Stepping(Here.Men, Here.Own);
     if (Here.Kings.Any()) {
@@ -303,7 +300,8 @@ bool RegisterCaptures(RulesState& State, const Rules& Rule, const Field& Here, M
 
 /// One generator call.
 template <typename Rules>
-[[gnu::always_inline]] inline void Generate(RulesState& State, const Rules& Rule, Wanted What, bool DropsPlain, CallFigures& Figures) {
+[[gnu::always_inline]] inline void Generate(RulesState& State, const Rules& Rule, Wanted What, bool DropsPlain,
+                                            CallFigures& Figures) {
     const int Base = State.StackLimit[State.Ply];
     MoveWriter Writer(State, Base);
     const Field Here(State);

@@ -82,8 +82,8 @@ public:
         Record.Source = Source;
         Record.Dest = Dest;
         Record.Kind = 0;
-        Record.Score =
-            100 * Path.Weight() - 50 * std::abs(State.Board[Source]) + Order.RecaptureBonus(Dest) + Order.Bonus(Source, Dest);
+        Record.Score = 100 * Path.Weight() - 50 * std::abs(State.Board[Source]) + Order.RecaptureBonus(Dest) +
+                       Order.Bonus(Source, Dest);
         Record.Stepper = 0;
         Record.Captures = Path;
         Advance();

@@ -79,10 +79,10 @@ struct CapturePath {
 
 /// A move as the generators list it. Its size is a power of two: the stack is indexed all the time.
 struct alignas(16) MoveRecord {
-    std::int32_t Source; ///< cell, or `FromHand`
-    std::int32_t Dest;   ///< cell
-    std::int32_t Kind;   ///< 0 plain, 2 promotes; times `Side` it is the new piece
-    std::int32_t Score;  ///< ordering score; -32000 once `NextBestMove` has handed the move out
+    std::int32_t Source;  ///< cell, or `FromHand`
+    std::int32_t Dest;    ///< cell
+    std::int32_t Kind;    ///< 0 plain, 2 promotes; times `Side` it is the new piece
+    std::int32_t Score;   ///< ordering score; -32000 once `NextBestMove` has handed the move out
     std::uint8_t Stepper; ///< 1 and the piece's index if a piece steps and nothing else happens, else 0
     CapturePath Captures;
 
@@ -93,8 +93,8 @@ struct alignas(16) MoveRecord {
 struct CaptureRowFields {
     std::int32_t Source;
     std::int32_t Dest;
-    std::int32_t Piece;    ///< the mover's code as it stood before the capture
-    std::uint8_t Promotes; ///< 1: the move ends in promotion
+    std::int32_t Piece;       ///< the mover's code as it stood before the capture
+    std::uint8_t Promotes;    ///< 1: the move ends in promotion
     std::uint8_t LongestPath; ///< pieces in the longest path of this mover when the row was stored
     CapturePath Text;
 };
