@@ -63,7 +63,8 @@ CellSet UnionOverSteps(const RulesState& State, int Column, Visitor&& Sees) {
 }
 
 /// Those of `Pieces` that have prey next to them and a free cell behind it.
-CellSet Jumpers(const RulesState& State, const Field& Here, int Index, const CellSet& Pieces, const CellSet& Prey) {
+[[gnu::always_inline]] inline CellSet Jumpers(const RulesState& State, const Field& Here, int Index,
+                                              const CellSet& Pieces, const CellSet& Prey) {
     return Pieces &
            UnionOverSteps(State, Index + 4, [&](int Step) { return (Prey & Here.Free.Moved(-Step)).Moved(-Step); });
 }
@@ -220,10 +221,8 @@ bool RegisterPairsOfSteps(const RulesState& State, const Field& Here, MoveWriter
 
 /// The plain moves of all pieces and the entries, in the order of the cells.
 template <typename Rules>
-void RegisterAllPlainMoves(const RulesState& State, const Rules& Rule, const Field& Here, MoveWriter& Writer) {
-    if (!Rule.Entries && !Rule.JumpFriend && RegisterPairsOfSteps(State, Here, Writer)) {
-        return;
-    }
+[[gnu::noinline]] void RegisterAnyPlainMoves(const RulesState& State, const Rules& Rule, const Field& Here,
+                                             MoveWriter& Writer) {
     const CellSet Movers = PossibleMovers(State, Rule, Here);
     const CellSet Cells = Rule.Entries ? PlayingCells : Movers;
     Cells.ForEach([&](int Cell) {
@@ -234,6 +233,14 @@ void RegisterAllPlainMoves(const RulesState& State, const Rules& Rule, const Fie
             Writer.RegisterMove(FromHand, Cell);
         }
     });
+}
+
+template <typename Rules>
+[[gnu::always_inline]] inline void RegisterAllPlainMoves(const RulesState& State, const Rules& Rule, const Field& Here,
+                                                         MoveWriter& Writer) {
+    if (Rule.Entries || Rule.JumpFriend || !RegisterPairsOfSteps(State, Here, Writer)) {
+        RegisterAnyPlainMoves(State, Rule, Here, Writer);
+    }
 }
 
 /// What a generator is asked for.
@@ -263,16 +270,11 @@ void RegisterUnfiltered(RulesState& State, const Rules& Rule, const Field& Here,
     });
 }
 
-/// The captures that stand. `DropsPlain`: a capture of the piece that moved last does away with the plain moves that
-/// have been written from `Base` on. Returns false if there was none to begin with.
+/// The captures of `Capturers` that stand. `DropsPlain`: a capture of the piece that moved last does away with the
+/// plain moves that have been written from `Base` on. Returns false if there was none to begin with.
 template <typename Rules>
-bool RegisterCaptures(RulesState& State, const Rules& Rule, const Field& Here, MoveWriter& Writer, bool DropsPlain,
-                      int Base, CallFigures& Figures) {
-    State.CaptureRow.Count = 0;
-    const CellSet Capturers = PossibleCapturers(State, Rule, Here);
-    if (Capturers.None()) {
-        return false;
-    }
+bool RegisterCaptures(RulesState& State, const Rules& Rule, const CellSet& Capturers, MoveWriter& Writer,
+                      bool DropsPlain, int Base, CallFigures& Figures) {
     CaptureRowList Rows(State.CaptureRow);
     CaptureWalk Walk(State, Rule, Rows);
     try {
@@ -315,7 +317,9 @@ template <typename Rules>
         if (What == Wanted::All) {
             RegisterAllPlainMoves(State, Rule, Here, Writer);
         }
-        const bool Any = RegisterCaptures(State, Rule, Here, Writer, DropsPlain, Base, Figures);
+        State.CaptureRow.Count = 0;
+        const CellSet Capturers = PossibleCapturers(State, Rule, Here);
+        const bool Any = Capturers.Any() && RegisterCaptures(State, Rule, Capturers, Writer, DropsPlain, Base, Figures);
         if (What == Wanted::CapturesElsePlain && !Any) {
             RegisterAllPlainMoves(State, Rule, Here, Writer);
         }
@@ -331,7 +335,7 @@ template <typename Rules>
 
 /// Runs `Work` under a generator's trap.
 template <typename Routine>
-auto Trapped(std::string_view Name, const CallFigures& Figures, Routine&& Work) {
+[[gnu::always_inline]] inline auto Trapped(std::string_view Name, const CallFigures& Figures, Routine&& Work) {
     try {
         return Work();
     } catch (const base::Fault&) {

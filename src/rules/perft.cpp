@@ -15,9 +15,18 @@ std::uint64_t CountLeaves(RulesState& State, int Depth, const Generator& Moves) 
     State.AtGamePosition = 0;
     std::uint64_t Leaves = 0;
     const int End = State.StackLimit[State.Ply + 1];
-    for (int Move = State.StackLimit[State.Ply]; Move < End; ++Move) {
+    const int First = State.StackLimit[State.Ply];
+    if (Depth == 1) {
+        for (int Move = First; Move < End; ++Move) {
+            TriedMove Tried(State, Move);
+            ++Leaves;
+            Tried.TakeBack();
+        }
+        return Leaves;
+    }
+    for (int Move = First; Move < End; ++Move) {
         TriedMove Tried(State, Move);
-        Leaves += Depth == 1 ? 1 : CountLeaves(State, Depth - 1, Moves);
+        Leaves += CountLeaves(State, Depth - 1, Moves);
         Tried.TakeBack();
     }
     return Leaves;
