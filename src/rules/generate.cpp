@@ -41,7 +41,7 @@ struct Field {
 
 /// The members of `Pieces` that see what `Sees(Step)` gives for one of the steps in `Column`.
 template <typename Visitor>
-CellSet UnionOverSteps(const RulesState& State, int Column, Visitor&& Sees) {
+[[gnu::always_inline]] inline CellSet UnionOverSteps(const RulesState& State, int Column, Visitor&& Sees) {
     switch (State.StepShapes[Column]) {
     case StepShape::FourDiagonals:
         return Sees(11) | Sees(13) | Sees(-11) | Sees(-13);

@@ -51,7 +51,7 @@ private:
 /// Writes the moves of one ply, from `Base` upward.
 class MoveWriter {
 public:
-    MoveWriter(RulesState& InState, int Base) : State(InState), Order(InState), Top(Base) {}
+    MoveWriter(RulesState& InState, int Base) : State(InState), Order(InState) { Restart(Base); }
 
     /// Whether a move from there may have a bonus.
     bool Concerns(int Source) const { return Order.Concerns(Source); }
@@ -59,7 +59,7 @@ public:
     /// A plain move of a piece of that index. Its score is its bonus alone. `Concerned`: what `Concerns` says of the
     /// source.
     [[gnu::always_inline]] void RegisterStep(int Index, int Source, int Dest, bool Concerned) {
-        MoveRecord& Record = State.MoveStack[Top];
+        MoveRecord& Record = *Next;
         Record.Source = Source;
         Record.Dest = Dest;
         Record.Kind = 0;
@@ -78,7 +78,7 @@ public:
         if (Path.Count > MaxCaptures) [[unlikely]] {
             base::FailIndex(Path.Count, MaxCaptures);
         }
-        MoveRecord& Record = State.MoveStack[Top];
+        MoveRecord& Record = *Next;
         Record.Source = Source;
         Record.Dest = Dest;
         Record.Kind = 0;
@@ -97,41 +97,44 @@ public:
             RegisterMove(Source, Dest);
         }
         // With the stack full this marks the record below the one just written. Nobody plays from a full stack.
-        State.MoveStack[Top - 1].Kind = 2;
-        State.MoveStack[Top - 1].Stepper = 0;
+        MoveRecord& Written = State.MoveStack[Top() - 1];
+        Written.Kind = 2;
+        Written.Stepper = 0;
     }
 
     /// True if nothing has been written above `Base`.
-    bool IsAt(int Base) const { return Top == Base; }
+    bool IsAt(int Base) const { return Top() == Base; }
 
     /// Takes back what has been written so far.
-    void Restart(int Base) { Top = Base; }
+    void Restart(int Base) { Next = &State.MoveStack[Base]; }
 
     /// Goes on where a copy of this writer stopped.
-    void Adopt(const MoveWriter& Copy) { Top = Copy.Top; }
+    void Adopt(const MoveWriter& Copy) { Next = Copy.Next; }
 
     /// The ply holds what has been written.
     void Finish() {
-        State.StackTop = Top;
-        State.StackLimit[State.Ply + 1] = Top;
+        State.StackTop = Top();
+        State.StackLimit[State.Ply + 1] = State.StackTop;
     }
 
     /// What has been written is on the stack, and belongs to no ply.
-    void FinishLoose() { State.StackTop = Top; }
+    void FinishLoose() { State.StackTop = Top(); }
 
 private:
     /// A full stack asks the search to stop and keeps overwriting its last record.
     void Advance() {
-        if (Top < StackFull) {
-            ++Top;
+        if (Next != &State.MoveStack[StackFull]) {
+            ++Next;
         } else {
             State.CancelRequested = 1;
         }
     }
 
+    int Top() const { return static_cast<int>(Next - State.MoveStack.begin()); }
+
     RulesState& State;
     const MoveOrdering Order;
-    int Top;
+    MoveRecord* Next; ///< never beyond the record at `StackFull`
 };
 
 } // namespace zonterbrook::rules
