@@ -25,7 +25,7 @@ public:
     }
 
     /// False if no move from there has a bonus of its own.
-    bool Concerns(int From) const { return (Sources & BitOf(From)) != 0; }
+    bool Concerns(int From) const { return (Sources >> (static_cast<unsigned>(From) & 63U) & 1U) != 0; }
 
     std::int32_t Bonus(int From, int To) const {
         const std::int32_t Move = Ends(From, To);
@@ -38,7 +38,7 @@ private:
     static constexpr std::int32_t Ends(std::int32_t From, std::int32_t To) { return From * 256 + To; }
 
     static constexpr std::uint64_t BitOf(std::int32_t Cell) {
-        return std::uint64_t{1} << (static_cast<unsigned>(Cell) & 63U);
+        return (Cell != 0 ? std::uint64_t{1} : 0) << (static_cast<unsigned>(Cell) & 63U);
     }
 
     std::uint64_t Sources; ///< cells with the same last six bits share one
