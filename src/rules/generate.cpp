@@ -65,8 +65,10 @@ template <typename Visitor>
 /// Those of `Pieces` that have prey next to them and a free cell behind it.
 [[gnu::always_inline]] inline CellSet Jumpers(const RulesState& State, const Field& Here, int Index,
                                               const CellSet& Pieces, const CellSet& Prey) {
-    return Pieces &
-           UnionOverSteps(State, Index + 4, [&](int Step) { return (Prey & Here.Free.Moved(-Step)).Moved(-Step); });
+    return Pieces & UnionOverSteps(
+                        State, Index + 4, [&](int Step) __attribute__((always_inline)) {
+                            return (Prey & Here.Free.Moved(-Step)).Moved(-Step);
+                        });
 }
 
 /// The pieces of the side to move that have a first jump, or that need a walk to find out.
@@ -92,7 +94,9 @@ CellSet PossibleMovers(const RulesState& State, const Rules& Rule, const Field& 
         return Here.Pieces;
     }
     const auto Stepping = [&](const CellSet& Pieces, int Index) {
-        return Pieces & UnionOverSteps(State, Index, [&](int Step) { return Here.Free.Moved(-Step); });
+        return Pieces &
+               UnionOverSteps(
+                   State, Index, [&](int Step) __attribute__((always_inline)) { return Here.Free.Moved(-Step); });
     };
     CellSet Result = Stepping(Here.Men, Here.Own);
     if (Here.Kings.Any()) {

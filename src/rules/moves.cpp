@@ -58,6 +58,49 @@ private:
     CellWeights Sums;
 };
 
+/// True for most captures: the piece goes on to another cell, stays what it is, and nothing happens but that what it
+/// jumped is gone.
+bool JustCaptures(const RulesState& State, const MoveRecord& Record) {
+    return Record.Kind == 0 && Record.Source != FromHand && Record.Source != Record.Dest &&
+           State.RuleSet.KingMan != 1 && State.RuleSet.ManKing != 1;
+}
+
+/// The index of a captured piece of that colour.
+int PreyIndex(int Colour, const CaptureGroup& Group) {
+    return Group.Weight == 1 ? Colour : Colour + 2;
+}
+
+void PerformCapture(RulesState& State, const MoveRecord& Record) {
+    const int Ply = State.Ply;
+    const int Enemy = ColourIndex(State.Side);
+    State.PlyIrreversible[Ply] = 1;
+    CellWeights Sums = State.WeightSums[Ply - 1];
+    for (int I = 0; I < Record.Captures.Count; ++I) {
+        const CaptureGroup& Group = Record.Captures.Groups[I];
+        const int Index = PreyIndex(Enemy, Group);
+        State.Pieces[Index] ^= SingleCells[Group.Cell];
+        Sums -= State.PieceWeights[Group.Cell][Index];
+        State.Board[Group.Cell] = Empty;
+    }
+    State.Material[Ply] -= 100 * Record.Captures.Weight();
+    State.TotalMaterial[Ply] -= 100 * Record.Captures.Weight();
+    const int Index = PieceIndex(State.Board[Record.Source]);
+    Sums += State.PieceWeights[Record.Dest][Index];
+    Sums -= State.PieceWeights[Record.Source][Index];
+    State.WeightSums[Ply] = Sums;
+    StepPiece(State, Index, Record.Source, Record.Dest);
+}
+
+void TakeBackCapture(RulesState& State, const MoveRecord& Record) {
+    StepPiece(State, PieceIndex(State.Board[Record.Dest]), Record.Dest, Record.Source);
+    const int Enemy = ColourIndex(-State.Side);
+    for (int I = 0; I < Record.Captures.Count; ++I) {
+        const CaptureGroup& Group = Record.Captures.Groups[I];
+        State.Pieces[PreyIndex(Enemy, Group)] ^= SingleCells[Group.Cell];
+        State.Board[Group.Cell] = -State.Side * Group.Weight;
+    }
+}
+
 /// A side that is down to one man gets a king for it; returns the cell, or 0.
 int CrownLastMan(RulesState& State, MoveMaker& Maker) {
     const int Colour = ColourIndex(State.Side);
@@ -87,6 +130,10 @@ void InitGameTree(RulesState& State) {
 }
 
 void PerformSpecialMove(RulesState& State, const MoveRecord& Record) {
+    if (JustCaptures(State, Record)) {
+        PerformCapture(State, Record);
+        return;
+    }
     const std::int32_t Side = -State.Side;
     const int Ply = State.Ply;
     const int GameMove = State.GameMoves;
@@ -143,6 +190,10 @@ void PerformSpecialMove(RulesState& State, const MoveRecord& Record) {
 }
 
 void TakeBackSpecialMove(RulesState& State, const MoveRecord& Record) {
+    if (JustCaptures(State, Record)) {
+        TakeBackCapture(State, Record);
+        return;
+    }
     const int Source = Record.Source;
     const int Dest = Record.Dest;
     const int GameMove = State.GameMoves + 1;
