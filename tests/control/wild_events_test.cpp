@@ -1,5 +1,5 @@
 // Random events of mouse, keyboard and commands: no fault, and after each of them a state that is in order.
-#include "control/record.h"
+#include "support/complaint.h"
 #include "support/game_fixture.h"
 
 #include <gtest/gtest.h>
@@ -120,26 +120,6 @@ protected:
             DragSomething();
         }
     }
-
-    std::string Complaint() {
-        std::string Found = rules::CheckPosition(State);
-        if (State.MoveCount < State.GameMoves) {
-            Found += " the cursor is behind the record";
-        }
-        if (State.List1.Lines.size() != static_cast<std::size_t>(State.MoveCount)) {
-            Found += " lines and half-moves differ";
-        }
-        for (int HalfMove = 1; HalfMove <= State.MoveCount; ++HalfMove) {
-            if (State.List1.Lines[static_cast<std::size_t>(HalfMove - 1)] !=
-                view::MoveListLine(HalfMove, control::StoredDisplay(State, HalfMove))) {
-                Found += " a line and its row differ";
-            }
-        }
-        if (State.Thinking != 0 || State.SearchActive != 0 || State.HandlerDepth != 0) {
-            Found += " something is left at work";
-        }
-        return Found;
-    }
 };
 
 TEST_P(WildEvents, LeaveTheStateInOrder) {
@@ -149,7 +129,7 @@ TEST_P(WildEvents, LeaveTheStateInOrder) {
         DoSomething();
         MovesSeen = std::max(MovesSeen, State.MoveCount);
         ASSERT_FALSE(World.Ended) << World.LastSaid;
-        ASSERT_EQ("", Complaint()) << "after event " << Event << ", position " << rules::SetupText(State.Board);
+        ASSERT_EQ("", Complaint(State)) << "after event " << Event << ", position " << rules::SetupText(State.Board);
     }
     EXPECT_GT(MovesSeen, 10) << "hardly a move was made";
 }
