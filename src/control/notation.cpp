@@ -50,28 +50,35 @@ std::size_t SquareLength(std::string_view Text, int Mode) {
     return Mode == Algebraic && Length < 2 ? 0 : Length;
 }
 
-// One word if it is a move: two squares with a hyphen or capture character between them, and marks behind.
-std::string ConvertWord(GameState& State, std::string_view Word, int From, int To) {
+std::string ConvertSquare(GameState& State, std::string_view Square, int From, int To) {
+    int Cell = 0;
+    {
+        const InNotation Reading(State, From);
+        Cell = rules::SquareNumber(State, base::ToUpper(Square));
+    }
+    const InNotation Writing(State, To);
+    return Cell == 0 ? std::string() : rules::SquareNotation(State, Cell, rules::Padding::None);
+}
+
+// One word if it is a move: two squares with a hyphen or capture character between them, and marks behind. `Expected`:
+// a move stands here, so a lone square is one, a piece that enters.
+std::string ConvertWord(GameState& State, std::string_view Word, bool Expected, int From, int To) {
     const std::size_t First = SquareLength(Word, From);
     const bool Joined =
         First > 0 && First < Word.size() && (Word[First] == '-' || Word[First] == 'x' || Word[First] == ':');
     const std::size_t Second = Joined ? SquareLength(Word.substr(First + 1), From) : 0;
+    if (First == 0 || (Second == 0 && (Joined || !Expected))) {
+        return std::string(Word);
+    }
+    const std::string Source = ConvertSquare(State, Word.substr(0, First), From, To);
     if (Second == 0) {
+        return Source.empty() ? std::string(Word) : Source + std::string(Word.substr(First));
+    }
+    const std::string Dest = ConvertSquare(State, Word.substr(First + 1, Second), From, To);
+    if (Source.empty() || Dest.empty()) {
         return std::string(Word);
     }
-    int Source = 0;
-    int Dest = 0;
-    {
-        const InNotation Reading(State, From);
-        Source = rules::SquareNumber(State, base::ToUpper(Word.substr(0, First)));
-        Dest = rules::SquareNumber(State, base::ToUpper(Word.substr(First + 1, Second)));
-    }
-    if (Source == 0 || Dest == 0) {
-        return std::string(Word);
-    }
-    const InNotation Writing(State, To);
-    return rules::SquareNotation(State, Source, rules::Padding::None) + Word[First] +
-           rules::SquareNotation(State, Dest, rules::Padding::None) + std::string(Word.substr(First + 1 + Second));
+    return Source + Word[First] + Dest + std::string(Word.substr(First + 1 + Second));
 }
 
 // Rewrites the rows of the record from the moves that were played, and the list from the rows.
@@ -108,11 +115,17 @@ view::CommandId EntryOf(int Mode) {
 
 std::string ConvertMoves(GameState& State, std::string_view Text, int From, int To) {
     std::string Result;
+    bool InMainLine = false;
+    bool AfterBest = false;
     while (!Text.empty()) {
         const std::size_t End = std::min(Text.find_first_of(" \n"), Text.size());
-        Result += ConvertWord(State, Text.substr(0, End), From, To);
+        const std::string_view Word = Text.substr(0, End);
+        Result += ConvertWord(State, Word, InMainLine || AfterBest, From, To);
+        InMainLine = InMainLine || Word == "Main:";
+        AfterBest = Word.empty() ? AfterBest : Word == "Best:";
         if (End < Text.size()) {
             Result += Text[End];
+            InMainLine = InMainLine && Text[End] != '\n';
         }
         Text.remove_prefix(std::min(End + 1, Text.size()));
     }
