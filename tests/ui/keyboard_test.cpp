@@ -1,212 +1,165 @@
 // The board played on with real keys, and the frame that shows where they are.
-#include "keyboard_test.h"
-
-#include "view/board_cursor.h"
+#include "window_hands.h"
 
 #include <cmath>
 
 namespace zonterbrook::tests {
-
 namespace {
 
 // How far two colours lie apart in lightness, as the rules for readable pages count it: 1 to 21.
 double Contrast(QColor A, QColor B) {
-    const auto Luminance = [](QColor Colour) {
-        const auto Linear = [](double Value) {
-            return Value <= 0.03928 ? Value / 12.92 : std::pow((Value + 0.055) / 1.055, 2.4);
-        };
+    const auto Linear = [](double Value) {
+        return Value <= 0.03928 ? Value / 12.92 : std::pow((Value + 0.055) / 1.055, 2.4);
+    };
+    const auto Luminance = [&](QColor Colour) {
         return 0.2126 * Linear(Colour.redF()) + 0.7152 * Linear(Colour.greenF()) + 0.0722 * Linear(Colour.blueF());
     };
-    const double Light = std::max(Luminance(A), Luminance(B));
-    const double Dark = std::min(Luminance(A), Luminance(B));
+    const auto [Dark, Light] = std::minmax({Luminance(A), Luminance(B)});
     return (Light + 0.05) / (Dark + 0.05);
 }
 
-} // namespace
-
-void KeyboardTest::WalkTo(const char* Square) {
-    const int Wanted = view::CellOfSquare(Game(), SquareNamed(Square));
-    for (int Steps = 0; Steps < 20 && Game().CursorCell != Wanted; ++Steps) {
-        const int Right = Wanted % 10 - Game().CursorCell % 10;
-        const int Down = Wanted / 10 - Game().CursorCell / 10;
-        Press(Right > 0 ? Qt::Key_Right : Right < 0 ? Qt::Key_Left : Down > 0 ? Qt::Key_Down : Qt::Key_Up);
+class Keys : public WindowFixture {
+protected:
+    // To a square, and what is pressed there; the first step shows the cursor.
+    void Walk(const char* Name, Qt::Key There = Qt::Key_unknown) {
+        const int Wanted = Cell(Name);
+        for (int Steps = 0; Steps < 20 && Game().CursorCell != Wanted; ++Steps) {
+            const int Right = Wanted % 10 - Game().CursorCell % 10;
+            const int Down = Wanted / 10 - Game().CursorCell / 10;
+            Press(Right > 0 ? Qt::Key_Right : Right < 0 ? Qt::Key_Left : Down > 0 ? Qt::Key_Down : Qt::Key_Up);
+        }
+        ASSERT_EQ(Wanted, Game().CursorCell);
+        if (There != Qt::Key_unknown) {
+            Press(There);
+        }
     }
-    QCOMPARE(Game().CursorCell, Wanted);
-}
+};
 
-void KeyboardTest::TabGoesRoundTheWindow() {
-    const char* Round[] = {"c", "List1", "List2", "List3", "Text2", "Text1", "c"};
+TEST_F(Keys, TabGoesRoundTheWindow) {
     Game().List3.Enabled = true; // as after a calculation
     Window->ShowContents();
-    QVERIFY(Window->BoardOf().hasFocus());
-    for (const char* Name : Round) {
-        QCOMPARE(Window->focusWidget()->objectName(), QLatin1String(Name));
+    for (const char* Name : {"c", "List1", "List2", "List3", "Text2", "Text1", "c"}) {
+        ASSERT_EQ(Name, Window->focusWidget()->objectName());
         QTest::keyClick(Window->focusWidget(), Qt::Key_Tab);
     }
     QTest::keyClick(Window->focusWidget(), Qt::Key_Backtab);
-    QCOMPARE(Window->focusWidget(), &Window->BoardOf());
+    EXPECT_TRUE(Board().hasFocus());
 }
 
-void KeyboardTest::MoveIsMadeWithTheKeys() {
+TEST_F(Keys, MakeMovesAndTakeThemBack) {
     PlayBothSides();
-    Press(Qt::Key_Right); // shows the cursor
-    QVERIFY(Game().CursorCell >= 0);
-    WalkTo("d4");
-    Press(Qt::Key_Return);
-    QCOMPARE(Game().SourceCell, Game().CursorCell);
-    WalkTo("e5");
-    Press(Qt::Key_Space);
-    QCOMPARE(Game().GameMoves, 1);
-    QCOMPARE(Game().Board[SquareNamed("e5")], 1);
-    WalkTo("e9"); // Black's turn, and this man is shut in
-    NextBox Refusal(QMessageBox::Ok);
-    Press(Qt::Key_Enter);
-    QCOMPARE(Refusal.Text, QStringLiteral("You cannot move that piece"));
-    Window->activateWindow(); // which a desktop does by itself
-    QVERIFY(QTest::qWaitForWindowActive(Window.get()));
-    QVERIFY(Window->BoardOf().hasFocus());
-    QCOMPARE(Window->BoardOf().CursorCell(), view::CellOfSquare(Game(), SquareNamed("e9")));
-}
-
-void KeyboardTest::EscapePutsThePieceBack() {
-    PlayBothSides();
-    Press(Qt::Key_Up);
-    WalkTo("d4");
-    Press(Qt::Key_Return);
-    WalkTo("e5");
+    Walk("d4", Qt::Key_Return);
+    EXPECT_EQ(Game().CursorCell, Game().SourceCell);
+    Walk("e5");
+    const QImage Carried = Seen();
+    EXPECT_GT(Carried.pixelColor(Middle("e5")).lightness(), Carried.pixelColor(Middle("d4")).lightness());
+    EXPECT_EQ(Qt::ArrowCursor, Board().cursor().shape()) << "the piece goes with the cursor, not with the mouse";
     Press(Qt::Key_Escape);
-    QCOMPARE(Game().SourceCell, -1);
-    QCOMPARE(Game().GameMoves, 0);
+    EXPECT_EQ(-1, Game().SourceCell);
+    EXPECT_EQ(0, Game().GameMoves);
+    Walk("d4", Qt::Key_Return);
+    Walk("e5", Qt::Key_Space);
+    EXPECT_EQ(1, Game().GameMoves);
+    EXPECT_EQ(1, PieceOn("e5"));
+    const NextBox Refusal("Error: You cannot move that piece", QMessageBox::Ok, QMessageBox::Warning);
+    Walk("e9", Qt::Key_Enter); // Black's turn, and this man is shut in
+    BackToFront();
+    EXPECT_TRUE(Board().hasFocus());
+    EXPECT_EQ(Cell("e9"), Board().CursorCell());
 }
 
-void KeyboardTest::CancelIsStillEscape() {
-    Game().SearchDepth = 20;
-    bool Cancelled = false;
-    InMidSearch Escape(Game(), [&] {
+TEST_F(Keys, EscapeStillCancels) {
+    Walk("d4");
+    InMidSearch([&] {
+        Board().setFocus(Qt::TabFocusReason);
         Press(Qt::Key_Left); // the cursor walks meanwhile
         Press(Qt::Key_Return);
-        QCOMPARE(Game().SourceCell, -1);
+        EXPECT_EQ(-1, Game().SourceCell);
         Press(Qt::Key_Escape);
-        Cancelled = Game().CancelRequested != 0;
+        EXPECT_EQ(1, Game().CancelRequested);
     });
-    Press(Qt::Key_Right);
-    WalkTo("d4");
-    Press(Qt::Key_Return);
-    WalkTo("e5");
-    Press(Qt::Key_Return);
-    QVERIFY(Cancelled);
-    QCOMPARE(Game().GameMoves, 2);
-}
-
-void KeyboardTest::FrameIsSeen_data() {
-    QTest::addColumn<QByteArray>("Square");
-    for (const char* Square : {"d4", "b8", "e5", "d5"}) {
-        QTest::newRow(Square) << QByteArray(Square);
-    }
+    EXPECT_EQ(2, Game().GameMoves);
 }
 
 // On each kind of square the frame has a line that stands out from what is below it, all the way round.
-void KeyboardTest::FrameIsSeen() {
-    QFETCH(QByteArray, Square);
-    constexpr double StandsOut = 3;
-    const QImage Before = Window->BoardOf().grab().toImage();
-    view::SetCursor(Game(), SquareNamed(Square.constData()));
-    view::ShowCursor(Game(), true);
-    Window->ShowContents();
-    const QImage After = Window->BoardOf().grab().toImage();
-    const QRect Area = Window->BoardOf().CellRect(Game().CursorCell);
-    const int Half = Area.width() / 2;
-    for (const QPoint Way : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
-        double Best = 1;
-        for (int Out = Half / 2; Out < Half; ++Out) {
-            const QPoint Here = Area.center() + Way * Out;
-            Best = std::max(Best, Contrast(Before.pixelColor(Here), After.pixelColor(Here)));
+TEST_F(Keys, FrameIsSeen) {
+    for (const char* Name : {"d4", "b8", "e5", "d5"}) {
+        SCOPED_TRACE(Name);
+        view::ShowCursor(Game(), false);
+        Window->ShowContents();
+        const QImage Before = Seen();
+        view::SetCursor(Game(), Square(Name));
+        view::ShowCursor(Game(), true);
+        Window->ShowContents();
+        const QImage After = Seen();
+        const int Half = Board().CellRect(0).width() / 2;
+        for (const QPoint Way : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
+            double Best = 1;
+            for (int Out = Half / 2; Out < Half; ++Out) {
+                const QPoint Here = Middle(Name) + Way * Out;
+                Best = std::max(Best, Contrast(Before.pixelColor(Here), After.pixelColor(Here)));
+            }
+            EXPECT_GT(Best, 3);
         }
-        QVERIFY2(Best > StandsOut, qPrintable(QString::number(Best)));
+        const QRect Neighbour = Board().CellRect(Game().CursorCell + 1);
+        EXPECT_EQ(Before.copy(Neighbour), After.copy(Neighbour));
     }
-    const QRect Neighbour = Window->BoardOf().CellRect(Game().CursorCell + 1);
-    QCOMPARE(After.copy(Neighbour), Before.copy(Neighbour));
 }
 
-void KeyboardTest::FrameComesAndGoesWithTheKeyboard() {
-    ui::BoardWidget& Board = Window->BoardOf();
-    QVERIFY(Board.hasFocus());
-    QCOMPARE(Board.CursorCell(), -1); // not by the keys
-    QTest::keyClick(&Board, Qt::Key_Tab);
+TEST_F(Keys, FrameComesAndGoesWithTheKeyboard) {
+    ASSERT_TRUE(Board().hasFocus());
+    EXPECT_EQ(-1, Board().CursorCell()) << "not by the keys";
+    Press(Qt::Key_Tab);
     QTest::keyClick(Window->focusWidget(), Qt::Key_Backtab);
-    QVERIFY(Board.hasFocus());
-    const int There = Board.CursorCell();
-    QVERIFY(There >= 0);
-    QTest::keyClick(&Board, Qt::Key_Tab);
-    QCOMPARE(Board.CursorCell(), -1);
-    Board.setFocus(); // goes on as before
-    QCOMPARE(Board.CursorCell(), There);
-    QTest::mouseClick(&Board, Qt::LeftButton, {}, Middle("e5"));
-    QCOMPARE(Board.CursorCell(), -1);
+    const int There = Board().CursorCell();
+    EXPECT_GE(There, 0);
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(-1, Board().CursorCell());
+    Board().setFocus();
+    EXPECT_EQ(There, Board().CursorCell()) << "goes on as before";
+    QTest::mouseClick(&Board(), Qt::LeftButton, {}, Middle("e5"));
+    EXPECT_EQ(-1, Board().CursorCell());
 }
 
-void KeyboardTest::PieceGoesWithTheCursor() {
-    PlayBothSides();
-    Press(Qt::Key_Right);
-    WalkTo("d4");
-    Press(Qt::Key_Return);
-    WalkTo("e5");
-    const QImage Carried = Window->BoardOf().grab().toImage();
-    QVERIFY(Carried.pixelColor(Middle("e5")).lightness() > Carried.pixelColor(Middle("d4")).lightness());
-    QCOMPARE(Window->BoardOf().cursor().shape(), Qt::ArrowCursor);
+TEST_F(Keys, NumbersShowWhileTheKeyIsHeld) {
+    Walk("e5");
+    QTest::keyPress(&Board(), Qt::Key_Space);
+    EXPECT_EQ(1, Game().NumbersShown);
+    QTest::keyRelease(&Board(), Qt::Key_Space);
+    EXPECT_EQ(0, Game().NumbersShown);
 }
 
-void KeyboardTest::NumbersShowWhileTheKeyIsHeld() {
-    Press(Qt::Key_Right);
-    WalkTo("e5");
-    QTest::keyPress(&Window->BoardOf(), Qt::Key_Space);
-    QCOMPARE(Game().NumbersShown, 1);
-    QTest::keyRelease(&Window->BoardOf(), Qt::Key_Space);
-    QCOMPARE(Game().NumbersShown, 0);
-}
-
-void KeyboardTest::EditorOpensAtTheCursor() {
-    Press(Qt::Key_Right);
-    WalkTo("e5");
-    QPoint Opened;
-    QTimer Choose;
-    connect(&Choose, &QTimer::timeout, this, [&] {
-        if (auto* Menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
-            Choose.stop();
-            Opened = Window->BoardOf().mapFromGlobal(Menu->pos());
-            Menu->setActiveAction(Window->ActionOf(view::CommandId::Whiteking));
-            QTest::keyClick(Menu, Qt::Key_Return);
-        }
-    });
-    Choose.start(1);
-    Press(Qt::Key_Menu);
-    QCOMPARE(Game().Board[SquareNamed("e5")], 2);
-    QVERIFY(Window->BoardOf().CellRect(Game().CursorCell).adjusted(-2, -2, 2, 2).contains(Opened));
-    QVERIFY(Window->BoardOf().CursorCell() >= 0);
+TEST_F(Keys, EditorOpensAtTheCursor) {
+    const auto Menu = [] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); };
+    const Soon Choose([&] { return Menu() != nullptr; },
+                      [&] {
+                          const QRect Around = Board().CellRect(Cell("e5")).adjusted(-2, -2, 2, 2);
+                          EXPECT_TRUE(Around.contains(Board().mapFromGlobal(Menu()->pos())));
+                          Menu()->setActiveAction(Entry(CommandId::Whiteking));
+                          QTest::keyClick(Menu(), Qt::Key_Return);
+                      });
+    Walk("e5", Qt::Key_Menu);
+    EXPECT_EQ(2, PieceOn("e5"));
+    EXPECT_GE(Board().CursorCell(), 0);
 }
 
 // While the computer thinks the box of typed moves is closed, and its keys are the board's: without a frame, as nobody
 // has gone there.
-void KeyboardTest::ClosedBoxLeavesNoFrame() {
-    Game().SearchDepth = 20;
-    int CursorInSearch = -2;
-    InMidSearch Look(Game(), [&] {
-        CursorInSearch = Window->BoardOf().CursorCell();
-        Window->ActionOf(view::CommandId::mnu_Play_Cancel)->trigger();
-    });
-    auto* Box = Find<QLineEdit>("Text2");
-    Box->setFocus();
-    QTest::keyClicks(Box, QStringLiteral("d4e5"));
-    QTest::keyClick(Box, Qt::Key_Return);
-    QCOMPARE(CursorInSearch, -1);
-    QVERIFY(Box->hasFocus());
+TEST_F(Keys, ClosedBoxLeavesNoFrame) {
+    InMidSearch(
+        [&] {
+            EXPECT_EQ(-1, Board().CursorCell());
+            Run(CommandId::mnu_Play_Cancel);
+        },
+        true);
+    EXPECT_TRUE(TypedMove()->hasFocus());
 }
 
-void KeyboardTest::WindowGoesWhileTheBoardHasTheKeyboard() {
-    Press(Qt::Key_Right);
-    QVERIFY(Window->BoardOf().CursorCell() >= 0);
+TEST_F(Keys, WindowGoesWhileTheBoardHasTheKeyboard) {
+    Walk("e5");
     Window.reset(); // nothing of it may be called any more
-    QVERIFY(QApplication::focusWidget() == nullptr);
+    EXPECT_EQ(nullptr, QApplication::focusWidget());
 }
 
+} // namespace
 } // namespace zonterbrook::tests

@@ -1,61 +1,56 @@
 // The sounds: files that can be played, and a program that keeps quiet where nothing can play them.
-#include "sound_test.h"
+#include "window_hands.h"
 
 #include <QFile>
-#include <QRegularExpression>
 #include <QtEndian>
 
 #include <algorithm>
 #include <cstdlib>
 
 namespace zonterbrook::tests {
+namespace {
 
-void SoundTest::initTestCase() {
-    // No test makes a noise: there is no such server.
-    qputenv("PULSE_SERVER", "/nonexistent/socket");
-}
-
-void SoundTest::FilesAreWaves_data() {
-    QTest::addColumn<QString>("Name");
-    QTest::addColumn<double>("Longest"); // a sound that outlasts the next move is a nuisance
-    QTest::newRow("a move") << QStringLiteral("click.wav") << 0.25;
-    QTest::newRow("a new game") << QStringLiteral("roll.wav") << 1.0;
-}
-
-void SoundTest::FilesAreWaves() {
-    QFETCH(QString, Name);
-    QFETCH(double, Longest);
-    QFile File(QStringLiteral(ZONTERBROOK_DATA_DIR "/sounds/") + Name);
-    QVERIFY(File.open(QIODevice::ReadOnly));
-    const QByteArray Bytes = File.readAll();
-    constexpr qsizetype Header = 44;
-    QVERIFY(Bytes.size() > Header);
-    QCOMPARE(Bytes.left(4), QByteArray("RIFF"));
-    QCOMPARE(Bytes.mid(8, 8), QByteArray("WAVEfmt "));
-    QCOMPARE(qFromLittleEndian<quint16>(Bytes.constData() + 22), quint16(1)); // mono
-    QCOMPARE(qFromLittleEndian<quint32>(Bytes.constData() + 24), quint32(44100));
-    QCOMPARE(qFromLittleEndian<quint16>(Bytes.constData() + 34), quint16(16));
-    const double Samples = static_cast<double>(Bytes.size() - Header) / 2;
-    QVERIFY(Samples / 44100 < Longest);
-    int Loudest = 0;
-    for (qsizetype At = Header; At + 1 < Bytes.size(); At += 2) {
-        Loudest = std::max(Loudest, std::abs(int(qFromLittleEndian<qint16>(Bytes.constData() + At))));
+TEST(Sounds, FilesAreWaves) {
+    // A sound that outlasts the next move is a nuisance.
+    for (const auto& [Name, Longest] : {std::pair("click.wav", 0.25), std::pair("roll.wav", 1.0)}) {
+        SCOPED_TRACE(Name);
+        QFile File(QStringLiteral(ZONTERBROOK_DATA_DIR "/sounds/") + Name);
+        ASSERT_TRUE(File.open(QIODevice::ReadOnly));
+        const QByteArray Bytes = File.readAll();
+        constexpr qsizetype Header = 44;
+        ASSERT_GT(Bytes.size(), Header);
+        EXPECT_TRUE(Bytes.startsWith("RIFF") && Bytes.mid(8, 8) == "WAVEfmt ");
+        EXPECT_EQ(1, qFromLittleEndian<quint16>(Bytes.constData() + 22)) << "channels";
+        EXPECT_EQ(44100U, qFromLittleEndian<quint32>(Bytes.constData() + 24)) << "samples a second";
+        EXPECT_EQ(16, qFromLittleEndian<quint16>(Bytes.constData() + 34)) << "bits";
+        EXPECT_LT(static_cast<double>(Bytes.size() - Header) / 2 / 44100, Longest);
+        int Loudest = 0;
+        int Last = 0;
+        for (qsizetype At = Header; At + 1 < Bytes.size(); At += 2) {
+            Last = std::abs(int(qFromLittleEndian<qint16>(Bytes.constData() + At)));
+            Loudest = std::max(Loudest, Last);
+        }
+        EXPECT_TRUE(Loudest > 8000 && Loudest < 32000) << "too low, or cut off: " << Loudest;
+        EXPECT_LT(Last, 100) << "cut off at the end";
     }
-    QVERIFY(Loudest > 8000);
-    QVERIFY(Loudest < 32000);                                                                      // nothing is cut off
-    QVERIFY(std::abs(int(qFromLittleEndian<qint16>(Bytes.constData() + Bytes.size() - 2))) < 100); // nor at the end
 }
 
-void SoundTest::NothingIsSaidWithoutADevice() {
-    Open();
+class NoDevice : public WindowFixture {};
+
+TEST_F(NoDevice, NothingIsSaid) {
+    static int Warnings = 0;
     PlayBothSides();
     Game().UseSound = 1;
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
+    const QtMessageHandler Before =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) { ++Warnings; });
     Drag("d4", "e5");
     Game().Outside->PlaySound("sounds/missing.wav");
     Game().Outside->PlaySound("sounds/roll.wav");
     QCoreApplication::processEvents();
-    QCOMPARE(Game().GameMoves, 1);
+    qInstallMessageHandler(Before);
+    EXPECT_EQ(0, Warnings);
+    EXPECT_EQ(1, Game().GameMoves);
 }
 
+} // namespace
 } // namespace zonterbrook::tests

@@ -2,23 +2,20 @@
 //
 // A few seconds of it in every run of the tests. With ZONTERBROOK_WILD_SECONDS set it goes on for as long, with ever
 // new seeds, and with deep searches that are cancelled and the computer against itself.
-#include "wild_window_test.h"
-
 #include "control/new_game.h"
 #include "rules/generate.h"
 #include "support/complaint.h"
-#include "view/board_cursor.h"
-#include "view/layout.h"
+#include "window_hands.h"
 
 #include <QElapsedTimer>
-#include <QMenu>
-#include <QToolButton>
 
 #include <algorithm>
+#include <array>
+#include <random>
+#include <string>
 
 namespace zonterbrook::tests {
-
-using view::CommandId;
+namespace {
 
 // The real platform with a fixed row of chances, and without the pauses in which a person reads what has happened.
 class QuickPlatform : public ui::QtPlatform {
@@ -53,62 +50,74 @@ private:
     std::mt19937 Row;
 };
 
-WildWindowTest::WildWindowTest() = default;
-WildWindowTest::~WildWindowTest() = default;
+class WildWindow : public WindowFixture, public testing::WithParamInterface<const char*> {
+protected:
+    void SetUp() override {
+        QObject::connect(&Answers, &QTimer::timeout, [this] { AnswerWhatIsOpen(); });
+        Answers.start(0);
+    }
+    void TearDown() override {
+        Answers.stop();
+        Window.reset(); // before the world that it still looks at
+    }
 
-void WildWindowTest::init() {
-    qputenv("PULSE_SERVER", "/nonexistent/socket"); // no noise
-    disconnect(&Answers, nullptr, this, nullptr);
-    connect(&Answers, &QTimer::timeout, this, &WildWindowTest::AnswerWhatIsOpen);
-    Answers.start(0);
-}
+    int Below(auto Limit) { return static_cast<int>(Chance() % static_cast<unsigned>(Limit)); }
+    bool Now(int OneIn) { return Below(OneIn) == 0; }
+    const auto& OneOf(const auto& Things) { return *(std::begin(Things) + Below(std::size(Things))); }
+
+    void Play(unsigned Seed, int Events);
+    void AnswerWhatIsOpen();
+    void DoSomething();
+    void UseMouse();
+    void UseKeys();
+    void UseCommand();
+    void UseButton();
+    void UseList();
+    void Scribble();
+    int SomeCell();
+    int SomeTarget(int From);
+    QPoint SomePoint(int Cell);
+    std::string WindowComplaint();
+
+    std::unique_ptr<QuickPlatform> World;
+    std::mt19937 Chance;
+    QTimer Answers;
+    const int Seconds = qEnvironmentVariableIntValue("ZONTERBROOK_WILD_SECONDS");
+    const bool WithSearches = Seconds > 0; // searches that are cancelled, and the computer against itself
+    int MovesSeen = 0;
+};
 
 // Message boxes and popup menus are closed by one of their buttons or entries, or by Escape; long searches by Cancel.
-void WildWindowTest::CloseAll() {
-    Close();
-    World.reset(); // after the window, which still looks at it
-}
-
-void WildWindowTest::AnswerWhatIsOpen() {
+void WildWindow::AnswerWhatIsOpen() {
     if (auto* Menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
-        const QList<QAction*> Entries = Menu->actions();
-        QAction* Entry = Entries.at(Below(static_cast<int>(Entries.size())));
-        if (Now(3) || Entry->isSeparator() || !Entry->isEnabled() || Entry->menu() != nullptr) {
+        QAction* Chosen = OneOf(Menu->actions());
+        const bool Useless = Chosen->isSeparator() || !Chosen->isEnabled() || Chosen->menu() != nullptr;
+        if (Useless || Now(3)) {
             QTest::keyClick(Menu, Qt::Key_Escape);
         } else {
-            Menu->setActiveAction(Entry);
+            Menu->setActiveAction(Chosen);
             QTest::keyClick(Menu, Qt::Key_Return);
         }
-        return;
-    }
-    if (auto* Box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-        const QList<QAbstractButton*> Buttons = Box->buttons();
+    } else if (auto* Box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
         if (Now(4)) {
             QTest::keyClick(Box, Qt::Key_Escape);
         } else {
-            QTest::mouseClick(Buttons.at(Below(static_cast<int>(Buttons.size()))), Qt::LeftButton);
+            QTest::mouseClick(OneOf(Box->buttons()), Qt::LeftButton);
         }
-        return;
-    }
-    if (Window != nullptr && Game().SearchActive != 0 && WithSearches) {
-        switch (Below(6)) {
-        case 0:
-            Window->ActionOf(CommandId::mnu_Play_Cancel)->trigger();
-            break;
-        case 1:
+    } else if (Window != nullptr && Game().SearchActive != 0 && WithSearches) {
+        const int What = Below(6);
+        if (What == 0) {
+            Run(CommandId::mnu_Play_Cancel);
+        } else if (What == 1) {
             UseMouse();
-            break;
-        case 2:
+        } else if (What == 2) {
             UseKeys();
-            break;
-        default:
-            break;
         }
     }
 }
 
 // A square with a move more often than not: events at random hardly ever make one.
-int WildWindowTest::SomeCell() {
+int WildWindow::SomeCell() {
     const int Moves = rules::MoveCountOfPly(Game());
     if (Game().Thinking == 0 && Moves > 0 && !Now(4)) {
         const rules::MoveRecord& Move = Game().MoveStack[Game().StackLimit[Game().Ply] + Below(Moves)];
@@ -119,187 +128,149 @@ int WildWindowTest::SomeCell() {
     return Below(view::BoardPictures);
 }
 
-int WildWindowTest::SomeTarget(int Cell) {
-    const int Square = view::SquareOfCell(Game(), Cell);
+int WildWindow::SomeTarget(int From) {
     const int Moves = Game().Thinking == 0 ? rules::MoveCountOfPly(Game()) : 0;
     for (int I = 0; I < Moves && !Now(4); ++I) {
         const rules::MoveRecord& Move = Game().MoveStack[Game().StackLimit[Game().Ply] + I];
-        if (Move.Source == Square) {
+        if (Move.Source == view::SquareOfCell(Game(), From)) {
             return view::CellOfSquare(Game(), Move.Dest);
         }
     }
     return Below(view::BoardPictures);
 }
 
-QPoint WildWindowTest::SomePoint() {
-    const QSize Size = Window->BoardOf().size();
-    return {Below(Size.width() + 200) - 100, Below(Size.height() + 200) - 100};
+// In the cell, now and then anywhere on the board or beside it.
+QPoint WildWindow::SomePoint(int Cell) {
+    return Now(10) ? QPoint(Below(Board().width() + 200) - 100, Below(Board().height() + 200) - 100)
+                   : Board().CellRect(Cell).center();
 }
 
-void WildWindowTest::UseMouse() {
-    ui::BoardWidget* Board = &Window->BoardOf();
+void WildWindow::UseMouse() {
     const int From = SomeCell();
-    const int To = SomeTarget(From);
+    const QPoint Start = SomePoint(From);
+    const QPoint End = SomePoint(SomeTarget(From));
     const Qt::MouseButton Button = Now(40) ? Qt::RightButton : Now(40) ? Qt::MiddleButton : Qt::LeftButton;
-    const QPoint Start = Now(10) ? SomePoint() : Board->CellRect(From).center();
-    const QPoint End = Now(10) ? SomePoint() : Board->CellRect(To).center();
     if (!Now(5)) {
-        QTest::mouseMove(Board, Start);
+        QTest::mouseMove(&Board(), Start);
     }
     if (!Now(8)) {
-        QTest::mousePress(Board, Button, {}, Start);
+        QTest::mousePress(&Board(), Button, {}, Start);
     }
     if (!Now(5)) {
-        QTest::mouseMove(Board, End);
+        QTest::mouseMove(&Board(), End);
     }
     if (!Now(8)) { // else the release comes in the middle of something else, or never
-        QTest::mouseRelease(Board, Button, {}, End);
+        QTest::mouseRelease(&Board(), Button, {}, End);
     }
 }
 
-void WildWindowTest::UseKeys() {
+void WildWindow::UseKeys() {
     static constexpr Qt::Key Keys[] = {Qt::Key_Left,  Qt::Key_Right,     Qt::Key_Up,     Qt::Key_Down,  Qt::Key_Return,
                                        Qt::Key_Space, Qt::Key_Enter,     Qt::Key_Escape, Qt::Key_Tab,   Qt::Key_Backtab,
                                        Qt::Key_Home,  Qt::Key_End,       Qt::Key_PageUp, Qt::Key_F5,    Qt::Key_A,
                                        Qt::Key_4,     Qt::Key_Backspace, Qt::Key_Menu,   Qt::Key_Delete};
+    static constexpr Qt::KeyboardModifier Modifiers[] = {Qt::ControlModifier, Qt::AltModifier, Qt::ShiftModifier};
     if (Now(3)) {
-        Window->BoardOf().setFocus(Now(2) ? Qt::TabFocusReason : Qt::OtherFocusReason);
+        Board().setFocus(Now(2) ? Qt::TabFocusReason : Qt::OtherFocusReason);
     }
     for (int Strokes = 1 + Below(5); Strokes > 0; --Strokes) {
-        ComeToFront();
+        BackToFront();
         QWidget* There = Window->focusWidget();
         if (There == nullptr) {
             return;
         }
-        const Qt::Key Key = Keys[Below(static_cast<int>(std::size(Keys)))];
-        const Qt::KeyboardModifiers Held = Now(12)   ? Qt::ControlModifier
-                                           : Now(12) ? Qt::AltModifier
-                                           : Now(12) ? Qt::ShiftModifier
-                                                     : Qt::NoModifier;
-        if (Now(10)) {
-            QTest::keyPress(There, Key, Held);
-        } else {
-            QTest::keyClick(There, Key, Held);
+        const Qt::KeyboardModifiers Held = Now(4) ? OneOf(Modifiers) : Qt::NoModifier;
+        const Qt::Key Key = OneOf(Keys);
+        QTest::keyPress(There, Key, Held);
+        if (!Now(10)) {
+            QTest::keyRelease(There, Key, Held);
         }
     }
-    if (Now(3) && Window->BoardOf().CursorCell() >= 0) { // a move with the keys, whole
-        ui::BoardWidget* Board = &Window->BoardOf();
-        Board->setFocus();
+    if (Now(3) && Board().CursorCell() >= 0) { // a move with the keys, whole
+        Board().setFocus();
         const int From = SomeCell();
-        const int To = SomeTarget(From);
-        for (const int Cell : {From, To}) {
-            ComeToFront();
+        for (const int Cell : {From, SomeTarget(From)}) {
+            BackToFront();
             view::SetCursor(Game(), view::SquareOfCell(Game(), Cell));
-            QTest::keyClick(Board, Qt::Key_Return);
+            Press(Qt::Key_Return);
         }
     }
 }
 
-void WildWindowTest::UseCommand() {
-    const auto Rows = view::CommandRows();
-    const view::CommandRow& Row = Rows[static_cast<std::size_t>(Below(static_cast<int>(Rows.size())))];
-    const bool Slow = Row.Id == CommandId::mnu_Play_Ccomputer; // it waits between its moves
-    if (Window->ActionOf(Row.Id) == nullptr || (Slow && !(WithSearches && Now(20)))) {
-        return;
+void WildWindow::UseCommand() {
+    const CommandId Id = OneOf(view::CommandRows()).Id;
+    const bool Slow = Id == CommandId::mnu_Play_Ccomputer; // it waits between its moves
+    if (Entry(Id) != nullptr && (!Slow || (WithSearches && Now(20)))) {
+        Run(Id);
     }
-    Window->ActionOf(Row.Id)->trigger();
 }
 
-void WildWindowTest::UseButton() {
-    const auto Buttons = view::ToolbarButtons();
-    const view::ToolbarButton& Chosen = Buttons[static_cast<std::size_t>(Below(static_cast<int>(Buttons.size())))];
+void WildWindow::UseButton() {
+    const view::ToolbarButton& Chosen = OneOf(view::ToolbarButtons());
     if (Chosen.Command != CommandId::mnu_Play_Ccomputer) {
-        const QByteArray Name = QByteArray("Toolbar1_") + QByteArray(Chosen.Key.data(), qsizetype(Chosen.Key.size()));
-        QTest::mouseClick(Find<QToolButton>(Name.constData()), Qt::LeftButton);
+        QTest::mouseClick(Button(std::string(Chosen.Key).c_str()), Qt::LeftButton);
     }
 }
 
-void WildWindowTest::UseList() {
-    static constexpr const char* Names[] = {"List1", "List2", "List3"};
-    auto* List = Find<ui::LineList>(Names[Below(3)]);
-    const int Row = Below(List->count() + 2);
-    const QPoint Where = Row < List->count() ? List->visualItemRect(List->item(Row)).center()
-                                             : QPoint(Below(List->width()), Below(List->height()));
-    QTest::mouseClick(List->viewport(), Qt::LeftButton, {}, Where);
+void WildWindow::UseList() {
+    ui::LineList* Lines = List(OneOf(std::array{"List1", "List2", "List3"}));
+    const int Row = Below(Lines->count() + 2);
+    const QPoint Where = Row < Lines->count() ? Lines->visualItemRect(Lines->item(Row)).center()
+                                              : QPoint(Below(Lines->width()), Below(Lines->height()));
+    QTest::mouseClick(Lines->viewport(), Qt::LeftButton, {}, Where);
     if (Now(2)) {
-        QTest::mouseDClick(List->viewport(), Qt::LeftButton, {}, Where);
+        QTest::mouseDClick(Lines->viewport(), Qt::LeftButton, {}, Where);
     } else if (Now(3)) {
-        QTest::keyClick(List, Qt::Key_Return);
+        QTest::keyClick(Lines, Qt::Key_Return);
     }
 }
 
-void WildWindowTest::Scribble() {
-    static constexpr char Signs[] = "abcdefghij0123456789-x:K ";
+void WildWindow::Scribble() {
     QString Text;
     for (int I = Below(8); I >= 0; --I) {
-        Text += QLatin1Char(Signs[Below(static_cast<int>(sizeof Signs) - 1)]);
+        Text += QLatin1Char(OneOf(std::string_view("abcdefghij0123456789-x:K ")));
     }
     if (Now(3)) {
         QTest::keyClicks(Find<QPlainTextEdit>("Text1"), Text);
     } else {
-        QTest::keyClicks(Find<QLineEdit>("Text2"), Text);
-        QTest::keyClick(Find<QLineEdit>("Text2"), Qt::Key_Return);
+        QTest::keyClicks(TypedMove(), Text);
+        QTest::keyClick(TypedMove(), Qt::Key_Return);
     }
 }
 
-// As a desktop brings a window back when its box has closed: only then has it keys.
-void WildWindowTest::ComeToFront() {
-    if (!Window->isActiveWindow() && Window->isVisible()) {
-        Window->activateWindow();
-        QCoreApplication::processEvents();
-    }
-}
-
-void WildWindowTest::DoSomething() {
-    ComeToFront();
+void WildWindow::DoSomething() {
+    BackToFront();
     Game().SearchDepth = WithSearches && Now(20) ? 20 : 1;
-    switch (Below(12)) {
-    case 0:
-        UseCommand();
-        break;
-    case 1:
-        UseButton();
-        break;
-    case 2:
-        UseList();
-        break;
-    case 3:
-        Scribble();
-        break;
-    case 4:
-    case 5:
-    case 6:
-        UseKeys();
-        break;
-    default:
-        UseMouse();
-    }
+    using Doing = void (WildWindow::*)();
+    static constexpr Doing Doings[] = {&WildWindow::UseCommand, &WildWindow::UseButton, &WildWindow::UseList,
+                                       &WildWindow::Scribble,   &WildWindow::UseKeys,   &WildWindow::UseKeys,
+                                       &WildWindow::UseKeys,    &WildWindow::UseMouse,  &WildWindow::UseMouse,
+                                       &WildWindow::UseMouse,   &WildWindow::UseMouse,  &WildWindow::UseMouse};
+    (this->*OneOf(Doings))();
 }
 
 // Beside the state itself: the widgets show it, and the board shows the position.
-std::string WildWindowTest::WindowComplaint() {
+std::string WildWindow::WindowComplaint() {
     std::string Found = Complaint(Game());
     for (const view::CommandRow& Row : view::CommandRows()) {
-        const QAction* Entry = Window->ActionOf(Row.Id);
-        if (Entry != nullptr && Entry->isEnabled() != view::CanRun(Game(), Row.Id)) {
+        if (Entry(Row.Id) != nullptr && Entry(Row.Id)->isEnabled() != view::CanRun(Game(), Row.Id)) {
             Found += " an entry is not as the state says: " + std::string(Row.Name);
         }
     }
-    const auto Same = [](const ui::LineList* List, const view::ListFields& Fields) {
-        bool Equal = List->count() == static_cast<int>(Fields.Lines.size());
-        for (int I = 0; Equal && I < List->count(); ++I) {
-            Equal = List->item(I)->text().toStdString() == Fields.Lines[static_cast<std::size_t>(I)];
+    for (const auto& [Name, Fields] :
+         {std::pair("List1", &Game().List1), {"List2", &Game().List2}, {"List3", &Game().List3}}) {
+        std::vector<std::string> Lines;
+        for (int I = 0; I < List(Name)->count(); ++I) {
+            Lines.push_back(List(Name)->item(I)->text().toStdString());
         }
-        return Equal;
-    };
-    if (!Same(Find<ui::LineList>("List1"), Game().List1) || !Same(Find<ui::LineList>("List2"), Game().List2) ||
-        !Same(Find<ui::LineList>("List3"), Game().List3)) {
-        Found += " a list shows other lines";
+        if (Lines != Fields->Lines) {
+            Found += std::string(" other lines are in ") + Name;
+        }
     }
-    if (Window->BoardOf().CursorCell() != Game().CursorCell) {
+    if (Board().CursorCell() != Game().CursorCell) {
         Found += " the cursor stands elsewhere";
     }
-    if (Game().CursorCell >= 0 && Window->isActiveWindow() && !Window->BoardOf().hasFocus()) {
+    if (Game().CursorCell >= 0 && Window->isActiveWindow() && !Board().hasFocus()) {
         Found += " a cursor without the keyboard";
     }
     const auto Before = Game().Cells;
@@ -313,19 +284,16 @@ std::string WildWindowTest::WindowComplaint() {
     return Found;
 }
 
-void WildWindowTest::Play(unsigned Seed, const QString& Variant, int Events) {
-    constexpr int Batch = 20;
-    CloseAll();
+void WildWindow::Play(unsigned Seed, int Events) {
     Open();
     Chance.seed(Seed);
-    World = std::make_unique<QuickPlatform>(
-        *Window, ui::ProgramFolders{ZONTERBROOK_DATA_DIR, Written->path().toStdString()}, Seed);
+    World = std::make_unique<QuickPlatform>(*Window, Folders(), Seed);
     World->OpenLog();
     Game().World = World.get();
     Game().Outside = World.get();
     Game().UseSound = 1;
     Game().ConfirmExit = 1;
-    Game().VariantName = Variant.toStdString();
+    Game().VariantName = GetParam();
     control::NewGame(Game());
     Game().RuleSet = Game().LoadedRuleSet;
     control::NewGame(Game());
@@ -334,49 +302,31 @@ void WildWindowTest::Play(unsigned Seed, const QString& Variant, int Events) {
     view::DrawBoard(Game(), 0);
     Window->ShowContents();
     for (int Event = 0; Event < Events && !Window->HasEnded(); ++Event) {
+        SCOPED_TRACE(testing::Message() << "seed " << Seed << ", event " << Event);
         DoSomething();
-        QVERIFY2(World->Fault.empty(), qPrintable(QStringLiteral("seed %1, %2, event %3: %4")
-                                                      .arg(Seed)
-                                                      .arg(Variant)
-                                                      .arg(Event)
-                                                      .arg(QString::fromStdString(World->Fault))));
-        if (Event % Batch == 0 && !Window->HasEnded()) {
+        ASSERT_EQ("", World->Fault);
+        if (Event % 20 == 0 && !Window->HasEnded()) {
             QCoreApplication::processEvents();
             MovesSeen = std::max(MovesSeen, Game().MoveCount);
-            const std::string Found = WindowComplaint();
-            QVERIFY2(Found.empty(), qPrintable(QStringLiteral("seed %1, %2, event %3:%4")
-                                                   .arg(Seed)
-                                                   .arg(Variant)
-                                                   .arg(Event)
-                                                   .arg(QString::fromStdString(Found))));
+            ASSERT_EQ("", WindowComplaint());
         }
     }
 }
 
-void WildWindowTest::LeavesTheStateInOrder_data() {
-    QTest::addColumn<QString>("Variant");
-    for (const char* Name : {"International Checkers", "Turkish Draughts 10x10", "Reserves", "Frisian Draughts"}) {
-        QTest::newRow(Name) << QString::fromLatin1(Name);
-    }
-}
-
-void WildWindowTest::LeavesTheStateInOrder() {
-    QFETCH(QString, Variant);
-    constexpr int EventsInARun = 250;
+TEST_P(WildWindow, LeavesTheStateInOrder) {
     constexpr int Rows = 4;
-    const int Seconds = qEnvironmentVariableIntValue("ZONTERBROOK_WILD_SECONDS");
-    WithSearches = Seconds > 0;
-    MovesSeen = 0;
     QElapsedTimer Clock;
     Clock.start();
-    unsigned Seed = 1;
-    do {
-        Play(Seed++, Variant, EventsInARun);
-        if (QTest::currentTestFailed()) {
-            return;
-        }
-    } while (Seed <= 2 || Clock.elapsed() < 1000LL * Seconds / Rows);
-    QVERIFY2(MovesSeen > 5, "hardly a move was made");
+    for (unsigned Seed = 1; Seed <= 2 || Clock.elapsed() < 1000LL * Seconds / Rows; ++Seed) {
+        ASSERT_NO_FATAL_FAILURE(Play(Seed, 250));
+    }
+    EXPECT_GT(MovesSeen, 5) << "hardly a move was made";
 }
 
+INSTANTIATE_TEST_SUITE_P(Rows, WildWindow,
+                         testing::Values("International Checkers", "Turkish Draughts 10x10", "Reserves",
+                                         "Frisian Draughts"),
+                         TextName);
+
+} // namespace
 } // namespace zonterbrook::tests

@@ -1,8 +1,13 @@
-// A window in a test and a person's hands on it: finding controls, dragging pieces, answering boxes.
+// A window in a test and a person's hands on it: finding controls, dragging pieces, pressing keys, answering boxes.
 #pragma once
 
+#include "base/text.h"
+#include "rules/square_names.h"
+#include "support/rows.h"
 #include "ui/main_window.h"
+#include "view/board_cursor.h"
 #include "view/draw_board.h"
+#include "view/layout.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -10,103 +15,120 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
+#include <gtest/gtest.h>
 
 #include <functional>
 #include <memory>
+#include <ostream>
+
+/// What a failed comparison shows of a text.
+inline void PrintTo(const QString& Text, std::ostream* Out) {
+    *Out << '"' << qPrintable(Text) << '"';
+}
 
 namespace zonterbrook::tests {
 
-inline int SquareNamed(const char* Name) {
-    constexpr int RowLength = 12;
-    const int Row = Name[1] == '0' ? 10 : Name[1] - '0';
-    return (Row + 1) * RowLength + (Name[0] - 'a' + 1);
-}
+using view::CommandId;
+using view::Picture;
 
-// Answers the message box that is about to open, and keeps what it said.
-class NextBox : public QObject {
+/// Does something once, as soon as it can, from within whatever gives the event loop a turn; it must come to it.
+class Soon : public QObject {
 public:
-    explicit NextBox(QMessageBox::StandardButton Answer) : Button(Answer) {
-        connect(&Timer, &QTimer::timeout, this, [this] {
-            if (auto* Box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                Timer.stop();
-                Title = Box->windowTitle();
-                Text = Box->text();
-                Icon = Box->icon();
-                QTest::mouseClick(Box->button(Button), Qt::LeftButton);
-            }
-        });
-        Timer.start(1);
-    }
-
-    QString Title;
-    QString Text;
-    QMessageBox::Icon Icon = QMessageBox::NoIcon;
-
-private:
-    QMessageBox::StandardButton Button;
-    QTimer Timer;
-};
-
-// Does something as soon as a search has been at work for a while, from within the turns that it gives.
-class InMidSearch : public QObject {
-public:
-    InMidSearch(control::GameState& State, std::function<void()> What) {
-        connect(&Timer, &QTimer::timeout, this, [this, &State, What = std::move(What)] {
-            constexpr int SomeTurns = 5;
-            if (State.SearchActive != 0 && State.NodeCount > 0 && ++Turns == SomeTurns) {
+    Soon(std::function<bool()> CanDo, std::function<void()> What) {
+        connect(&Timer, &QTimer::timeout, this, [this, CanDo = std::move(CanDo), What = std::move(What)] {
+            if (CanDo()) {
                 Timer.stop();
                 What();
             }
         });
         Timer.start(1);
     }
-
-    int Turns = 0;
+    ~Soon() override { EXPECT_FALSE(Timer.isActive()) << "what was waited for never came"; }
 
 private:
     QTimer Timer;
 };
 
-class WindowHands {
+/// Answers the message box that is about to open, which must say "title: text".
+class NextBox : public Soon {
 public:
-    // A window of its own for each case, against a computer that answers at once.
+    NextBox(const char* Said, QMessageBox::StandardButton Answer, QMessageBox::Icon Icon)
+        : Soon([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },
+               [=] {
+                   auto* Box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                   EXPECT_EQ(Said, Box->windowTitle() + ": " + Box->text());
+                   EXPECT_EQ(Icon, Box->icon());
+                   QTest::mouseClick(Box->button(Answer), Qt::LeftButton);
+               }) {}
+};
+
+/// A window of its own for each test, against a computer that answers at once.
+class WindowFixture : public testing::Test {
+protected:
+    void SetUp() override { Open(); }
+
     void Open() {
+        Window.reset();
         Written = std::make_unique<QTemporaryDir>();
-        QVERIFY(Written->isValid());
-        Window =
-            std::make_unique<ui::MainWindow>(ui::ProgramFolders{ZONTERBROOK_DATA_DIR, Written->path().toStdString()});
+        Window = std::make_unique<ui::MainWindow>(Folders());
         Game().ConfirmExit = 0;
         Game().UseSound = 0;
         Game().FixedDepth = 1;
         Game().SearchDepth = 1;
         Window->show();
         Window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(Window.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(Window.get()));
+    }
+    /// As a desktop does by itself when a box has closed: only then has the window keys.
+    void BackToFront() {
+        if (!Window->isActiveWindow() && Window->isVisible()) {
+            Window->activateWindow();
+            QCoreApplication::processEvents();
+        }
     }
 
-    void Close() {
-        Window.reset();
-        Written.reset();
-    }
-
+    ui::ProgramFolders Folders() const { return {ZONTERBROOK_DATA_DIR, Written->path().toStdString()}; }
     control::GameState& Game() { return Window->GameOf(); }
-    QPoint Middle(const char* Square) {
-        return Window->BoardOf().CellRect(view::CellOfSquare(Game(), SquareNamed(Square))).center();
-    }
-    void Drag(const char* From, const char* To) {
-        ui::BoardWidget* Board = &Window->BoardOf();
-        QTest::mouseMove(Board, Middle(From));
-        QTest::mousePress(Board, Qt::LeftButton, {}, Middle(From));
-        QTest::mouseMove(Board, Middle(To));
-        QTest::mouseRelease(Board, Qt::LeftButton, {}, Middle(To));
-    }
-    void PlayBothSides() {
-        Window->ActionOf(view::CommandId::Pplayer)->trigger();
-        QCOMPARE(Game().PlayMode, view::PlayerPlayer);
-    }
+    ui::BoardWidget& Board() { return Window->BoardOf(); }
+    QAction* Entry(CommandId Id) { return Window->ActionOf(Id); }
     template <class Kind>
-    Kind* Find(const char* Name) {
-        return Window->findChild<Kind*>(QLatin1String(Name));
+    Kind* Find(const QString& Name) {
+        return Window->findChild<Kind*>(Name);
+    }
+    QToolButton* Button(const char* Key) { return Find<QToolButton>(QStringLiteral("Toolbar1_") + Key); }
+    ui::LineList* List(const char* Name) { return Find<ui::LineList>(Name); }
+    QLineEdit* TypedMove() { return Find<QLineEdit>("Text2"); }
+
+    static int Square(const char* Name) { return rules::AlgebraicCell(base::ToUpper(Name)); }
+    int Cell(const char* Name) { return view::CellOfSquare(Game(), Square(Name)); }
+    std::int32_t PieceOn(const char* Name) { return Game().Board[Square(Name)]; }
+    QPoint Middle(const char* Name) { return Board().CellRect(Cell(Name)).center(); }
+    QImage Seen() { return Board().grab().toImage(); }
+
+    void Take(const char* From) { QTest::mousePress(&Board(), Qt::LeftButton, {}, Middle(From)); }
+    void Drop(const char* To) { QTest::mouseRelease(&Board(), Qt::LeftButton, {}, Middle(To)); }
+    void Drag(const char* From, const char* To) {
+        QTest::mouseMove(&Board(), Middle(From));
+        Take(From);
+        QTest::mouseMove(&Board(), Middle(To));
+        Drop(To);
+    }
+    void Press(Qt::Key Key, Qt::KeyboardModifiers Held = {}) { QTest::keyClick(&Board(), Key, Held); }
+    void Type(const char* Move) {
+        TypedMove()->setFocus();
+        QTest::keyClicks(TypedMove(), Move);
+        QTest::keyClick(TypedMove(), Qt::Key_Return);
+    }
+    void Run(CommandId Id) { Entry(Id)->trigger(); }
+    void PlayBothSides() { Run(CommandId::Pplayer); }
+
+    /// Makes the move d4-e5, and does something while the computer thinks about it for long.
+    void InMidSearch(const std::function<void()>& What, bool Typed = false) {
+        Game().SearchDepth = 20;
+        int Turns = 0;
+        const Soon Look([&] { return Game().SearchActive != 0 && Game().NodeCount > 0 && ++Turns == 5; }, What);
+        Typed ? Type("d4e5") : Drag("d4", "e5");
     }
 
     std::unique_ptr<QTemporaryDir> Written;
