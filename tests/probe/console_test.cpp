@@ -56,9 +56,6 @@ TEST(Console, Answers) {
         {"hands_kept_from_the_board_before",
          {"rule ContractNumber=3", "rule ContractNumber=1", "board " + Start + " w", "show"},
          "board " + Start + " w\nspecial 0\nmaterial 0 4000\nhand 1 1\n"},
-        {"side_does_not_follow_the_rule",
-         {"rule BlackStarts=1", "show"},
-         "board " + Start + " b\nspecial 0\nmaterial 0 4000\nhand 0 0\n"},
         {"men_stay_on_the_other_colour",
          {"rule PiecesOnBlack=0", "rule PiecesOnBlack=1", "show"},
          "board " + Start + " w\nspecial 3\nmaterial 0 4000\nhand 0 0\n"},
@@ -66,7 +63,6 @@ TEST(Console, Answers) {
          {King('b'), "rule Setup=" + Zeros(99) + "1", "show"},
          "board " + Zeros(99) + "1 w\nspecial 0\nmaterial 100 100\nhand 0 0\n"},
         {"material_from_the_wrong_side", {King('b'), "show"}, King('b') + "\nspecial 3\nmaterial -200 400\nhand 0 0\n"},
-        {"numeric_key_unknown", {"key MaxCapMove"}, "MaxCapMove=1\n"},
         {"minus_lost", {"rule NumberFriends=-1", "key NumberFriends"}, "NumberFriends=-1\n"},
         {"movement_cut_at_its_blank",
          {"rule WhiteManMovement=N;E N;E", "key WhiteManMovement"},
@@ -77,16 +73,12 @@ TEST(Console, Answers) {
         {"special_generator_ignored", {King('b'), "moves special"}, "51 77 0 1064 50\n"},
         {"plain_moves_beside_captures", {King('b'), "generate 0"}, "51 77 0 1064 50\n"},
         {"plain_moves_left_out", {King('b'), "generate 1 special"}, "51 40 0 - 0\n51 38 0 - 0\n51 77 0 1064 50\n"},
-        {"negative_takes_plain_moves", {"rule CapRequired=0", "generate -1"}, ""},
         {"optional_captures_forgotten",
          {"rule CapRequired=0", EmptyBoard.substr(0, 6) + "1" + Zeros(99) + " w", "generate 0"},
          "25 38 0 - 0\n"},
         {"blocked_side_has_a_move", {EmptyBoard, "exists 1"}, "exists 0\n"},
         {"captures_only_finds_plain_moves", {"exists 0"}, "exists 0\n"},
-        {"free_side_has_no_move", {"exists 1"}, "exists 1\n"},
-        {"depth_0_is_no_leaf", {"perft 0"}, "nodes 1\n"},
         {"leaves_of_a_blocked_side", {EmptyBoard, "perft 3"}, "nodes 0\n"},
-        {"generators_differ", {"perft 4 special"}, "nodes 4265\n"},
         {"play_does_not_play",
          {"moves", "play 0", "show"},
          "board 1010101010010101010110101010100001010101100000000000000000002020202020020202020220202020200202020202"
@@ -101,12 +93,6 @@ TEST(Console, Answers) {
          {EmptyBoard.substr(0, 6) + "2" + Zeros(99) + " w", "eval generic"},
          "score 1914 lost 1 nolegal 0\n"},
         {"window_not_used", {King('w'), "set LazyMargin 0", "eval generic -10 10"}, "score 200 lost 0 nolegal 0\n"},
-        {"german_anchor",
-         {"search SearchGerman 7"},
-         "score 20 nodes 72460\nline 68-79 99-86 62-75 101-88 75-101 112-68 57-79 86-75 64-86 97-75\n"},
-        {"plain_anchor",
-         {"rule TwoKings=1", "search SearchPlain 7"},
-         "score 22 nodes 78129\nline 68-79 103-92 57-68 101-90 79-101 112-90 46-57 114-103 66-77\n"},
         {"depth_by_plys_ignored", {"set Plys 1", "search SearchGerman 1"}, "score 29 nodes 10\nline 68-79\n"},
         {"blocked_root_thinks", {EmptyBoard, "think 4"}, ""},
     };
@@ -123,7 +109,6 @@ TEST(Console, RefusesAndChangesNothing) {
         {"command_in_capitals", {"SHOW"}, "'SHOW' is no command"},
         {"bytes_that_are_no_text", {"\xFF\x80"}, "'\xFF\x80' is no command"},
         {"show_with_argument", {"show all"}, "too many arguments"},
-        {"variant_without_file", {"variant"}, "no file given"},
         {"rule_without_value", {"rule MaxCapMove"}, "a rule is set by <Key>=<value>"},
         {"unknown_key_set", {"rule MaxCap=1"}, "'MaxCap' is no rule"},
         {"key_in_another_case_set", {"rule maxcapmove=0"}, "'maxcapmove' is no rule"},
@@ -132,19 +117,12 @@ TEST(Console, RefusesAndChangesNothing) {
         {"wide_rule_wraps", {"rule NumberPieces=2147483648"}, "value 2147483648 does not fit its field"},
         {"movement_overflows", {"rule WhiteManMovement=" + std::string(128, 'N')}, "value 128 does not fit its field"},
         {"short_setup", {"rule Setup=12"}, "a start position has a hundred digits, 0 to 4"},
-        {"setup_of_other_digits", {"rule Setup=5" + Zeros(99)}, "a start position has a hundred digits, 0 to 4"},
         {"board_without_side", {"board " + Start}, "too few arguments"},
-        {"board_of_99", {"board " + Zeros(99) + " w"}, "a position has a hundred digits, 0 to 4"},
         {"board_of_101", {"board " + Zeros(101) + " w"}, "a position has a hundred digits, 0 to 4"},
         {"third_side", {"board " + Start + " W"}, "the side to move is w or b"},
-        {"unknown_key_read", {"key Nothing"}, "'Nothing' is no rule"},
-        {"key_missing", {"key"}, "too few arguments"},
         {"third_generator", {"moves fast"}, "'fast' is no generator"},
-        {"generate_without_number", {"generate"}, "too few arguments"},
-        {"generate_word", {"generate all"}, "'all' is no number"},
         {"number_with_a_tail", {"perft 3x"}, "'3x' is no number"},
         {"number_too_large", {"perft 99999999999999999999"}, "'99999999999999999999' is no number"},
-        {"negative_perft", {"perft -1"}, "-1 is not within 0 to 100"},
         {"too_deep_perft", {"perft 101"}, "101 is not within 0 to 100"},
         {"play_unasked", {"play 0"}, "ask for the moves of this position first"},
         {"play_after_another_board",
@@ -161,24 +139,19 @@ TEST(Console, RefusesAndChangesNothing) {
         {"half_a_window", {"eval german 5"}, "an evaluator and no window, or both its bounds"},
         {"unknown_setting", {"set Noise 5"}, "'Noise' is no setting"},
         {"setting_wraps", {"set Plys 256"}, "value 256 does not fit its field"},
-        {"setting_without_value", {"set Plys"}, "too few arguments"},
         {"unknown_routine", {"search SearchFrench 3"}, "'SearchFrench' is no search routine"},
         {"search_without_depth", {"search SearchPlain"}, "a routine, a depth, and no window or both its bounds"},
         {"search_beyond_the_plies", {"search SearchPlain 101"}, "101 is not within -100 to 100"},
         {"search_window_beyond_its_bounds", {"search SearchPlain 2 -40000 0"}, "-40000 is not within -32000 to 32000"},
         {"think_of_nothing", {"think 0"}, "0 is not within 1 to 100"},
-        {"quit_with_argument", {"quit now"}, "too many arguments"},
     };
     for (const TalkRow& R : Rows) {
         Console Probe;
-        std::vector<std::string> Before(R.Commands.begin(), R.Commands.end() - 1);
-        Ask(Probe, Before);
-        const std::string Shown = Probe.Execute("show");
-        const std::string Rule = Probe.Execute("key WhiteManMovement") + Probe.Execute("key MaxCapMove");
+        Ask(Probe, {R.Commands.begin(), R.Commands.end() - 1});
+        const auto Kept = [&] { return Ask(Probe, {"show"}) + Ask(Probe, {"key WhiteManMovement"}); };
+        const std::string Before = Kept();
         EXPECT_EQ("error: " + R.Answer + "\n", Probe.Execute(R.Commands.back())) << R.Fault;
-        EXPECT_EQ(Shown, Probe.Execute("show")) << R.Fault;
-        EXPECT_EQ(Rule, Probe.Execute("key WhiteManMovement") + Probe.Execute("key MaxCapMove")) << R.Fault;
-        EXPECT_FALSE(Probe.HasQuit()) << R.Fault;
+        EXPECT_EQ(Before, Kept()) << R.Fault;
     }
 }
 
@@ -205,22 +178,16 @@ TEST(Console, AFaultInAGeneratorPutsEverythingBack) {
 TEST(Console, VariantFilesThatCannotBeRead) {
     namespace fs = std::filesystem;
     const fs::path File = fs::path(testing::TempDir()) / "zonterbrook_console_test.ini";
-    struct Row {
-        const char* Fault;
-        const char* Text;
-        bool Reads;
-    };
-    const Row Rows[] = {
+    constexpr std::tuple<const char*, const char*, bool> Rows[] = {
         {"good_file_refused", "A title\nMaxCapMove=0\nEND\n", true},
         {"byte_of_a_file_wraps", "A title\nMaxCapMove=300\nEND\n", false},
     };
-    for (const Row& R : Rows) {
+    for (const auto& [Fault, Text, Reads] : Rows) {
         Console Probe;
-        std::ofstream(File, std::ios::binary) << R.Text;
+        std::ofstream(File, std::ios::binary) << Text;
         const std::string Answer = Probe.Execute("variant " + File.string());
-        EXPECT_EQ(R.Reads, Answer == "ok\n") << R.Fault << ": " << Answer;
-        EXPECT_EQ(!R.Reads, Answer.starts_with("error: ")) << R.Fault << ": " << Answer;
-        EXPECT_EQ(R.Reads ? "MaxCapMove=0\nok\n" : "MaxCapMove=1\nok\n", Probe.Execute("key MaxCapMove")) << R.Fault;
+        EXPECT_EQ(Reads ? "ok\n" : "error: ", Answer.substr(0, Reads ? 3 : 7)) << Fault << ": " << Answer;
+        EXPECT_EQ(Reads ? "MaxCapMove=0\nok\n" : "MaxCapMove=1\nok\n", Probe.Execute("key MaxCapMove")) << Fault;
     }
     fs::remove(File);
     Console Probe;

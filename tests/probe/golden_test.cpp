@@ -44,7 +44,6 @@ TEST(Golden, LeavesOfEveryShippedVariant) {
         const std::string Name = Entry.path().stem().string();
         ++Shipped;
         ASSERT_TRUE(Table.contains(Name)) << "a variant without counts: " << Name;
-        EXPECT_GE(Table[Name].size(), 3u) << Name;
         Console Probe;
         ASSERT_EQ("ok\n", Probe.Execute("variant " + Entry.path().string()));
         const bool Special = Probe.Execute("show").find("special 0") == std::string::npos;
@@ -95,10 +94,8 @@ TEST_P(GoldenTalk, IsAnsweredAsEver) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Variants, GoldenTalk, testing::ValuesIn(Sections("search.txt")), [](const auto& Info) {
-    std::string Name;
-    for (const char Letter : Info.param.Name) {
-        Name += std::isalnum(static_cast<unsigned char>(Letter)) != 0 ? std::string(1, Letter) : "";
-    }
+    std::string Name = Info.param.Name;
+    std::erase_if(Name, [](char C) { return std::isalnum(static_cast<unsigned char>(C)) == 0; });
     return Name;
 });
 
