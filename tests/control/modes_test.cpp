@@ -1,31 +1,17 @@
 // The three modes: names, ticks and commands, the computer against itself to the end of its games, and Cancel.
 #include "control/modes.h"
 #include "formats/variant_file.h"
-#include "support/game_fixture.h"
+#include "support/complaint.h"
 #include "support/turn_world.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 namespace zonterbrook::tests {
 namespace {
 
-using view::CommandId;
-
-class Modes : public GameFixture {
+class Modes : public ThinkingFixture {
 protected:
-    TurnWorld Nodes{World};
-
-    void SetUp() override {
-        GameFixture::SetUp();
-        State.World = &Nodes;
-        State.Strength = 0;
-    }
-
     void ExpectMode(std::int32_t Mode, CommandId Ticked) {
         EXPECT_EQ(Mode, State.PlayMode);
-        for (const CommandId Id : {CommandId::Cplayer, CommandId::Pplayer, CommandId::mnu_Play_Ccomputer}) {
+        for (const CommandId Id : {Cplayer, Pplayer, mnu_Play_Ccomputer}) {
             EXPECT_EQ(Id == Ticked, State.CommandOf(Id).Ticked) << view::RowOf(Id).Name;
         }
     }
@@ -41,15 +27,13 @@ protected:
 TEST_F(Modes, APersonGetsTheSideToMove) {
     for (const std::int32_t Starts : {rules::White, rules::Black}) {
         for (const int Moves : {0, 1}) {
-            Run(CommandId::Pplayer);
+            Run(Pplayer);
             Lay("w c3, w e3, b d8, b f8", Starts);
-            ExpectMode(view::PlayerPlayer, CommandId::Pplayer);
-            EXPECT_EQ("Player", State.WhitePlayerName);
-            EXPECT_EQ("Player", State.BlackPlayerName);
+            EXPECT_EQ("PlayerPlayer", State.WhitePlayerName + State.BlackPlayerName);
             if (Moves == 1) {
                 DoubleClickMove(State.List2.Lines.at(0));
             }
-            Run(CommandId::Cplayer);
+            Run(Cplayer);
             ExpectPersonToMove();
             EXPECT_EQ(Moves, State.GameMoves) << "the game stays as it is";
         }
@@ -58,20 +42,20 @@ TEST_F(Modes, APersonGetsTheSideToMove) {
 
 TEST_F(Modes, APersonAgainstAPersonNeitherResignsNorOffers) {
     BetweenPersons();
-    ExpectMode(view::PlayerPlayer, CommandId::Pplayer);
-    ExpectCan(false, {CommandId::Offerdraw, CommandId::Resign});
+    ExpectMode(view::PlayerPlayer, Pplayer);
+    ExpectCan(false, {Offerdraw, Resign});
     EXPECT_EQ("Player-Player mode", Status());
-    Run(CommandId::Cplayer);
-    ExpectMode(view::ComputerPlayer, CommandId::Cplayer);
-    ExpectCan(true, {CommandId::Offerdraw, CommandId::Resign});
+    Run(Cplayer);
+    ExpectMode(view::ComputerPlayer, Cplayer);
+    ExpectCan(true, {Offerdraw, Resign});
     EXPECT_EQ("Computer-Player mode", Status());
     // A change of mode does not reopen a game.
     BetweenPersons();
     Lay("w c3, b d4");
     ExpectCongratulation("White wins!");
     Type("c3e5");
-    Run(CommandId::Cplayer);
-    ExpectCan(false, {CommandId::Offerdraw, CommandId::Resign, CommandId::Hint});
+    Run(Cplayer);
+    ExpectCan(false, {Offerdraw, Resign, Hint});
 }
 
 // --- the computer against itself ---------------------------------------------------------------------------------
@@ -79,8 +63,7 @@ TEST_F(Modes, APersonAgainstAPersonNeitherResignsNorOffers) {
 struct StopCase {
     const char* Name;
     int InMove; ///< of the game, from 0
-    bool InWait;
-    bool ByWindow;
+    bool InWait, ByWindow;
     int Moves; ///< that have been made when it is over
 };
 
@@ -93,23 +76,22 @@ TEST_P(OwnPlayStops, WhenAsked) {
     State.CancelRequested = 1; // of an earlier search
     int Asked = 0;
     const auto Stop = [&] {
-        EXPECT_EQ("Computer", State.WhitePlayerName);
-        EXPECT_EQ("Computer", State.BlackPlayerName);
-        EXPECT_TRUE(State.CommandOf(CommandId::mnu_Play_Ccomputer).Ticked);
+        EXPECT_EQ("ComputerComputer", State.WhitePlayerName + State.BlackPlayerName);
+        EXPECT_TRUE(State.CommandOf(mnu_Play_Ccomputer).Ticked);
         EXPECT_TRUE(State.List2.Lines.empty() && State.List3.Lines.empty());
         EXPECT_FALSE(State.List2.Enabled || State.List3.Enabled);
         if (State.GameMoves != Row.InMove || Asked++ > 0) {
             return;
         }
         EXPECT_EQ(1, State.Thinking);
-        ExpectCan(true, {CommandId::mnu_Play_Cancel});
-        ExpectCan(false, {CommandId::New1});
+        ExpectCan(true, {mnu_Play_Cancel});
+        ExpectCan(false, {New1});
         if (Row.ByWindow) {
             bool Cancel = false;
             control::Form_QueryUnload(State, Cancel);
             EXPECT_TRUE(Cancel) << "closed in the midst of it";
         } else {
-            Run(CommandId::mnu_Play_Cancel);
+            Run(mnu_Play_Cancel);
         }
     };
     if (Row.InWait) {
@@ -118,26 +100,23 @@ TEST_P(OwnPlayStops, WhenAsked) {
         // A search is under way: nodes are made at plies below the root, and the root's move counts.
         Nodes.OnNode = [&] {
             if (State.Ply == 2 && State.GameMoves - 2 == Row.InMove && Asked++ == 0) {
-                Run(CommandId::mnu_Play_Cancel);
+                Run(mnu_Play_Cancel);
             }
         };
     }
-    Run(CommandId::mnu_Play_Ccomputer);
+    Run(mnu_Play_Ccomputer);
     EXPECT_LT(0, Asked);
     EXPECT_EQ(Row.Moves, State.GameMoves);
-    ExpectMode(view::ComputerPlayer, CommandId::Cplayer);
-    EXPECT_EQ(0, State.Thinking);
-    EXPECT_EQ(0, State.SearchActive);
+    ExpectMode(view::ComputerPlayer, Cplayer);
     EXPECT_EQ(0, State.CancelRequested);
     EXPECT_EQ(0, State.RatingAllowed) << "such a game must not be rated";
     ExpectPersonToMove();
     EXPECT_EQ(Row.ByWindow ? 1 : 0, World.Closings);
-    ExpectCan(true, {CommandId::New1, CommandId::Compute, CommandId::Moveback, CommandId::Offerdraw, CommandId::Resign,
-                     CommandId::Pplayer, CommandId::mnu_Play_Ccomputer});
-    ExpectCan(false, {CommandId::mnu_Play_Cancel});
+    ExpectCan(true, {New1, Compute, Moveback, Offerdraw, Resign, Pplayer, mnu_Play_Ccomputer});
+    ExpectCan(false, {mnu_Play_Cancel});
     EXPECT_TRUE(State.Text2.Enabled && State.List2.Enabled && State.List3.Enabled);
     EXPECT_EQ(static_cast<std::size_t>(rules::MoveCountOfPly(State)), State.List2.Lines.size());
-    ExpectConsistent();
+    EXPECT_EQ("", Complaint(State));
 }
 
 constexpr StopCase StopRows[] = {{"in_the_third_search", 2, false, false, 3},
@@ -152,7 +131,7 @@ TEST_F(Modes, TheClockDoesNotEndOwnPlay) {
     State.TimeLimit = 1;
     Nodes.OnNode = [&] { World.Clock += 0.01; };
     World.OnWait = [&] { State.CancelRequested = State.GameMoves == 6 ? 1 : State.CancelRequested; };
-    Run(CommandId::mnu_Play_Ccomputer);
+    Run(mnu_Play_Ccomputer);
     EXPECT_EQ(6, State.GameMoves);
 }
 
@@ -182,21 +161,17 @@ TEST_P(OwnGames, EndByARule) {
         State.SearchDepth = Depth;
         PlayVariant(GetParam());
         const std::string Start = rules::SetupText(State.Board);
-        Run(CommandId::mnu_Play_Ccomputer);
+        Run(mnu_Play_Ccomputer);
         EXPECT_FALSE(World.Ended);
         EXPECT_EQ(1, State.GameEnded) << "stopped at half-move " << State.GameMoves;
         EXPECT_EQ(1, Said);
-        EXPECT_NE(std::end(Endings), std::find(std::begin(Endings), std::end(Endings), World.LastSaid))
-            << World.LastSaid;
-        EXPECT_EQ(0, State.Ply);
+        EXPECT_EQ(1, std::ranges::count(Endings, World.LastSaid)) << World.LastSaid;
         EXPECT_EQ(State.GameMoves, State.MoveCount);
-        EXPECT_EQ(static_cast<std::size_t>(State.GameMoves), State.List1.Lines.size());
         const bool BlackMoves = (State.GameMoves % 2 == 1) == (State.RuleSet.BlackStarts == 0);
         EXPECT_EQ(BlackMoves ? rules::Black : rules::White, State.Side);
-        ExpectConsistent();
+        EXPECT_EQ("", Complaint(State));
         // The way back leads to the start.
-        Run(CommandId::First);
-        EXPECT_EQ(0, State.GameMoves);
+        Run(First);
         ExpectConsistent();
         EXPECT_EQ(Start, rules::SetupText(State.Board));
     }

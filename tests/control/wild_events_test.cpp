@@ -2,36 +2,13 @@
 #include "support/complaint.h"
 #include "support/game_fixture.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 namespace zonterbrook::tests {
 namespace {
 
-using view::CommandId;
-
 // What the tree of commands offers without opening a dialog, and without ending the run.
-constexpr CommandId Choices[] = {CommandId::Compute,
-                                 CommandId::First,
-                                 CommandId::Moveback,
-                                 CommandId::MoveForward,
-                                 CommandId::Last,
-                                 CommandId::Offerdraw,
-                                 CommandId::Resign,
-                                 CommandId::Cplayer,
-                                 CommandId::Pplayer,
-                                 CommandId::Turn,
-                                 CommandId::rating,
-                                 CommandId::calculation,
-                                 CommandId::Nonotation,
-                                 CommandId::New1,
-                                 CommandId::Moveback,
-                                 CommandId::MoveForward,
-                                 CommandId::Moveback,
-                                 CommandId::MoveForward,
-                                 CommandId::mnu_Board_Notation_Chess,
-                                 CommandId::mnu_Board_Notation_Checkers};
+constexpr CommandId Choices[] = {Compute,  First,       Last,     Offerdraw,   Resign,     Cplayer,
+                                 Pplayer,  Turn,        rating,   calculation, Nonotation, New1,
+                                 Moveback, MoveForward, Moveback, MoveForward};
 
 class WildEvents : public RowsOf<GameFixture, const char*> {
 protected:
@@ -97,9 +74,9 @@ protected:
     }
 
     void DoSomething() {
-        switch (Below(10)) {
+        switch (Below(12)) {
         case 0:
-            control::RunCommand(State, Choices[Below(static_cast<int>(std::size(Choices)))]);
+            Run(Choices[Below(static_cast<int>(std::size(Choices)))]);
             break;
         case 1:
             Scribble();
@@ -115,6 +92,9 @@ protected:
         case 4:
             State.List3.Selected = Below(110) - 2;
             control::List3_DblClick(State);
+            break;
+        case 5:
+            Run(Below(2) == 0 ? mnu_Board_Notation_Chess : mnu_Board_Notation_Checkers);
             break;
         default:
             DragSomething();

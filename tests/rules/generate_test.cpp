@@ -3,25 +3,20 @@
 #include "rules/generate.h"
 #include "support/position_text.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 namespace zonterbrook::rules {
 namespace {
 
 using namespace tests;
 
 struct GenerateRow {
-    const char* Fault;
-    const char* Rules;
-    const char* Position;
-    const char* Moves;
+    const char *Fault, *Rules, *Position, *Moves;
 };
 
 constexpr const char* TwoPrey = "W:Wc3,g3:Bd4,h4,h6";
 constexpr const char* Kings = "W:Wc3,g3:Bd4,Kh4";
 constexpr const char* ManAndKing = "W:Wc3,Kg3:Bd4,f4";
+
+constexpr const char* Enters = "canContract=1|ContractNumber=1|ContractW1=2|ContractW2=2";
 
 const GenerateRow Rows[] = {
     // Plain moves
@@ -37,7 +32,6 @@ const GenerateRow Rows[] = {
     {"short_king_flies", "LongKings=0", "W:WKa1:Bj0", "a1-b2"},
     {"double_step_looks_on_its_way", "WhiteManMovement=NN S", "W:Wc3:Bc4,c9", "c3-c5"},
     {"man_without_steps_moves", "WhiteManMovement=", "W:Wc3:Bd4", ""},
-    {"no_pieces_move", "", "W:W:Bd4", ""},
     // Captures in general
     {"capture_not_mandatory", "", "W:Wc3,i3:Bd4", "c3xe5(d4)"},
     {"plain_moves_lost_when_optional", "CapRequired=0", "W:Wc3,i3:Bd4", "c3-b4 i3-h4 i3-j4 c3xe5(d4)"},
@@ -69,7 +63,6 @@ const GenerateRow Rows[] = {
     {"prefix_is_no_move", "MulJumps=0|MaxCapMove=0", "W:Wc3:Bd4,d6,b8", "c3xa9(d4,d6,b8) c3xc7(d4,d6) c3xe5(d4)"},
     {"king_must_finish_though_prefixes_stand", "MulJumps=0|MaxCapMove=0|KingFirst=1", "W:WKa1:Bd4,g7",
      "a1xh8(d4,g7) a1xe5(d4)"},
-    {"prefix_listed_unasked", "MaxCapMove=0", "W:Wc3:Bd4,d6,b8", "c3xa9(d4,d6,b8)"},
     {"king_may_stop_early", "MaxCapMove=0", "W:WKa1:Bc3,g5",
      "a1xd4(c3) a1xe5(c3) a1xh4(c3,g5) a1xi3(c3,g5) a1xj2(c3,g5)"},
     {"king_must_go_on_unasked", "MaxCapMove=0|MaxCapMoveK=0", "W:WKa1:Bc3,g5",
@@ -120,7 +113,7 @@ const GenerateRow Rows[] = {
      "b8-a9 b8-d0 b8-c7 b8-a7 c9-b0 c9-d0 c9-d8 c9-a7"},
     // Entries
     {"entries_unasked", "ContractNumber=1|ContractW1=2|ContractW2=2", "W:W:Bj0", ""},
-    {"entry_row", "canContract=1|ContractNumber=1|ContractW1=2|ContractW2=2", "W:Wa1:Bj0", "a1-b2 *c1 *e1 *g1 *i1"},
+    {"entry_row", Enters, "W:Wa1:Bj0", "a1-b2 *c1 *e1 *g1 *i1"},
     {"empty_hand_enters", "canContract=1|ContractW1=2|ContractW2=2", "W:Wa1:Bj0", "a1-b2"},
     {"row_ahead_must_be_free", "canContract=1|ContractNumber=1|ContractW1=2|ContractW2=4", "W:Wa3:Bc3",
      "*e1 *g1 *i1 a3-b4"},
@@ -130,7 +123,7 @@ const GenerateRow Rows[] = {
      "*b1 *d1 *f1 *h1 *j1"},
     {"every_square_on_a_wide_board", "canContract=1|ContractNumber=1|ContractW1=2|ContractW2=2|PiecesOnBlack=2",
      "W:W:Bj0", "*a1 *b1 *c1 *d1 *e1 *f1 *g1 *h1 *i1 *j1"},
-    {"entry_beside_a_capture", "canContract=1|ContractNumber=1|ContractW1=2|ContractW2=2", "W:Wc3:Bd4", "c3xe5(d4)"},
+    {"entry_beside_a_capture", Enters, "W:Wc3:Bd4", "c3xe5(d4)"},
     // Captures as sets
     {"same_set_on_two_ways", "WhiteManMovement=N;E N;E;S;W", "W:Wc3:Bc4,d5,e4,d3", "c3xc3(d3,c4,e4,d5)"},
     {"kept_refused_set_hides_its_prefixes", "WhiteManMovement=N;E N;E;S;W|MaxCapMove=0", "W:Wc3:Bc4,d5,e4,d3",
@@ -151,14 +144,12 @@ TEST(GenerateMoves, ListsWhatTheRulesAllow) {
 
 TEST(GenerateMoves, TakesAllMovesByItsArgument) {
     const struct {
-        const char* Fault;
-        const char* Rules;
+        const char *Fault, *Rules;
         int AllMoves;
         const char* Moves;
     } Calls[] = {
         {"captures_only", "", 0, "c3xe5(d4)"},
         {"captures_and_plain", "", 1, "c3-b4 i3-h4 i3-j4 c3xe5(d4)"},
-        {"larger_argument", "", 7, "c3-b4 i3-h4 i3-j4 c3xe5(d4)"},
         {"optional_captures_bring_plain_moves", "CapRequired=0", 0, "c3-b4 i3-h4 i3-j4 c3xe5(d4)"},
         {"below_the_horizon_captures_alone", "CapRequired=0", -1, "c3xe5(d4)"},
     };
@@ -172,9 +163,7 @@ TEST(GenerateMoves, TakesAllMovesByItsArgument) {
 
 TEST(GenerateMoves, TheLastMovedPieceGoesFirst) {
     const struct {
-        const char* Fault;
-        const char* Rules;
-        const char* LandedAt;
+        const char *Fault, *Rules, *LandedAt;
         int Ply, AtGamePosition;
         const char* Moves;
     } Calls[] = {
@@ -204,11 +193,8 @@ TEST(GenerateMoves, TheLastMovedPieceGoesFirst) {
 }
 
 TEST(GenerateMoves1, AnswersWhetherThereIsAMove) {
-    constexpr const char* Enters = "canContract=1|ContractNumber=1|ContractW1=2|ContractW2=2";
     const struct {
-        const char* Fault;
-        const char* Rules;
-        const char* Position;
+        const char *Fault, *Rules, *Position;
         int AllMoves;
         bool Exists;
     } Calls[] = {
@@ -259,8 +245,7 @@ TEST(GenerateMoves, FaultsWhereAPathEnds) {
     const std::string KingsGo = "|KingCapMove=1|WhiteKingMovement=W W";
     const struct {
         const char* Fault;
-        std::string Rules;
-        std::string Position;
+        std::string Rules, Position;
         std::string What; ///< of the fault; empty: there must be none
     } Calls[] = {
         {"eighteen_pieces_refused", Steps, "W:Wa1:B" + Snake(18), ""},

@@ -6,24 +6,15 @@
 #include "rules/moves.h"
 #include "support/position_text.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 namespace zonterbrook::rules {
 namespace {
 
 using namespace tests;
 
 struct MakeRow {
-    const char* Fault;
-    const char* Rules;
-    const char* Before;
-    const char* Move;
-    const char* After;
+    const char *Fault, *Rules, *Before, *Move, *After;
     int Material; ///< seen from the side to move after it
-    int Total;
-    int Irreversible;
+    int Total, Irreversible;
     const char* TakenBack; ///< nullptr: as before
 };
 
@@ -130,9 +121,7 @@ TEST(Make, TheRootIsTheLastMovePlayed) {
 
 TEST(Ordering, ScoresTellWhatToTryFirst) {
     const struct {
-        const char* Fault;
-        const char* Rules;
-        const char* Position;
+        const char *Fault, *Rules, *Position;
         const char* Wanted[3]; ///< ends of main line, first and second killer
         const char* LandedAt;  ///< the last move but one
         const char* Move;
@@ -214,10 +203,7 @@ TEST(Stack, AFullOneAsksToStopAndOverwritesItsLastRecord) {
 
 TEST(Isamulti, CountsWhoStandsAStepBehind) {
     const struct {
-        const char* Fault;
-        const char* Rules;
-        const char* Position;
-        const char* Square;
+        const char *Fault, *Rules, *Position, *Square;
         int Side, Count;
     } Rows[] = {
         {"alone_is_not_one", "", "W:Wd4:Bj0", "d4", White, 1},

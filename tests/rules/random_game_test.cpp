@@ -4,10 +4,7 @@
 #include "rules/moves.h"
 #include "support/position_text.h"
 
-#include <gtest/gtest.h>
-
 #include <cstring>
-#include <string>
 
 namespace zonterbrook::rules {
 namespace {
@@ -68,13 +65,11 @@ bool MayFault(const RulesState& State) {
 void ExpectSamePosition(const RulesState& Before, const RulesState& After) {
     EXPECT_EQ(0, std::memcmp(&Before.Board[1], &After.Board[1], (BoardCells - 1) * sizeof Before.Board[1]));
     EXPECT_TRUE(Before.Pieces == After.Pieces);
-    EXPECT_EQ(Before.Side, After.Side);
-    EXPECT_EQ(Before.Ply, After.Ply);
-    EXPECT_EQ(Before.GameMoves, After.GameMoves);
-    EXPECT_EQ(Before.PiecesInHandWhite, After.PiecesInHandWhite);
-    EXPECT_EQ(Before.PiecesInHandBlack, After.PiecesInHandBlack);
-    EXPECT_EQ(Before.Material[Before.Ply], After.Material[Before.Ply]);
-    EXPECT_EQ(Before.TotalMaterial[Before.Ply], After.TotalMaterial[Before.Ply]);
+    const auto Figures = [](const RulesState& S) {
+        return std::tuple(S.Side, S.Ply, S.GameMoves, S.PiecesInHandWhite, S.PiecesInHandBlack, S.Material[S.Ply],
+                          S.TotalMaterial[S.Ply]);
+    };
+    EXPECT_EQ(Figures(Before), Figures(After));
     EXPECT_TRUE(Before.WeightSums[Before.Ply] == After.WeightSums[Before.Ply]);
     EXPECT_TRUE(Before.StackLimit == After.StackLimit);
     EXPECT_TRUE(Before.RuleSet == After.RuleSet);
@@ -85,9 +80,7 @@ class RandomGame {
 public:
     explicit RandomGame(std::uint32_t Seed) : Chance(Seed), State(Game("")), Before(std::make_unique<RulesState>()) {}
 
-    int Moves = 0;
-    int Faults = 0;
-    int Compared = 0;
+    int Moves = 0, Faults = 0, Compared = 0;
 
     void Play(int Length) {
         DrawRules(State->RuleSet, Chance);
@@ -160,9 +153,7 @@ private:
 };
 
 TEST(RandomGames, KeepTheirFiguresInStep) {
-    int Moves = 0;
-    int Faults = 0;
-    int Compared = 0;
+    int Moves = 0, Faults = 0, Compared = 0;
     for (std::uint32_t Seed = 1; Seed <= 300 && !HasFailure(); ++Seed) {
         SCOPED_TRACE("seed " + std::to_string(Seed));
         RandomGame Game(Seed);

@@ -1,15 +1,10 @@
 // Rules by key, steps by words, the recognised rule sets, the colour of square, men removed by lot. Rows are named by
 // the fault they would catch.
 #include "base/fault.h"
-#include "base/outside_world.h"
 #include "rules/install.h"
 #include "rules/rule_set.h"
 #include "support/position_text.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include "support/quiet_world.h"
 
 namespace zonterbrook::rules {
 namespace {
@@ -39,19 +34,15 @@ TEST(RuleKeys, NameEachFieldOnce) {
 
 TEST(RuleKeys, TextRulesComeBack) {
     const struct {
-        const char* Fault;
-        const char* Key;
-        std::string Value;
-        std::string Text;
+        const char *Fault, *Key;
+        std::string Value, Text;
     } Rows[] = {
-        {"movement_changed", "BlackKingMovement", "N;E;S;W N;E", "N;E;S;W N;E"},
         {"movement_of_127_refused", "WhiteManMovement", std::string(127, 'x'), std::string(127, 'x')},
         {"squares_lost", "PromoB", "A1C1J0", "A1C1J0"},
         {"lower_case_square_taken", "PromoW", "a0C0", "--C0"},
         {"gap_closed", "PromoW", "A0  E0", "A0--E0"},
         {"half_a_square_taken", "PromoW", "A0C", "A0"},
         {"seventeenth_square_kept", "PromoW", "A0B0C0D0E0F0G0H0I0J0A9B9C9D9E9F9G9", "A0B0C0D0E0F0G0H0I0J0A9B9C9D9E9F9"},
-        {"empty_column_refused", "PromoW", "", ""},
         {"number_takes_a_word", "MaxCapMove", "on", "0"},
         {"number_takes_no_rest", "NumberPieces", "-2 men", "-2"},
     };
@@ -79,25 +70,20 @@ std::string StepsText(const DirectionColumn& Column) {
 
 TEST(Movements, WordsBecomeSteps) {
     const struct {
-        const char* Fault;
-        const char* Text;
+        const char *Fault, *Text;
         int Index;
-        const char* Plain;
-        const char* Captures;
+        const char *Plain, *Captures;
     } Rows[] = {
-        {"default_man", "NW;NE NW;NE;SE;SW", 0, "11 13", "11 13 -11 -13"},
         {"black_man_not_turned", "NW;NE NW;NE;SE;SW", 1, "-11 -13", "-11 -13 11 13"},
         {"white_king_turned", "N;E;S;W N;E;S;W", 2, "12 1 -12 -1", "12 1 -12 -1"},
         {"black_king_not_turned", "N;E N;E", 3, "-12 -1", "-12 -1"},
         {"double_steps", "NN;SS;EE;WW NN;SS;EE;WW", 0, "24 -24 2 -2", "24 -24 2 -2"},
         {"order_of_words_lost", "SW;NE SE", 0, "-13 13", "-11"},
         {"no_blank_takes_captures", "NW;NE", 0, "11 13", ""},
-        {"empty_capture_list", "NW;NE ", 0, "11 13", ""},
         {"empty_plain_list", " NW", 0, "", "11"},
         {"empty_text", "", 0, "", ""},
         {"unknown_word_skipped", "NW;XX;NE NE", 0, "11", "13"},
         {"unknown_word_ends_both_lists", "X NE;NW", 0, "", "13 11"},
-        {"lower_case_word_taken", "nw;NE NE", 0, "", "13"},
         {"second_blank_skipped", "N N  E", 0, "12", ""},
         {"trailing_separator", "N;E; S;", 0, "12 1", "-12"},
         {"eighth_word_lost", "N;S;E;W;NE;NW;SE;SW", 0, "12 -12 1 -1 13 11 -11 -13", ""},
@@ -120,7 +106,6 @@ TEST(Movements, SidewaysStepsAreNoted) {
         std::string Rules;
         int PiecesOnBlack, SetCaptures, SidewaysOnly;
     } Rows[] = {
-        {"diagonal_game_widened", "", 1, 0, 0},
         {"flying_kings_alone_compare_sets", "LongKings=1", 1, 0, 0},
         {"sideways_capture_of_one_piece_missed", "BlackKingMovement=NW NW;E", 2, 1, 0},
         {"step_west_missed", "WhiteManMovement=W;N N", 2, 1, 0},
@@ -197,26 +182,13 @@ TEST(RuleSets, FourAreRecognisedAndAnyChangeIsSeen) {
     }
 }
 
-TEST(ColourOfSquare, GoesByParityAlone) {
-    for (const int Value : {0, 1, 2}) {
-        const auto State = Game("PiecesOnBlack=" + std::to_string(Value));
-        EXPECT_EQ(Value != 0, IsPlayingSquare(*State, Cell("a1"))) << Value;
-        EXPECT_EQ(Value == 0, IsPlayingSquare(*State, Cell("b1"))) << Value;
-        EXPECT_EQ(Value != 0, IsPlayingSquare(*State, Cell("b2"))) << Value;
-    }
-}
-
 TEST(ColourOfSquare, MenAreFittedToIt) {
     const struct {
-        const char* Fault;
-        const char* Rules;
-        const char* Before;
-        const char* After;
+        const char *Fault, *Rules, *Before, *After;
     } Rows[] = {
         {"black_men_on_white_squares_stay", "PiecesOnBlack=0", "W:Wa1,j2:Bb8,Kj0", "W:Wb1,i2:Ba8,Ki0"},
         {"men_that_fit_moved", "PiecesOnBlack=0", "W:Wb1,i2:Ba8,Ki0", "W:Wb1,i2:Ba8,Ki0"},
         {"white_men_on_black_squares_stay", "", "W:Wb1,i2:Ba8,Ki0", "W:Wa1,j2:Bb8,Kj0"},
-        {"men_that_fit_the_other_moved", "", "W:Wa1,j2:Bb8,Kj0", "W:Wa1,j2:Bb8,Kj0"},
         {"first_man_in_a_row_of_odd_number_misjudged", "PiecesOnBlack=0", "W:Wb2:Bj0", "W:Wa2:Bi0"},
     };
     for (const auto& R : Rows) {
@@ -236,26 +208,12 @@ TEST(ColourOfSquare, MenAreFittedToIt) {
     EXPECT_EQ(DefaultSetup, BuildSetupText(*Italian)) << "start position moved with the board";
 }
 
-class ScriptedWorld final : public base::OutsideWorld {
-public:
-    explicit ScriptedWorld(std::vector<double> InDraws) : Draws(std::move(InDraws)) {}
-    std::size_t Used = 0;
-    double Seconds() override { return 0; }
-    double Random() override { return Draws.at(Used++); }
-
-protected:
-    void TakeTurn() override {}
-
-private:
-    std::vector<double> Draws;
-};
-
 TEST(MenByLot, AreDrawnAgainWhileTheSquareIsEmpty) {
     const struct {
         const char* Fault;
         int Number;
         const char* Before;
-        std::vector<double> Draws;
+        std::deque<double> Draws;
         const char* After;
     } Rows[] = {
         // The lists run by rows from the bottom, each from the right.
@@ -268,10 +226,11 @@ TEST(MenByLot, AreDrawnAgainWhileTheSquareIsEmpty) {
     };
     for (const auto& R : Rows) {
         const auto State = Game("NumberMen=" + std::to_string(R.Number), R.Before);
-        ScriptedWorld World(R.Draws);
+        QuietWorld World;
+        World.Draws = R.Draws;
         RemoveMen(*State, World);
         EXPECT_EQ(R.After, PositionText(*State)) << R.Fault;
-        EXPECT_EQ(R.Draws.size(), World.Used) << R.Fault;
+        EXPECT_TRUE(World.Draws.empty()) << R.Fault;
         EXPECT_EQ("", CheckPosition(*State)) << R.Fault;
     }
 }

@@ -4,11 +4,7 @@
 #include "rules/moves.h"
 #include "support/position_text.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <string>
-#include <vector>
 
 namespace zonterbrook::rules {
 namespace {
@@ -22,31 +18,13 @@ TEST(SpecialGenerators, HaveTheirOwnWays) {
     const struct {
         const char* Fault;
         int Set;
-        const char* Position;
-        const char* Moves;
+        const char *Position, *Moves;
     } Rows[] = {
-        {"american_man_jumps_on", American, "W:Wb8:Bc9,e9", "b8xd0(c9)K"},
-        {"american_king_stops_early", American, "W:WKb8:Bc9,e9", "b8xf8(c9,e9)"},
-        {"american_longest_alone", American, "W:Wc3,g3:Bd4,h4,h6", "c3xe5(d4) g3xg7(h4,h6)"},
-        {"american_man_takes_no_king", American, "W:Wc3:BKd4", "c3xe5(Kd4)"},
         {"american_man_takes_backwards", American, "W:Wc3:Bd2", "c3-b4 c3-d4"},
-        {"american_captures_behind_plain_moves", American, "W:Wc3,i3:Bd4", "c3xe5(d4)"},
+        {"american_plain_moves_beside_captures", American, "W:Wc3,i3:Bd4", "c3xe5(d4)"},
         {"italian_man_takes_a_king", Italian, "W:Wb2:BKc3", "b2-a3"},
         {"italian_man_ties_with_the_king", Italian, "W:Wb2,Kh2:Bc3,g3", "h2xf4(g3)"},
-        {"italian_longer_man_wins", Italian, "W:Wb2,Kh2:Bc3,c5,g3", "h2xf4(g3)"},
-        {"italian_fewer_kings", Italian, "W:WKb2,Kh2:BKc3,g3", "b2xd4(Kc3)"},
-        {"italian_king_flies", Italian, "W:WKb2:Bj0", "b2-a3 b2-c3 b2-c1 b2-a1"},
-        {"italian_man_promotes_on_the_way", Italian, "W:Wc8:Bd9,f9", "c8xe0(d9)K"},
         {"german_man_crowned_in_passing", German, "W:Wb8:Bc9,e9", "b8xf8(c9,e9)"},
-        {"german_man_not_crowned_at_the_end", German, "W:Wb8:Bc9", "b8xd0(c9)K"},
-        {"german_shorter_capture_stands", German, "W:Wc3,g3:Bd4,h4,h6", "g3xg7(h4,h6)"},
-        {"german_king_lands_near_only", German, "W:WKa1:Bh8", "a1xi9(h8) a1xj0(h8)"},
-        {"german_counts_kings", German, "W:Wc3,g3:Bd4,Kh4", "c3xe5(d4) g3xi5(Kh4)"},
-        {"russian_man_not_crowned_in_passing", Russian, "W:Wb8:Bc9,f8",
-         "b8xg7(c9,f8)K b8xh6(c9,f8)K b8xi5(c9,f8)K b8xj4(c9,f8)K"},
-        {"russian_longest_alone", Russian, "W:Wc3,g3:Bd4,h4,h6", "c3xe5(d4) g3xg7(h4,h6)"},
-        {"russian_king_stops_early", Russian, "W:WKa1:Bc3,g5",
-         "a1xd4(c3) a1xe5(c3) a1xh4(c3,g5) a1xi3(c3,g5) a1xj2(c3,g5)"},
         {"russian_black_man_not_crowned", Russian, "B:Wb2,e3:Ba3",
          "a3xf4(b2,e3)K a3xg5(b2,e3)K a3xh6(b2,e3)K a3xi7(b2,e3)K a3xj8(b2,e3)K"},
     };
@@ -96,12 +74,8 @@ TEST(SpecialGenerators, ListTheMovesOfTheGenericOne) {
             std::vector<std::string> Special = MovesOfPly(*State);
             if (Set != American) {
                 // Same order too, but for what the special one leaves out.
-                std::vector<std::string> InOrder;
-                for (const std::string& Move : Generic) {
-                    if (std::ranges::find(Special, Move) != Special.end()) {
-                        InOrder.push_back(Move);
-                    }
-                }
+                std::vector<std::string> InOrder = Generic;
+                std::erase_if(InOrder, [&](const auto& Move) { return std::ranges::count(Special, Move) == 0; });
                 EXPECT_EQ(Special, InOrder) << Set << ' ' << PositionText(*State);
             }
             std::ranges::sort(Generic);

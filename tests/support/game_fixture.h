@@ -12,8 +12,6 @@
 #include "view/draw_board.h"
 #include "view/move_lists.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <initializer_list>
 #include <memory>
@@ -21,6 +19,9 @@
 #include <string_view>
 
 namespace zonterbrook::tests {
+
+using view::CommandId;
+using enum view::CommandId;
 
 class GameFixture : public testing::Test {
 protected:
@@ -37,7 +38,7 @@ protected:
     }
 
     /// Two persons at the board, so that no reply comes.
-    void BetweenPersons() { control::RunCommand(State, view::CommandId::Pplayer); }
+    void BetweenPersons() { control::RunCommand(State, Pplayer); }
 
     static int Square(std::string_view Name) { return rules::AlgebraicCell(base::ToUpper(Name)); }
     int Cell(std::string_view Name) const { return view::CellOfSquare(State, Square(Name)); }
@@ -73,7 +74,7 @@ protected:
         view::DrawBoard(State, 0);
     }
 
-    void Run(view::CommandId Id) { control::RunCommand(State, Id); }
+    void Run(CommandId Id) { control::RunCommand(State, Id); }
 
     void Press(std::string_view From) {
         const int Index = Cell(From);
@@ -124,8 +125,8 @@ protected:
 
     std::string Status() const { return State.StatusPanels[view::StatusPanel]; }
 
-    void ExpectCan(bool Can, std::initializer_list<view::CommandId> Ids) const {
-        for (const view::CommandId Id : Ids) {
+    void ExpectCan(bool Can, std::initializer_list<CommandId> Ids) const {
+        for (const CommandId Id : Ids) {
             EXPECT_EQ(Can, view::CanRun(State, Id)) << view::RowOf(Id).Name;
         }
     }
@@ -141,9 +142,8 @@ protected:
         EXPECT_FALSE(State.List2.Enabled);
         EXPECT_EQ(0, State.Thinking);
         EXPECT_EQ(0, State.SearchActive);
-        ExpectCan(false, {CommandId::Compute, CommandId::Analyze, CommandId::Offerdraw, CommandId::Resign,
-                          CommandId::Hint, CommandId::mnu_Play_Ccomputer, CommandId::mnu_Play_Cancel});
-        ExpectCan(true, {CommandId::New1});
+        ExpectCan(false, {Compute, Analyze, Offerdraw, Resign, Hint, mnu_Play_Ccomputer, mnu_Play_Cancel});
+        ExpectCan(true, {New1});
         ExpectConsistent();
     }
 

@@ -11,6 +11,8 @@
 #include "rules/position.h"
 #include "rules/square_names.h"
 
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <memory>
 #include <random>

@@ -21,9 +21,7 @@ class ScriptedPlatform : public control::Platform {
 public:
     /// What the test may set and look at.
     double Clock = 1000;
-    double ClockPerTurn = 0; ///< by which each turn of a search turns the clock
     std::filesystem::path Directory;
-    std::function<void()> OnTurn;    ///< runs at each turn of a search
     std::function<void()> OnWait;    ///< runs while the program waits
     std::function<void()> OnMessage; ///< runs while a message stands
     std::function<void()> OnClose;   ///< what the window does when it is told to close
@@ -35,7 +33,6 @@ public:
     bool Ended = false;
     bool TakesAnything = false; ///< nothing that is said or asked is unexpected; questions are answered by lot
     int Closings = 0;
-    int Refreshes = 0;
     double Waited = 0;
     std::string LastSaid;
 
@@ -74,7 +71,7 @@ public:
             OnWait();
         }
     }
-    void Refresh() override { ++Refreshes; }
+    void Refresh() override {}
     std::string Date() override { return "01/02/2003"; }
     std::string Time() override { return "04:05:06"; }
     void SeedRandom() override {}
@@ -106,12 +103,7 @@ public:
     }
 
 protected:
-    void TakeTurn() override {
-        Clock += ClockPerTurn;
-        if (OnTurn) {
-            OnTurn();
-        }
-    }
+    void TakeTurn() override {}
 
 private:
     enum class Kind { Message, Question, Popup };

@@ -1,14 +1,14 @@
-// A world that has its turn at every node of a search. Clock and chance are those of the scripted one.
+// A game in which the test has its turn at every node of a search. Clock and chance are those of the scripted world.
 #pragma once
 
-#include "base/outside_world.h"
+#include "support/game_fixture.h"
 
 #include <cstdint>
 #include <functional>
 
 namespace zonterbrook::tests {
 
-class TurnWorld : public base::OutsideWorld {
+class TurnWorld final : public base::OutsideWorld {
 public:
     std::function<void()> OnNode;
     std::uint64_t Nodes = 0;
@@ -28,6 +28,18 @@ protected:
 
 private:
     base::OutsideWorld& Outer;
+};
+
+/// The computer plays without noise.
+class ThinkingFixture : public GameFixture {
+protected:
+    TurnWorld Nodes{World};
+
+    void SetUp() override {
+        GameFixture::SetUp();
+        State.World = &Nodes;
+        State.Strength = 0;
+    }
 };
 
 } // namespace zonterbrook::tests
