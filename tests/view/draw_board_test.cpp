@@ -10,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <set>
 #include <string>
 
 namespace zonterbrook::view {
@@ -25,44 +24,28 @@ protected:
     }
     static int Square(std::string_view Name) { return rules::AlgebraicCell(Name); }
     BoardCell& On(std::string_view Name) { return State.Cells[CellOfSquare(State, Square(Name))]; }
-    void Empty() {
-        for (int Cell = rules::FirstCell; Cell <= rules::LastCell; ++Cell) {
-            if (State.Board[Cell] != rules::Border) {
-                rules::SetCell(State, Cell, rules::Empty);
-            }
+    // A board with nothing on it but one piece, or two.
+    void PutAlone(std::string_view Name, std::int32_t Piece, std::string_view Other = "", std::int32_t OtherPiece = 0) {
+        for (rules::CellSet Cells = rules::PlayingCells; Cells.Any();) {
+            rules::SetCell(State, Cells.TakeFirst(), rules::Empty);
         }
+        rules::SetCell(State, Square(Name), Piece);
+        if (!Other.empty()) {
+            rules::SetCell(State, Square(Other), OtherPiece);
+        }
+        DrawBoard(State, 0);
     }
 };
 
-struct MappingCase {
-    std::string_view Name;
-    int Turned;
-    int Cell;
-};
-
-using Mapping = tests::RowsOf<Board, MappingCase>;
-
-TEST_P(Mapping, SquareAndCellAreEachOthersPlace) {
-    State.BoardTurned = GetParam().Turned;
-    EXPECT_EQ(GetParam().Cell, CellOfSquare(State, Square(GetParam().Name)));
-    EXPECT_EQ(Square(GetParam().Name), SquareOfCell(State, GetParam().Cell));
-}
-
-constexpr MappingCase MappingRows[] = {{"A1", 0, 90}, {"J0", 0, 9},  {"A0", 0, 0},  {"D4", 0, 63},
-                                       {"A1", 1, 9},  {"J0", 1, 90}, {"A0", 1, 99}, {"D4", 1, 36}};
-INSTANTIATE_TEST_SUITE_P(Rows, Mapping, testing::ValuesIn(MappingRows));
-
 TEST_F(Board, EveryCellHasItsOwnSquareEitherWayRound) {
-    for (const int Turned : {0, 1}) {
+    for (const auto& [Turned, LastOfFirstRow] : {std::pair(0, "J0"), std::pair(1, "A1")}) {
         State.BoardTurned = Turned;
-        std::set<int> Squares;
+        EXPECT_EQ(Square(LastOfFirstRow), SquareOfCell(State, 9));
+        EXPECT_EQ(Turned == 0 ? 63 : 36, CellOfSquare(State, Square("D4")));
         for (int Cell = 0; Cell < BoardPictures; ++Cell) {
-            const int Found = SquareOfCell(State, Cell);
-            EXPECT_TRUE(rules::IsOnBoard(Found));
-            EXPECT_EQ(Cell, CellOfSquare(State, Found));
-            Squares.insert(Found);
+            EXPECT_TRUE(rules::IsOnBoard(SquareOfCell(State, Cell)));
+            EXPECT_EQ(Cell, CellOfSquare(State, SquareOfCell(State, Cell)));
         }
-        EXPECT_EQ(100U, Squares.size());
     }
 }
 
@@ -78,9 +61,7 @@ using Pictures = tests::RowsOf<Board, PictureCase>;
 
 TEST_P(Pictures, ShowPieceAndColourOfSquare) {
     State.RuleSet.PiecesOnBlack = GetParam().PiecesOnBlack;
-    Empty();
-    rules::SetCell(State, Square(GetParam().Square), GetParam().Value);
-    DrawBoard(State, 0);
+    PutAlone(GetParam().Square, GetParam().Value);
     EXPECT_EQ(GetParam().Expected, On(GetParam().Square).Shows);
 }
 
@@ -97,11 +78,9 @@ constexpr PictureCase PictureRows[] = {
 INSTANTIATE_TEST_SUITE_P(Rows, Pictures, testing::ValuesIn(PictureRows), tests::RowName);
 
 TEST_F(Board, AJumpedPieceInMidCaptureLeavesItsCellAsItWas) {
-    const int Jumped = Square("A1");
-    State.Board[Jumped] = -9;
+    State.Board[Square("A1")] = -9;
     DrawBoard(State, 0);
     EXPECT_EQ(Picture::dark_white_man, On("A1").Shows);
-    State.Board[Jumped] = 1;
 }
 
 struct NumberCase {
@@ -129,16 +108,13 @@ INSTANTIATE_TEST_SUITE_P(Rows, Numbers, testing::ValuesIn(NumberRows));
 
 struct EdgeCase {
     const char* Name;
-    std::int32_t SizeClass;
-    std::int32_t Twips;
-    std::int32_t Notation;
+    std::int32_t SizeClass, Twips, Notation;
     int Turned;
     std::uint8_t PiecesOnBlack;
     bool Bottom; ///< bottom edge, else left
     int Place;   ///< the how manieth label of that edge, from the left or from below, from 1
     const char* Text;
-    std::int32_t X;
-    std::int32_t Y;
+    std::int32_t X, Y;
 };
 
 using Edges = tests::RowsOf<Board, EdgeCase>;
@@ -151,15 +127,10 @@ TEST_P(Edges, StandWhereTheBoardsSizePutsThem) {
     State.BoardTurned = Row.Turned;
     State.RuleSet.PiecesOnBlack = Row.PiecesOnBlack;
     DrawBoard(State, 0);
-    std::int32_t BottomY = 0;
-    for (const EdgeLabel& Label : State.EdgeLabels) {
-        BottomY = std::max(BottomY, Label.Y);
-    }
-    std::vector<EdgeLabel> Edge;
-    std::ranges::copy_if(State.EdgeLabels, std::back_inserter(Edge),
-                         [&](const EdgeLabel& Label) { return (Label.Y == BottomY) == Row.Bottom; });
-    ASSERT_GE(Edge.size(), static_cast<std::size_t>(Row.Place));
-    const EdgeLabel& Found = Edge[static_cast<std::size_t>(Row.Place - 1)];
+    const std::int32_t BottomY = std::ranges::max(State.EdgeLabels, {}, &EdgeLabel::Y).Y;
+    std::erase_if(State.EdgeLabels, [&](const EdgeLabel& Label) { return (Label.Y == BottomY) != Row.Bottom; });
+    ASSERT_GE(State.EdgeLabels.size(), static_cast<std::size_t>(Row.Place));
+    const EdgeLabel& Found = State.EdgeLabels[static_cast<std::size_t>(Row.Place - 1)];
     EXPECT_EQ(Row.Text, Found.Text);
     EXPECT_EQ(Row.X, Found.X);
     EXPECT_EQ(Row.Y, Found.Y);
@@ -197,20 +168,14 @@ constexpr EdgeCase EdgeRows[] = {{"small_letter", 0, 15, 0, 0, 1, true, 1, "a", 
                                  {"left_number_turned", 2, 15, 1, 1, 1, false, 2, "10", 30, 7258}};
 INSTANTIATE_TEST_SUITE_P(Rows, Edges, testing::ValuesIn(EdgeRows), tests::RowName);
 
-TEST_F(Board, CapitalLettersTouchLettersAlone) {
+TEST_F(Board, NotationDecidesTheLabels) {
     State.CapitalNotation = 1;
     DrawBoard(State, 0);
     EXPECT_EQ("A", State.EdgeLabels.front().Text);
     EXPECT_EQ("1", State.EdgeLabels[1].Text);
-}
-
-TEST_F(Board, NumbersStandUnderEveryOtherColumn) {
     State.NotationMode = 1;
     DrawBoard(State, 0);
-    EXPECT_EQ(15U, State.EdgeLabels.size());
-}
-
-TEST_F(Board, WithoutNotationOnlyTheFrameIsLeft) {
+    EXPECT_EQ(15U, State.EdgeLabels.size()) << "numbers stand under every other column";
     State.NotationMode = 2;
     DrawBoard(State, 0);
     EXPECT_TRUE(State.EdgeLabels.empty());
@@ -239,34 +204,17 @@ TEST_F(Board, TheFrameHoldsTheCells) {
     }
 }
 
-struct MaterialCase {
-    const char* Name;
-    std::string_view White;
-    std::int32_t WhiteValue;
-    std::string_view Black;
-    std::int32_t BlackValue;
-    std::int32_t KingsOnlyEqual;
-};
-
-using Materials = tests::RowsOf<Board, MaterialCase>;
-
-TEST_P(Materials, KingsAloneAndEqualAreNoticed) {
-    Empty();
-    rules::SetCell(State, Square(GetParam().White), GetParam().WhiteValue);
-    rules::SetCell(State, Square(GetParam().Black), GetParam().BlackValue);
-    DrawBoard(State, 0);
-    EXPECT_EQ(GetParam().KingsOnlyEqual, State.KingsOnlyEqual);
+TEST_F(Board, KingsAloneAndEqualAreNoticed) {
+    PutAlone("A1", 2, "B0", -2);
+    EXPECT_EQ(1, State.KingsOnlyEqual);
+    PutAlone("A1", 1, "B0", -1);
+    EXPECT_EQ(0, State.KingsOnlyEqual) << "men";
+    PutAlone("A1", 2, "B0", -1);
+    EXPECT_EQ(0, State.KingsOnlyEqual) << "a king and a man";
 }
 
-constexpr MaterialCase MaterialRows[] = {
-    {"kings", "A1", 2, "B0", -2, 1}, {"men", "A1", 1, "B0", -1, 0}, {"king_and_man", "A1", 2, "B0", -1, 0}};
-INSTANTIATE_TEST_SUITE_P(Rows, Materials, testing::ValuesIn(MaterialRows), tests::RowName);
-
 TEST_F(Board, CountersStandBesideTheirNames) {
-    Empty();
-    rules::SetCell(State, Square("A1"), 1);
-    rules::SetCell(State, Square("B0"), -2);
-    DrawBoard(State, 0);
+    PutAlone("A1", 1, "B0", -2);
     EXPECT_EQ("1", State.Label5.Text);
     EXPECT_EQ("2", State.Label6.Text);
     State.RuleSet.BlackStarts = 1;
@@ -284,33 +232,23 @@ TEST_F(Board, PiecesInHandAreCounted) {
     EXPECT_EQ("7", State.Label14.Text);
 }
 
-struct PlayersCase {
-    std::uint8_t BlackStarts;
-    std::int32_t Side;
-    const char* Upper;
-    bool UpperMoves;
-};
-
-using Players = tests::RowsOf<Board, PlayersCase>;
-
-TEST_P(Players, TheSideToMoveIsMarked) {
+TEST_F(Board, TheSideToMoveIsMarked) {
     State.WhitePlayerName = "Ann";
     State.BlackPlayerName = "Bob";
-    State.RuleSet.BlackStarts = GetParam().BlackStarts;
-    State.Side = GetParam().Side;
-    DrawBoard(State, 0);
-    EXPECT_EQ(GetParam().Upper, State.Label3.Text);
-    EXPECT_EQ(std::string_view(GetParam().Upper) == "White" ? "Ann" : "Bob", State.Label1.Text);
-    EXPECT_EQ(std::string_view(GetParam().Upper) == "White" ? "Bob" : "Ann", State.Label2.Text);
-    EXPECT_EQ(GetParam().UpperMoves ? LabelColours::WhiteOnRed : LabelColours::RedOnWhite, State.Label1.Colours);
-    EXPECT_EQ(GetParam().UpperMoves ? LabelColours::RedOnWhite : LabelColours::WhiteOnRed, State.Label2.Colours);
+    for (const bool BlackStarts : {false, true}) {
+        State.RuleSet.BlackStarts = BlackStarts ? 1 : 0;
+        for (const bool UpperMoves : {false, true}) {
+            State.Side = BlackStarts == UpperMoves ? rules::Black : rules::White;
+            DrawBoard(State, 0);
+            EXPECT_EQ(BlackStarts ? "Black" : "White", State.Label3.Text);
+            EXPECT_EQ(BlackStarts ? "White" : "Black", State.Label4.Text);
+            EXPECT_EQ(BlackStarts ? "Bob" : "Ann", State.Label1.Text);
+            EXPECT_EQ(BlackStarts ? "Ann" : "Bob", State.Label2.Text);
+            EXPECT_EQ(UpperMoves ? LabelColours::WhiteOnRed : LabelColours::RedOnWhite, State.Label1.Colours);
+            EXPECT_EQ(UpperMoves ? LabelColours::RedOnWhite : LabelColours::WhiteOnRed, State.Label2.Colours);
+        }
+    }
 }
-
-constexpr PlayersCase PlayersRows[] = {{0, rules::White, "White", true},
-                                       {0, rules::Black, "White", false},
-                                       {1, rules::Black, "Black", true},
-                                       {1, rules::White, "Black", false}};
-INSTANTIATE_TEST_SUITE_P(Rows, Players, testing::ValuesIn(PlayersRows));
 
 TEST_F(Board, BoxesTakeTheColourOfTheirSquare) {
     State.RuleSet.PiecesOnBlack = 2;
@@ -325,9 +263,7 @@ TEST_F(Board, BoxesTakeTheColourOfTheirSquare) {
 TEST_F(Board, RepaintingTheSourcesLeavesOtherBoxes) {
     State.StackLimit[0] = 0;
     State.StackLimit[1] = 2;
-    State.MoveStack[0] = {};
     State.MoveStack[0].Source = Square("C3");
-    State.MoveStack[1] = {};
     State.MoveStack[1].Source = rules::FromHand;
     BoxSquare(State, Square("C3"));
     BoxSquare(State, Square("D4"));

@@ -1,24 +1,16 @@
 // The layout's tables: figures that the window must have, and what must hold of all of them.
-#include "support/quiet_world.h"
 #include "support/rows.h"
+#include "support/view_fixture.h"
 #include "view/draw_board.h"
 #include "view/layout.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-
 namespace zonterbrook::view {
 namespace {
 
-class Layouts : public testing::Test {
+class Layouts : public tests::ViewFixture {
 protected:
-    tests::QuietWorld World;
-    std::unique_ptr<ViewState> Owned = std::make_unique<ViewState>();
-    ViewState& State = *Owned;
-
-    void SetUp() override { engine::ResetEngine(State, World); }
     void LayOut(std::int32_t SizeClass, std::int32_t CustomSize, std::int32_t Twips) {
         State.SizeClass = SizeClass;
         State.BoardCustomSize = CustomSize;
@@ -30,15 +22,8 @@ protected:
 
 struct BoardCase {
     const char* Name;
-    std::int32_t SizeClass;
-    std::int32_t CustomSize;
-    std::int32_t Twips;
-    std::int32_t CellSize;
-    std::int32_t Pitch;
-    std::int32_t DragPitch;
-    std::int32_t BoxEnd;
-    std::int32_t LastCellLeft;
-    std::int32_t PixelsOfCell;
+    std::int32_t SizeClass, CustomSize, Twips;
+    std::int32_t CellSize, Pitch, DragPitch, BoxEnd, LastCellLeft, PixelsOfCell;
 };
 
 using BoardFigures = tests::RowsOf<Layouts, BoardCase>;
@@ -75,45 +60,40 @@ TEST_F(Layouts, SmallBoardOfTheUsualDensityPushesTheListsAside) {
     EXPECT_EQ(240, PlaceOf(Control::Label9).Left) << "what stands below the board stays";
 }
 
-// Where the pieces off the board are shown, and where they are not; both sizes, both densities.
-struct RoomCase {
-    std::int32_t SizeClass;
-    std::int32_t Twips;
-    bool ExtraPieces;
-};
-
-using Room = tests::RowsOf<Layouts, RoomCase>;
-
 bool Overlap(const Rectangle& A, const Rectangle& B) {
     return A.Left < B.Left + B.Width && B.Left < A.Left + A.Width && A.Top < B.Top + B.Height &&
            B.Top < A.Top + A.Height;
 }
 
+struct RoomCase {
+    std::int32_t SizeClass, Twips;
+    bool ExtraPieces; ///< those off the board are shown
+};
+
+using Room = tests::RowsOf<Layouts, RoomCase>;
+
 TEST_P(Room, NothingOverlapsAndNothingSticksOut) {
     State.RuleSet.canContract = GetParam().ExtraPieces ? 1 : 0;
     LayOut(GetParam().SizeClass, -1, GetParam().Twips);
     DrawEdges(State);
-    const auto IsExtra = [](int Which) {
-        return Which >= static_cast<int>(Control::Label10) && Which <= static_cast<int>(Control::Label14);
+    const auto IsHidden = [](int Which) {
+        return !GetParam().ExtraPieces && Which >= static_cast<int>(Control::Label10) &&
+               Which <= static_cast<int>(Control::Label14);
     };
-    constexpr std::int32_t TextHeight = 220;
     for (int A = 0; A < ControlCount; ++A) {
-        if (IsExtra(A) && !GetParam().ExtraPieces) {
+        if (IsHidden(A)) {
             continue;
         }
         const Rectangle& Place = State.Layout.Places[A];
-        EXPECT_GT(Place.Width, 0) << A;
-        EXPECT_GT(Place.Height, 0) << A;
+        EXPECT_TRUE(Place.Width > 0 && Place.Height > 0) << A;
         EXPECT_LE(Place.Left + Place.Width, State.Layout.Width) << A;
         EXPECT_LE(Place.Top + Place.Height, State.Layout.Height) << A;
         EXPECT_FALSE(Overlap(Place, State.BoardFrame)) << "on the board: " << A;
         for (const EdgeLabel& Label : State.EdgeLabels) {
-            EXPECT_FALSE(Overlap(Place, {Label.X, Label.Y, 120, TextHeight})) << A << " on " << Label.Text;
+            EXPECT_FALSE(Overlap(Place, {Label.X, Label.Y, 120, 220})) << A << " on " << Label.Text;
         }
         for (int B = A + 1; B < ControlCount; ++B) {
-            if (!IsExtra(B) || GetParam().ExtraPieces) {
-                EXPECT_FALSE(Overlap(Place, State.Layout.Places[B])) << A << " and " << B;
-            }
+            EXPECT_TRUE(IsHidden(B) || !Overlap(Place, State.Layout.Places[B])) << A << " and " << B;
         }
     }
 }
