@@ -3,7 +3,6 @@
 #include "rules/moves.h"
 #include "rules/position.h"
 #include "rules/square_names.h"
-#include "support/rows.h"
 #include "support/view_fixture.h"
 #include "view/board_cursor.h"
 #include "view/draw_board.h"
@@ -33,36 +32,26 @@ protected:
     }
 };
 
-struct StepCase {
-    const char* Name;
-    const char* From;
-    int Turned, Right, Down;
-    const char* To;
-};
-
-using Steps = tests::RowsOf<Cursor, StepCase>;
-
-TEST_P(Steps, GoByCellsOfTheScreen) {
-    const auto& [Name, From, Turned, Right, Down, To] = GetParam();
-    State.BoardTurned = Turned;
-    SetCursor(State, Square(From));
-    ShowCursor(State, true);
-    StepCursor(State, Right, Down);
-    EXPECT_EQ(Square(To), State.CursorSquare);
-    EXPECT_EQ(Cell(To), State.CursorCell);
+TEST_F(Cursor, StepsGoByCellsOfTheScreen) {
+    const auto Step = [&](const char* From, int Right, int Down) {
+        SetCursor(State, Square(From));
+        ShowCursor(State, true);
+        StepCursor(State, Right, Down);
+        EXPECT_EQ(CellOfSquare(State, State.CursorSquare), State.CursorCell) << From;
+        return rules::AlgebraicName(State.CursorSquare);
+    };
+    EXPECT_EQ("e4", Step("D4", 1, 0)) << "right";
+    EXPECT_EQ("c4", Step("D4", -1, 0)) << "left";
+    EXPECT_EQ("d5", Step("D4", 0, -1)) << "up is away from White";
+    EXPECT_EQ("d3", Step("D4", 0, 1)) << "down";
+    EXPECT_EQ("a4", Step("A4", -1, 0)) << "stops at the left edge";
+    EXPECT_EQ("j4", Step("J4", 1, 0)) << "stops at the right edge";
+    EXPECT_EQ("d0", Step("D0", 0, -1)) << "stops at the top";
+    EXPECT_EQ("d1", Step("D1", 0, 1)) << "stops at the bottom";
+    State.BoardTurned = 1;
+    EXPECT_EQ("c4", Step("D4", 1, 0)) << "turned, right is towards a";
+    EXPECT_EQ("d3", Step("D4", 0, -1)) << "turned, up is towards 1";
 }
-
-constexpr StepCase StepRows[] = {{"right", "D4", 0, 1, 0, "E4"},
-                                 {"left", "D4", 0, -1, 0, "C4"},
-                                 {"up_is_away_from_white", "D4", 0, 0, -1, "D5"},
-                                 {"down", "D4", 0, 0, 1, "D3"},
-                                 {"turned_right_is_towards_a", "D4", 1, 1, 0, "C4"},
-                                 {"turned_up_is_towards_one", "D4", 1, 0, -1, "D3"},
-                                 {"stops_at_the_left_edge", "A4", 0, -1, 0, "A4"},
-                                 {"stops_at_the_right_edge", "J4", 0, 1, 0, "J4"},
-                                 {"stops_at_the_top", "D0", 0, 0, -1, "D0"},
-                                 {"stops_at_the_bottom", "D1", 0, 0, 1, "D1"}};
-INSTANTIATE_TEST_SUITE_P(Rows, Steps, testing::ValuesIn(StepRows), tests::RowName);
 
 TEST_F(Cursor, IsHiddenWithoutASquareAndKeepsItWhileHidden) {
     ShowCursor(State, true);
@@ -79,26 +68,20 @@ TEST_F(Cursor, IsHiddenWithoutASquareAndKeepsItWhileHidden) {
     EXPECT_EQ(36, State.CursorCell) << "the square stays behind when the board is turned";
 }
 
-struct WordsCase {
-    const char* Name;
-    const char* Square;
-    std::int32_t Piece;
-    const char* Words;
-};
-
-using Words = tests::RowsOf<Cursor, WordsCase>;
-
-TEST_P(Words, NameTheSquareAndItsPiece) {
-    rules::SetCell(State, Square(GetParam().Square), GetParam().Piece);
-    DrawBoard(State, 0);
-    EXPECT_EQ(GetParam().Words, Says(GetParam().Square, false));
+TEST_F(Cursor, WordsNameTheSquareAndItsPiece) {
+    const auto SaysWith = [&](std::int32_t Piece) {
+        rules::SetCell(State, Square("C3"), Piece);
+        DrawBoard(State, 0);
+        return Says("C3", false);
+    };
+    EXPECT_EQ("c3, White man", SaysWith(1));
+    EXPECT_EQ("c3, White king", SaysWith(2));
+    EXPECT_EQ("c3, Black man", SaysWith(-1));
+    EXPECT_EQ("c3, Black king", SaysWith(-2));
+    EXPECT_EQ("c3, empty", SaysWith(0));
+    EXPECT_EQ("d5, light square", Says("D5", false));
+    EXPECT_EQ("b0, Black man", Says("B0", false)) << "the tenth row is written 0";
 }
-
-constexpr WordsCase WordsRows[] = {
-    {"empty", "D6", 0, "d6, empty"},           {"light", "D5", 0, "d5, light square"},
-    {"tenth_row", "B0", -1, "b0, Black man"},  {"white_man", "C3", 1, "c3, White man"},
-    {"white_king", "C3", 2, "c3, White king"}, {"black_king", "C3", -2, "c3, Black king"}};
-INSTANTIATE_TEST_SUITE_P(Rows, Words, testing::ValuesIn(WordsRows), tests::RowName);
 
 TEST_F(Cursor, WordsFollowTheNotation) {
     for (const int Numeric : {1, 2}) {

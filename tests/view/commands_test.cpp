@@ -49,15 +49,12 @@ TEST(Commands, MenusOpenToRowsThatStandBehindThem) {
 }
 
 TEST(Commands, ToolbarLeavesItsSeparatorsFree) {
-    std::set<int> Used;
+    std::vector<int> Used;
     for (const ToolbarButton& Button : ToolbarButtons()) {
-        EXPECT_TRUE(Used.insert(Button.Index).second) << Button.Key;
+        Used.push_back(Button.Index);
         EXPECT_NE(CommandId::None, RowOf(Button.Command).Menu) << Button.Key << " is in no menu";
     }
-    EXPECT_EQ(static_cast<std::size_t>(ToolbarLastIndex), Used.size() + 8);
-    for (const int Separator : {3, 6, 9, 14, 18, 22, 24, 26}) {
-        EXPECT_EQ(0U, Used.count(Separator)) << Separator;
-    }
+    EXPECT_EQ((std::vector{1, 2, 4, 5, 7, 8, 10, 11, 12, 13, 15, 16, 17, 19, 20, 21, 23, 25, 27}), Used);
 }
 
 TEST(Commands, UnknownRowsFault) {
