@@ -182,14 +182,14 @@ bool MayEnter(const RulesState& State, int Cell) {
 template <typename Rules>
 [[gnu::always_inline]] inline void RegisterPlainMoves(const RulesState& State, const Rules& Rule, MoveWriter& Writer,
                                                       int Cell) {
-    const int Index = PieceIndex(State.Board[Cell]);
+    const std::uint8_t Stepper = Writer.StepperOf(PieceIndex(State.Board[Cell]));
     const bool Concerned = Writer.Concerns(Cell);
     VisitPlainMoves(State, Rule, Cell, false, [&](int Dest, bool Promotes) {
         if (Promotes) [[unlikely]] {
             static constexpr CapturePath NoCaptures{};
             Writer.RegisterPromotion(Cell, Dest, NoCaptures);
         } else {
-            Writer.RegisterStep(Index, Cell, Dest, Concerned);
+            Writer.RegisterStep(Stepper, Cell, Dest, Concerned);
         }
         return false;
     });
@@ -210,13 +210,14 @@ bool RegisterPairsOfSteps(const RulesState& State, const Field& Here, MoveWriter
         return false;
     }
     MoveWriter Steps = Writer; // nobody else can see it: it stays in registers
-    CellSet::ForEachOf(ByFirst, BySecond, [&](int Cell, bool MayFirst, bool MaySecond) {
+    const std::uint8_t Stepper = Steps.StepperOf(Here.Own);
+    CellSet::ForEachOf(ByFirst, BySecond, [&, First, Second, Stepper](int Cell, bool MayFirst, bool MaySecond) {
         const bool Concerned = Steps.Concerns(Cell);
         if (MayFirst) {
-            Steps.RegisterStep(Here.Own, Cell, Cell + First, Concerned);
+            Steps.RegisterStep(Stepper, Cell, Cell + First, Concerned);
         }
         if (MaySecond) {
-            Steps.RegisterStep(Here.Own, Cell, Cell + Second, Concerned);
+            Steps.RegisterStep(Stepper, Cell, Cell + Second, Concerned);
         }
     });
     Writer.Adopt(Steps);

@@ -56,21 +56,25 @@ public:
     /// Whether a move from there may have a bonus.
     bool Concerns(int Source) const { return Order.Concerns(Source); }
 
-    /// A plain move of a piece of that index. Its score is its bonus alone. `Concerned`: what `Concerns` says of the
-    /// source.
-    [[gnu::always_inline]] void RegisterStep(int Index, int Source, int Dest, bool Concerned) {
+    /// The record's `Stepper` for plain moves of a piece of that index. With `ManKing` any move may crown.
+    std::uint8_t StepperOf(int Index) const {
+        return static_cast<std::uint8_t>(State.RuleSet.ManKing == 1 ? 0 : Index + 1);
+    }
+
+    /// A plain move. Its score is its bonus alone. `Concerned`: what `Concerns` says of the source.
+    [[gnu::always_inline]] void RegisterStep(std::uint8_t Stepper, int Source, int Dest, bool Concerned) {
         MoveRecord& Record = *Next;
         Record.Source = Source;
         Record.Dest = Dest;
         Record.Kind = 0;
         Record.Score = Concerned ? Order.Bonus(Source, Dest) : 0;
-        Record.Stepper = static_cast<std::uint8_t>(Index + 1);
+        Record.Stepper = Stepper;
         Record.Captures.Count = 0;
         Advance();
     }
 
     /// A plain move that is more than a step, such as an entry.
-    void RegisterMove(int Source, int Dest) { RegisterStep(-1, Source, Dest, true); }
+    void RegisterMove(int Source, int Dest) { RegisterStep(0, Source, Dest, true); }
 
     /// A capture. Its score is what it takes less half of the mover's worth, with the bonuses added. Faults when the
     /// path is longer than a record holds.

@@ -43,12 +43,6 @@ void PerformSpecialMove(RulesState& State, const MoveRecord& Record);
 /// The same for taking back: counters and side are those before the move already.
 void TakeBackSpecialMove(RulesState& State, const MoveRecord& Record);
 
-/// The index of the piece that goes from `Source` to `Dest` if nothing else happens, as in most moves by far; else -1.
-/// With `ManKing` any move may crown.
-inline int StepperOf(const RulesState& State, const MoveRecord& Record) {
-    return State.RuleSet.ManKing == 1 ? -1 : Record.Stepper - 1;
-}
-
 /// The piece goes from its cell to an empty one.
 inline void StepPiece(RulesState& State, int Index, int From, int To) {
     State.Pieces[Index] ^= SingleCells[From] ^ SingleCells[To];
@@ -88,9 +82,8 @@ inline void TakeBackStep(RulesState& State, int Index, int Source, int Dest) {
 /// Makes the move on record `Move`. Raises `Ply` and `GameMoves`; faults at their limits.
 inline void PerformMove(RulesState& State, int Move) {
     const MoveRecord& Record = State.MoveStack[Move];
-    const int Stepper = StepperOf(State, Record);
-    if (Stepper >= 0) [[likely]] {
-        PerformStep(State, Stepper, Record.Source, Record.Dest);
+    if (Record.Stepper != 0) [[likely]] {
+        PerformStep(State, Record.Stepper - 1, Record.Source, Record.Dest);
     } else {
         BeginMove(State, Record.Dest);
         PerformSpecialMove(State, Record);
@@ -103,9 +96,8 @@ inline void PerformMove(RulesState& State, int Move) {
 /// here: see `TriedMove` for whoever only tries a move.
 inline void TakeBackMove(RulesState& State, int Move) {
     const MoveRecord& Record = State.MoveStack[Move];
-    const int Stepper = StepperOf(State, Record);
-    if (Stepper >= 0) [[likely]] {
-        TakeBackStep(State, Stepper, Record.Source, Record.Dest);
+    if (Record.Stepper != 0) [[likely]] {
+        TakeBackStep(State, Record.Stepper - 1, Record.Source, Record.Dest);
     } else {
         --State.GameMoves;
         --State.Ply;
@@ -118,7 +110,7 @@ inline void TakeBackMove(RulesState& State, int Move) {
 class TriedMove {
 public:
     TriedMove(RulesState& InState, int InMove)
-        : State(InState), Move(InMove), Stepper(StepperOf(InState, InState.MoveStack[InMove])),
+        : State(InState), Move(InMove), Stepper(InState.MoveStack[InMove].Stepper - 1),
           Source(InState.MoveStack[InMove].Source), Dest(InState.MoveStack[InMove].Dest) {
         if (Stepper >= 0) [[likely]] {
             PerformStep(State, Stepper, Source, Dest);
