@@ -10,6 +10,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QEventLoop>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QTemporaryFile>
 #include <QTimer>
@@ -24,8 +25,22 @@ namespace {
 // Long enough that a look at the event queue costs the search nothing, short enough that nobody sees a delay.
 constexpr std::chrono::milliseconds TurnInterval{10};
 
+constexpr int FrameButtons = 160; // what a window's frame takes beside the title, in pixels
+
 QString Text(std::string_view Utf8) {
     return QString::fromUtf8(Utf8.data(), static_cast<qsizetype>(Utf8.size()));
+}
+
+/// The texts of a box whose buttons stand already: adding one would lay it out anew.
+void Say(QMessageBox& Box, std::string_view Title, std::string_view Words) {
+    Box.setWindowTitle(Text(Title));
+    Box.setTextFormat(Qt::PlainText);
+    Box.setText(Text(Words));
+    // A box is as wide as what it says, but its title is to be read too, between the buttons of its frame.
+    if (auto* Grid = qobject_cast<QGridLayout*>(Box.layout()); Grid != nullptr) {
+        const int Width = Box.fontMetrics().horizontalAdvance(Box.windowTitle()) + FrameButtons;
+        Grid->addItem(new QSpacerItem(Width, 0), Grid->rowCount(), 0, 1, Grid->columnCount());
+    }
 }
 
 bool CanWriteIn(const std::filesystem::path& Folder) {
@@ -99,13 +114,11 @@ void QtPlatform::Message(std::string_view Title, std::string_view Words, control
     Window.ShowContents();
     QMessageBox Box(&Window);
     Box.setObjectName(QStringLiteral("MessageBox"));
-    Box.setWindowTitle(Text(Title));
-    Box.setTextFormat(Qt::PlainText);
-    Box.setText(Text(Words));
     Box.setIcon(Sign == control::Icon::Exclamation ? QMessageBox::Warning
                 : Sign == control::Icon::Question  ? QMessageBox::Question
                                                    : QMessageBox::NoIcon);
     Box.setStandardButtons(QMessageBox::Ok);
+    Say(Box, Title, Words);
     Box.exec();
 }
 
@@ -113,13 +126,11 @@ bool QtPlatform::Ask(std::string_view Title, std::string_view Words) {
     Window.ShowContents();
     QMessageBox Box(&Window);
     Box.setObjectName(QStringLiteral("QuestionBox"));
-    Box.setWindowTitle(Text(Title));
-    Box.setTextFormat(Qt::PlainText);
-    Box.setText(Text(Words));
     Box.setIcon(QMessageBox::Question);
     Box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     Box.setDefaultButton(QMessageBox::Yes);
     Box.setEscapeButton(QMessageBox::No);
+    Say(Box, Title, Words);
     return Box.exec() == QMessageBox::Yes;
 }
 
