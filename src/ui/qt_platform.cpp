@@ -60,7 +60,7 @@ ProgramFolders FindFolders(const std::filesystem::path& Program, const std::file
 }
 
 QtPlatform::QtPlatform(MainWindow& Owner, ProgramFolders Where) : Window(Owner), Folders(std::move(Where)) {
-    SeedRandom();
+    QtPlatform::SeedRandom();
 }
 
 // --- Time and chance
