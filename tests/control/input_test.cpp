@@ -236,14 +236,6 @@ TEST_F(Input, MovementBoxesWhatCanMove) {
     EXPECT_EQ(Highlight::Dark, CellOn("c7").Box) << "the other side's pieces";
 }
 
-TEST_F(Input, WithoutTheOptionNothingIsBoxed) {
-    State.ShowAvailableMoves = 0;
-    Press("d4");
-    EXPECT_EQ(Highlight::None, CellOn("e5").Box);
-    Release("d4", "e5");
-    EXPECT_EQ(1, State.GameMoves);
-}
-
 TEST_F(Input, TheTouchedPieceMustMoveWhereMovesAreShown) {
     State.TouchMove = 1;
     Drag("d4", "d4");
@@ -261,7 +253,9 @@ TEST_F(Input, TheTouchedPieceMustMoveWhereMovesAreShown) {
 TEST_F(Input, TheTouchedPieceMayChangeWhereTheyAreNot) {
     State.TouchMove = 1;
     State.ShowAvailableMoves = 0;
-    Drag("d4", "d4");
+    Press("d4");
+    EXPECT_EQ(Highlight::None, CellOn("e5").Box);
+    Release("d4", "d4");
     Drag("f4", "g5");
     EXPECT_EQ(1, State.GameMoves);
 }

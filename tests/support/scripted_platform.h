@@ -45,12 +45,12 @@ public:
     }
 
     void ExpectMessage(std::string_view Title, std::string_view Text) {
-        Script.push_back({std::string(Title), std::string(Text), Kind::Message, false, view::CommandId::None});
+        Script.push_back({Kind::Message, std::string(Title), std::string(Text)});
     }
     void ExpectQuestion(std::string_view Title, std::string_view Text, bool Yes) {
-        Script.push_back({std::string(Title), std::string(Text), Kind::Question, Yes, view::CommandId::None});
+        Script.push_back({Kind::Question, std::string(Title), std::string(Text), Yes});
     }
-    void ExpectPopup(view::CommandId Choice) { Script.push_back({"popup", "", Kind::Popup, false, Choice}); }
+    void ExpectPopup(view::CommandId Choice) { Script.push_back({Kind::Popup, "popup", "", false, Choice}); }
 
     bool ScriptIsDone() const { return Script.empty(); }
 
@@ -108,26 +108,22 @@ protected:
 private:
     enum class Kind { Message, Question, Popup };
     struct Expected {
-        std::string Title;
-        std::string Text;
         Kind Sort;
-        bool Yes;
-        view::CommandId Choice;
+        std::string Title, Text;
+        bool Yes = false;
+        view::CommandId Choice = view::CommandId::None;
     };
-
-    view::CommandId RandomChoice() {
-        const int First = static_cast<int>(view::CommandId::mnu_PopUp_ClearBoard);
-        return static_cast<view::CommandId>(First + static_cast<int>(Random() * (view::CommandCount - First)));
-    }
 
     Expected Take(Kind Sort, std::string_view Title, std::string_view Text) {
         if (Script.empty() && TakesAnything) {
             LastSaid = Text;
-            return {"", "", Sort, Random() < 0.5, RandomChoice()};
+            const int First = static_cast<int>(view::CommandId::mnu_PopUp_ClearBoard);
+            const int Choice = First + static_cast<int>(Random() * (view::CommandCount - First));
+            return {Sort, "", "", Random() < 0.5, static_cast<view::CommandId>(Choice)};
         }
         if (Script.empty()) {
             ADD_FAILURE() << "unexpected: " << Title << ": " << Text;
-            return {"", "", Sort, false, view::CommandId::None};
+            return {Sort, "", ""};
         }
         Expected Next = Script.front();
         Script.pop_front();
