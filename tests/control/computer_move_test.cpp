@@ -274,6 +274,7 @@ TEST_P(Ends, AreAnnouncedOnceAfterTheMoveIsSeen) {
 
 constexpr EndCase EndRows[] = {
     {"takes_the_last_piece", "", "w c3, w j2, b d4", 1, "Computer wins!", "1-0"},
+    {"blocks", "", "w a1, w c1, b a3", 1, "Computer wins!", "1-0"},
     {"blocks_by_its_only_move_anti", "AntiMode=1", "w a1, b a3, b c1", 1, "Player wins!", "0-1"},
     {"blocks_into_a_draw", "NoLegalDraw=1", "w a1, b a3, b c1", 1, "It's a draw!", "1/2-1/2"},
     {"is_blocked", "", "w a3, b b4, b c5", 0, "Player wins!", "0-1"},

@@ -73,6 +73,7 @@ const ReadCase ReadRows[] = {
     {"help_line_break", "x\nHelp=one\nHelp=<br>\nHelp=two\nEND\n", "HelpText", "one\ntwo"},
     {"help_break_only_alone", "x\nHelp=one<br>two\nEND\n", "HelpText", "one<br>two"},
     {"help_with_equals", "x\nHelp=a=b\nEND\n", "HelpText", "a=b"},
+    {"help_link", "x\nHelpLink=rules.html\nEND\n", "HelpLink", "rules.html"},
     {"quick_help_link", "x\nQuickHelpLink=quick.html\nEND\n", "QuickHelpLink", "quick.html"}};
 
 TEST(VariantReader, TextGivesValue) {

@@ -56,6 +56,9 @@ TEST(Console, Answers) {
         {"hands_kept_from_the_board_before",
          {"rule ContractNumber=3", "rule ContractNumber=1", "board " + Start + " w", "show"},
          "board " + Start + " w\nspecial 0\nmaterial 0 4000\nhand 1 1\n"},
+        {"side_does_not_follow_the_rule",
+         {"rule BlackStarts=1", "show"},
+         "board " + Start + " b\nspecial 0\nmaterial 0 4000\nhand 0 0\n"},
         {"men_stay_on_the_other_colour",
          {"rule PiecesOnBlack=0", "rule PiecesOnBlack=1", "show"},
          "board " + Start + " w\nspecial 3\nmaterial 0 4000\nhand 0 0\n"},
@@ -121,6 +124,7 @@ TEST(Console, RefusesAndChangesNothing) {
         {"board_of_101", {"board " + Zeros(101) + " w"}, "a position has a hundred digits, 0 to 4"},
         {"third_side", {"board " + Start + " W"}, "the side to move is w or b"},
         {"third_generator", {"moves fast"}, "'fast' is no generator"},
+        {"generate_without_number", {"generate"}, "too few arguments"},
         {"number_with_a_tail", {"perft 3x"}, "'3x' is no number"},
         {"number_too_large", {"perft 99999999999999999999"}, "'99999999999999999999' is no number"},
         {"too_deep_perft", {"perft 101"}, "101 is not within 0 to 100"},
@@ -139,11 +143,13 @@ TEST(Console, RefusesAndChangesNothing) {
         {"half_a_window", {"eval german 5"}, "an evaluator and no window, or both its bounds"},
         {"unknown_setting", {"set Noise 5"}, "'Noise' is no setting"},
         {"setting_wraps", {"set Plys 256"}, "value 256 does not fit its field"},
+        {"setting_without_value", {"set Plys"}, "too few arguments"},
         {"unknown_routine", {"search SearchFrench 3"}, "'SearchFrench' is no search routine"},
         {"search_without_depth", {"search SearchPlain"}, "a routine, a depth, and no window or both its bounds"},
         {"search_beyond_the_plies", {"search SearchPlain 101"}, "101 is not within -100 to 100"},
         {"search_window_beyond_its_bounds", {"search SearchPlain 2 -40000 0"}, "-40000 is not within -32000 to 32000"},
         {"think_of_nothing", {"think 0"}, "0 is not within 1 to 100"},
+        {"quit_with_argument", {"quit now"}, "too many arguments"},
     };
     for (const TalkRow& R : Rows) {
         Console Probe;
