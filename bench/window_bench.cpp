@@ -116,7 +116,7 @@ struct LongGameWindow {
         LayKings(Game);
         for (int HalfMove = 0; HalfMove < LongGame; ++HalfMove) {
             Game.GameEnded = 0; // past every draw
-            Game.Text2.Text = ToAndFro[HalfMove % std::size(ToAndFro)];
+            Game.MoveBox.Text = ToAndFro[HalfMove % std::size(ToAndFro)];
             control::Text2_KeyUp(Game, control::EnterKey);
         }
         Window.ShowContents();

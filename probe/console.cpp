@@ -154,7 +154,12 @@ constexpr Setting Settings[] = {
     {"PatternTermEnabled",
      [](EngineState& S, std::int64_t V) { S.PatternTermEnabled = base::Narrow<decltype(S.PatternTermEnabled)>(V); }},
     {"NotationMode",
-     [](EngineState& S, std::int64_t V) { S.NotationMode = base::Narrow<decltype(S.NotationMode)>(V); }},
+     [](EngineState& S, std::int64_t V) {
+         if (V < 0 || V > 2) {
+             throw CommandError("a notation is 0, 1 or 2");
+         }
+         S.NotationMode = static_cast<Notation>(V);
+     }},
 };
 
 struct NamedEvaluator {
@@ -447,7 +452,7 @@ std::string Console::Search(const Words& Arguments) {
     ForgetLines(*State);
     State->RootSide = State->Side;
     State->DrawPending = 0;
-    State->CancelRequested = 0;
+    State->CancelRequested = rules::StopRequest::None;
     State->StopAutoPlay = 0;
     State->MaxSearchDepth = Depth + State->Plys;
     State->NodeCount = 0;
@@ -464,7 +469,7 @@ std::string Console::Think(const Words& Arguments) {
     ForgetLines(*State);
     PrepareSearch(*State);
     State->Noise = 0;
-    State->CancelRequested = 0;
+    State->CancelRequested = rules::StopRequest::None;
     State->QuietLimit = 0;
     InitGameTree(*State);
     PlayingRoutine(*State).Evaluate(*State, WindowLow, WindowHigh, State->Side);

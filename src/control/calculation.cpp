@@ -52,7 +52,7 @@ std::string DisplayMainVariant(GameState& State) {
         }
     }
     if (IsShown(State)) {
-        State.Label9.Text += "\nMain: " + Text;
+        State.Calculation.Text += "\nMain: " + Text;
     }
     return Text;
 }
@@ -76,14 +76,14 @@ void CalculationReport::MoveAccepted(int Iteration, int Move) {
     const std::string Score = view::SignedText(State.BestScore);
     BestLine = "D:" + Depth + "   B: " + MoveText + "   S:" + Score;
     if (IsShown(State)) {
-        State.Label9.Text = "Depth:" + Depth + "   Best: " + MoveText + "   Score:" + Score;
+        State.Calculation.Text = "Depth:" + Depth + "   Best: " + MoveText + "   Score:" + Score;
     }
     if (State.BookMoveSource < 1) {
         MainLineText = DisplayMainVariant(State);
     } else {
         MainLineText = BookText;
         if (IsShown(State)) {
-            State.Label9.Text.append("\n").append(BookText);
+            State.Calculation.Text.append("\n").append(BookText);
         }
     }
 }

@@ -118,9 +118,9 @@ void Prepare(GameState& State) {
 
     // 3. The lists.
     if (State.PlayMode != view::ComputerComputer) {
-        ClearList(State.List2);
-        ClearList(State.List3);
-        for (view::ListFields* List : {&State.List1, &State.List2, &State.List3}) {
+        ClearList(State.ChoiceList);
+        ClearList(State.RootList);
+        for (view::ListFields* List : {&State.GameList, &State.ChoiceList, &State.RootList}) {
             List->Enabled = false;
         }
     }
@@ -132,7 +132,7 @@ void Prepare(GameState& State) {
     CutRecord(State, State.GameMoves);
     view::SetStatus(State, Thinking);
     if (State.ShowCalculation == 1) {
-        State.Label9.Text.clear();
+        State.Calculation.Text.clear();
     }
 
     // 6. Nothing may pull the game away from under the search.
@@ -223,7 +223,7 @@ void Think(GameState& State, MoveInProgress& Move) {
     State.DrawPending = 0;
     if (State.ShowCalculation == 1) {
         const double Seconds = engine::ElapsedSeconds(Move.Started, State.Outside->Seconds());
-        State.Label9.Text += "\nTime: " + TimeString(Seconds, false);
+        State.Calculation.Text += "\nTime: " + TimeString(Seconds, false);
     }
 
     // 22. The moves that were looked at.
@@ -385,9 +385,9 @@ void GiveBackWindow(GameState& State) {
         return;
     }
     State.SearchActive = 0;
-    State.List1.Enabled = true;
-    State.List2.Enabled = State.GameEnded == 0;
-    State.List3.Enabled = true;
+    State.GameList.Enabled = true;
+    State.ChoiceList.Enabled = State.GameEnded == 0;
+    State.RootList.Enabled = true;
     rules::GenerateGameMoves(State);
     view::RefreshMoveChoices(State);
 }
@@ -430,7 +430,7 @@ void ComputeNow(GameState& State) {
         return;
     }
     view::SetStatus(State, "");
-    State.CancelRequested = 0;
+    State.CancelRequested = rules::StopRequest::None;
     State.Thinking = 1;
     TakeOverSide(State);
     ComputerMove(State);

@@ -246,7 +246,7 @@ void GameEndCheck(GameState& State) {
 
     // 2. It doesn't: nobody plays on, and the last move is seen.
     State.GameEnded = 1;
-    for (view::ListFields* List : {&State.List1, &State.List2, &State.List3}) {
+    for (view::ListFields* List : {&State.GameList, &State.ChoiceList, &State.RootList}) {
         List->Visible = true;
     }
     view::DrawBoard(State, 0);
@@ -305,12 +305,12 @@ void PauseOnLastMove(GameState& State) {
     // Events run while the world waits, and whoever called has not finished with the game.
     const std::int32_t Thinking = std::exchange(State.Thinking, 1);
     const auto Commands = State.Commands;
-    const bool Typing = State.Text2.Enabled;
+    const bool Typing = State.MoveBox.Enabled;
     const bool Toolbar = State.ToolbarEnabled;
     view::FreezeMenus(State);
     State.Outside->Wait(PauseSeconds);
     State.Commands = Commands;
-    State.Text2.Enabled = Typing;
+    State.MoveBox.Enabled = Typing;
     State.ToolbarEnabled = Toolbar;
     State.Thinking = Thinking;
 }

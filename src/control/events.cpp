@@ -35,7 +35,7 @@ void ToggleCalculation(GameState& State) {
     State.ShowCalculation = 1 - State.ShowCalculation;
     State.CommandOf(CommandId::calculation).Ticked = State.ShowCalculation == 1;
     if (State.ShowCalculation == 0) {
-        State.Label9.Text = view::NoCalculation;
+        State.Calculation.Text = view::NoCalculation;
     }
 }
 
@@ -66,9 +66,9 @@ constexpr CommandRoutine Routines[] = {
     {CommandId::Pplayer, SetPlayerPlayerMode},
     {CommandId::mnu_Play_Ccomputer, HandOver<RunComputerComputer>},
     {CommandId::Turn, TurnBoard},
-    {CommandId::Nonotation, [](GameState& State) { SetNotation(State, 2); }},
-    {CommandId::mnu_Board_Notation_Chess, [](GameState& State) { SetNotation(State, 0); }},
-    {CommandId::mnu_Board_Notation_Checkers, [](GameState& State) { SetNotation(State, 1); }},
+    {CommandId::Nonotation, [](GameState& State) { SetNotation(State, rules::Notation::None); }},
+    {CommandId::mnu_Board_Notation_Chess, [](GameState& State) { SetNotation(State, rules::Notation::Algebraic); }},
+    {CommandId::mnu_Board_Notation_Checkers, [](GameState& State) { SetNotation(State, rules::Notation::Numeric); }},
     {CommandId::calculation, ToggleCalculation},
     {CommandId::rating, rating_Click},
 };
@@ -128,7 +128,7 @@ void Text1_KeyUp(GameState& State) {
     // The comment belongs to the half-move to come. While a search makes moves of its own, the record ends at its root.
     const std::int32_t Made = std::min(State.GameMoves, State.MoveCount);
     if (Made < rules::MaxGameMoves) {
-        State.MoveComment[Made + 1] = State.Text1.Text;
+        State.MoveComment[Made + 1] = State.CommentBox.Text;
     }
 }
 

@@ -43,10 +43,10 @@ std::string c_Text(const GameState& State, int Index);
 /// Puts the picked piece back where it stood, as the Escape key does.
 void PutBackPiece(GameState& State);
 
-/// A key released in the box of typed moves, whose text is in `Text2.Text`. Enter plays it.
+/// A key released in the box of typed moves, whose text is in `MoveBox.Text`. Enter plays it.
 void Text2_KeyUp(GameState& State, int KeyCode);
 
-/// A key released in the comment box, whose text is in `Text1.Text`.
+/// A key released in the comment box, whose text is in `CommentBox.Text`.
 void Text1_KeyUp(GameState& State);
 
 /// A double click on a list, its line in `Selected`.

@@ -245,8 +245,8 @@ std::string NormaliseMove(const GameState& State, std::string_view Text) {
 }
 
 void TypeMove(GameState& State) {
-    const std::string Move = NormaliseMove(State, State.Text2.Text);
-    State.Text2.Text.clear();
+    const std::string Move = NormaliseMove(State, State.MoveBox.Text);
+    State.MoveBox.Text.clear();
     if (EnterMove(State, Move)) {
         ClearDrag(State);
         RecordHumanMove(State);
@@ -261,20 +261,20 @@ void ClearLines(view::ListFields& List) {
 }
 
 void PlayLine(GameState& State, std::string_view Line) {
-    State.Text2.Text.clear();
+    State.MoveBox.Text.clear();
     if (EnterMove(State, NormaliseMove(State, Line))) {
         ClearDrag(State);
-        ClearLines(State.List2);
-        ClearLines(State.List3);
-        State.Label9.Text = view::NoCalculation;
+        ClearLines(State.ChoiceList);
+        ClearLines(State.RootList);
+        State.Calculation.Text = view::NoCalculation;
         RecordHumanMove(State);
         return;
     }
     view::DrawBoard(State, 0);
     State.SourcesShown = 0;
-    State.List2.Enabled = false;
+    State.ChoiceList.Enabled = false;
     Refuse(State, IllegalMove);
-    State.List2.Enabled = true;
+    State.ChoiceList.Enabled = true;
 }
 
 bool IsCell(int Index) {
@@ -379,9 +379,9 @@ void EnterTypedMove(GameState& State) {
 }
 
 void PlayListedMove(GameState& State) {
-    const auto& Lines = State.List2.Lines;
-    const auto K = static_cast<std::size_t>(State.List2.Selected);
-    if (!TakesMoves(State) || State.List2.Selected < 0 || K >= Lines.size()) {
+    const auto& Lines = State.ChoiceList.Lines;
+    const auto K = static_cast<std::size_t>(State.ChoiceList.Selected);
+    if (!TakesMoves(State) || State.ChoiceList.Selected < 0 || K >= Lines.size()) {
         return;
     }
     const std::string& Line = Lines[K];
@@ -389,7 +389,7 @@ void PlayListedMove(GameState& State) {
 }
 
 void PlayRootMove(GameState& State) {
-    const int K = State.List3.Selected;
+    const int K = State.RootList.Selected;
     if (!TakesMoves(State) || K < 0) {
         return;
     }

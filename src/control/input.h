@@ -22,10 +22,10 @@ bool TakesMoves(const GameState& State);
 /// Puts the piece in the hand back.
 void EscapeDrag(GameState& State);
 
-/// Plays the text of `Text2`, which is emptied.
+/// Plays the text of `MoveBox`, which is emptied.
 void EnterTypedMove(GameState& State);
 
-/// Plays the selected line of `List2`, of `List3`.
+/// Plays the selected line of `ChoiceList`, of `RootList`.
 void PlayListedMove(GameState& State);
 void PlayRootMove(GameState& State);
 

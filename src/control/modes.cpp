@@ -36,10 +36,10 @@ void NameBoth(GameState& State, std::string_view Name) {
 
 void BeginOwnPlay(GameState& State) {
     State.RatingAllowed = 0;
-    State.CancelRequested = 0;
+    State.CancelRequested = rules::StopRequest::None;
     ChooseMode(State, view::ComputerComputer, WindowEvent::ComputerComputerChosen);
     NameBoth(State, ComputerName);
-    for (view::ListFields* List : {&State.List2, &State.List3}) {
+    for (view::ListFields* List : {&State.ChoiceList, &State.RootList}) {
         List->Lines.clear();
         List->Selected = -1;
         List->Enabled = false;
@@ -48,20 +48,21 @@ void BeginOwnPlay(GameState& State) {
 
 // A Cancel that came between two moves ends the play as well.
 bool OwnPlayEnds(const GameState& State) {
-    return State.StopAutoPlay == 1 || State.GameEnded == 1 || State.CancelRequested != 0 || State.Ending != 0;
+    return State.StopAutoPlay == 1 || State.GameEnded == 1 || State.CancelRequested != rules::StopRequest::None ||
+           State.Ending != 0;
 }
 
 void EndOwnPlay(GameState& State) {
     State.Thinking = 0;
     State.SearchActive = 0;
-    State.CancelRequested = 0;
+    State.CancelRequested = rules::StopRequest::None;
     State.PlayMode = view::ComputerPlayer;
     view::ApplyEvent(State, WindowEvent::SearchEnds);
     ChooseMode(State, view::ComputerPlayer, WindowEvent::ComputerPlayerChosen);
     NamePersonToMove(State);
     view::ShowPlayers(State);
-    State.List2.Enabled = State.GameEnded == 0;
-    State.List3.Enabled = true;
+    State.ChoiceList.Enabled = State.GameEnded == 0;
+    State.RootList.Enabled = true;
     rules::GenerateGameMoves(State);
     view::RefreshMoveChoices(State);
 }
@@ -96,7 +97,7 @@ void RunComputerComputer(GameState& State) {
 
 void mnu_Play_Cancel_Click(GameState& State) {
     if (State.SearchActive == 1) {
-        State.CancelRequested = 1;
+        State.CancelRequested = rules::StopRequest::Person;
         view::ApplyEvent(State, WindowEvent::CancelPressed);
     }
 }

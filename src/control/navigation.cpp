@@ -57,7 +57,7 @@ bool StepOneForward(GameState& State) {
         return false;
     }
     const int Next = State.GameMoves + 1;
-    State.Text1.Text = State.MoveComment[Next];
+    State.CommentBox.Text = State.MoveComment[Next];
     RestoreRootMaterial(State);
     rules::GenerateGameMoves(State);
     const int Index = FindStored(State, State.PlayedMoves[Next].Record);
@@ -91,7 +91,7 @@ void RenewResult(GameState& State) {
     }
     SetResultText(State, Outcome == GameOutcome::Decided ? DecisiveResult : DrawnResult);
     State.GameEnded = 1;
-    State.List2.Enabled = false;
+    State.ChoiceList.Enabled = false;
     view::ApplyEvent(State, WindowEvent::GameEnds);
 }
 
@@ -99,10 +99,10 @@ void GoForward(GameState& State, int Steps, bool Quiet, bool KeepEntries) {
     for (int I = 0; I < Steps && StepOneForward(State); ++I) {
         DrawRuleCheck(State);
     }
-    State.Label9.Text = view::NoCalculation;
+    State.Calculation.Text = view::NoCalculation;
     if (!KeepEntries) {
         view::DrawBoard(State, 0);
-        State.List1.Selected = State.GameMoves - 1;
+        State.GameList.Selected = State.GameMoves - 1;
     }
     view::SetStatus(State, State.GameMoves == State.MoveCount ? State.StatusText : std::string());
     if (!Quiet) {
@@ -118,16 +118,16 @@ void GoBack(GameState& State, int Steps, bool Quiet, bool KeepEntries) {
         StepOneBack(State);
     }
     ForgetResult(State);
-    State.Text1.Text = State.MoveComment[State.GameMoves];
+    State.CommentBox.Text = State.MoveComment[State.GameMoves];
     if (KeepEntries) {
         return;
     }
-    State.List1.Selected = State.GameMoves - 1;
-    State.Label9.Text = view::NoCalculation;
+    State.GameList.Selected = State.GameMoves - 1;
+    State.Calculation.Text = view::NoCalculation;
     view::DrawBoard(State, 0);
     view::SetStatus(State, "");
     if (!Quiet) {
-        State.List2.Enabled = true;
+        State.ChoiceList.Enabled = true;
         view::ApplyEvent(State, WindowEvent::SteppedBack);
     }
 }
@@ -137,8 +137,8 @@ bool MayNavigate(const GameState& State) {
 }
 
 void ClearList3(GameState& State) {
-    State.List3.Lines.clear();
-    State.List3.Selected = -1;
+    State.RootList.Lines.clear();
+    State.RootList.Selected = -1;
 }
 
 void JumpBy(GameState& State, int Steps) {
@@ -158,7 +158,7 @@ void NavigateMoves(GameState& State, int Steps, bool Quiet, bool KeepEntries) {
     if (!Quiet) {
         State.RootMoves.Fill({engine::UnsetScore, 0, engine::UnsetScore});
     }
-    State.List3.Enabled = false;
+    State.RootList.Enabled = false;
     ClearInput(State);
     if (Steps < 0) {
         GoForward(State, -Steps, Quiet, KeepEntries);
@@ -198,13 +198,13 @@ void MoveForward_Click(GameState& State) {
 
 void Last_Click(GameState& State) {
     if (MayNavigate(State)) {
-        JumpBy(State, State.GameMoves - static_cast<int>(State.List1.Lines.size()));
+        JumpBy(State, State.GameMoves - static_cast<int>(State.GameList.Lines.size()));
     }
 }
 
 void GoToSelectedMove(GameState& State) {
-    if (MayNavigate(State) && State.List1.Selected >= 0) {
-        JumpBy(State, State.GameMoves - State.List1.Selected - 1);
+    if (MayNavigate(State) && State.GameList.Selected >= 0) {
+        JumpBy(State, State.GameMoves - State.GameList.Selected - 1);
     }
 }
 

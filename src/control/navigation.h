@@ -17,7 +17,7 @@ void Moveback_Click(GameState& State);
 void MoveForward_Click(GameState& State);
 void Last_Click(GameState& State);
 
-/// To the position behind the selected line of `List1`.
+/// To the position behind the selected line of `GameList`.
 void GoToSelectedMove(GameState& State);
 
 } // namespace zonterbrook::control

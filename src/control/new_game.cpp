@@ -99,18 +99,18 @@ void ClearFlags(GameState& State) {
 void ClearWindow(GameState& State) {
     view::SetStatus(State, view::SideMovesText(State.Side));
     State.StatusPanels[view::OpeningPanel].clear();
-    State.Label9.Text = view::NoCalculation;
-    State.Text1.Text.clear();
-    State.Text2.Text.clear();
-    State.Text2.Enabled = true;
+    State.Calculation.Text = view::NoCalculation;
+    State.CommentBox.Text.clear();
+    State.MoveBox.Text.clear();
+    State.MoveBox.Enabled = true;
     State.Progress.Value = 0;
-    for (view::ListFields* List : {&State.List1, &State.List2, &State.List3}) {
+    for (view::ListFields* List : {&State.GameList, &State.ChoiceList, &State.RootList}) {
         List->Lines.clear();
         List->Selected = -1;
         List->Enabled = true;
         List->Visible = true;
     }
-    State.List3.Enabled = false;
+    State.RootList.Enabled = false;
     view::ApplyEvent(State, view::WindowEvent::GameBegins);
 }
 
@@ -181,7 +181,7 @@ void NewGame(GameState& State) {
     ClearWindow(State);
     State.CaptureChar = State.ColonCapture == 1 ? ':' : 'x';
     if (State.RuleSet.PiecesOnBlack == 2) {
-        State.NotationMode = 0;
+        State.NotationMode = rules::Notation::Algebraic;
         view::ChooseRadio(State, view::CommandId::mnu_Board_Notation_Chess);
     }
     NamePlayers(State);

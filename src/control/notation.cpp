@@ -14,17 +14,16 @@ namespace zonterbrook::control {
 
 namespace {
 
-constexpr int Algebraic = 0;
-constexpr int Numeric = 1;
+using rules::Notation;
 
-bool SameWords(int ModeA, int ModeB) {
-    return (ModeA == Algebraic) == (ModeB == Algebraic);
+bool SameWords(Notation ModeA, Notation ModeB) {
+    return (ModeA == Notation::Algebraic) == (ModeB == Notation::Algebraic);
 }
 
 // Reads and writes squares in a notation that need not be the one in force.
 class InNotation {
 public:
-    InNotation(GameState& InState, int Mode) : State(InState), Before(InState.NotationMode) {
+    InNotation(GameState& InState, Notation Mode) : State(InState), Before(InState.NotationMode) {
         State.NotationMode = Mode;
     }
     ~InNotation() { State.NotationMode = Before; }
@@ -33,24 +32,24 @@ public:
 
 private:
     GameState& State;
-    std::int32_t Before;
+    Notation Before;
 };
 
-bool IsSquareCharacter(char C, int Mode) {
+bool IsSquareCharacter(char C, Notation Mode) {
     const bool Digit = C >= '0' && C <= '9';
-    return Mode == Algebraic ? Digit || (C >= 'a' && C <= 'j') : Digit;
+    return Mode == Notation::Algebraic ? Digit || (C >= 'a' && C <= 'j') : Digit;
 }
 
 // The length of the square's name that `Text` begins with, 0 if it begins with none.
-std::size_t SquareLength(std::string_view Text, int Mode) {
+std::size_t SquareLength(std::string_view Text, Notation Mode) {
     std::size_t Length = 0;
     while (Length < Text.size() && Length < 2 && IsSquareCharacter(Text[Length], Mode)) {
         ++Length;
     }
-    return Mode == Algebraic && Length < 2 ? 0 : Length;
+    return Mode == Notation::Algebraic && Length < 2 ? 0 : Length;
 }
 
-std::string ConvertSquare(GameState& State, std::string_view Square, int From, int To) {
+std::string ConvertSquare(GameState& State, std::string_view Square, Notation From, Notation To) {
     int Cell = 0;
     {
         const InNotation Reading(State, From);
@@ -62,7 +61,7 @@ std::string ConvertSquare(GameState& State, std::string_view Square, int From, i
 
 // One word if it is a move: two squares with a hyphen or capture character between them, and marks behind. `Expected`:
 // a move stands here, so a lone square is one, a piece that enters.
-std::string ConvertWord(GameState& State, std::string_view Word, bool Expected, int From, int To) {
+std::string ConvertWord(GameState& State, std::string_view Word, bool Expected, Notation From, Notation To) {
     const std::size_t First = SquareLength(Word, From);
     const bool Joined =
         First > 0 && First < Word.size() && (Word[First] == '-' || Word[First] == 'x' || Word[First] == ':');
@@ -83,7 +82,7 @@ std::string ConvertWord(GameState& State, std::string_view Word, bool Expected, 
 
 // Rewrites the rows of the record from the moves that were played, and the list from the rows.
 void RewriteRecord(GameState& State) {
-    const int Rows = static_cast<int>(State.List1.Lines.size());
+    const int Rows = static_cast<int>(State.GameList.Lines.size());
     for (int HalfMove = 1; HalfMove <= Rows; ++HalfMove) {
         const rules::MoveRecord& Record = State.PlayedMoves[HalfMove].Record;
         const bool FromBook = StoredDisplay(State, HalfMove).ends_with('b');
@@ -96,15 +95,15 @@ void RewriteRecord(GameState& State) {
         Display += FromBook ? "b" : "";
         GameMoveRowFields& Row = State.GameMoveRow[(HalfMove + 1) / 2];
         (HalfMove % 2 == 1 ? Row.FirstMove : Row.SecondMove) = RawTextOf(State, Record) + " " + Display;
-        State.List1.Lines[static_cast<std::size_t>(HalfMove - 1)] = view::MoveListLine(HalfMove, Display);
+        State.GameList.Lines[static_cast<std::size_t>(HalfMove - 1)] = view::MoveListLine(HalfMove, Display);
     }
 }
 
-view::CommandId EntryOf(int Mode) {
+view::CommandId EntryOf(Notation Mode) {
     switch (Mode) {
-    case Algebraic:
+    case Notation::Algebraic:
         return view::CommandId::mnu_Board_Notation_Chess;
-    case Numeric:
+    case Notation::Numeric:
         return view::CommandId::mnu_Board_Notation_Checkers;
     default:
         return view::CommandId::Nonotation;
@@ -113,7 +112,7 @@ view::CommandId EntryOf(int Mode) {
 
 } // namespace
 
-std::string ConvertMoves(GameState& State, std::string_view Text, int From, int To) {
+std::string ConvertMoves(GameState& State, std::string_view Text, Notation From, Notation To) {
     std::string Result;
     bool InMainLine = false;
     bool AfterBest = false;
@@ -132,24 +131,24 @@ std::string ConvertMoves(GameState& State, std::string_view Text, int From, int 
     return Result;
 }
 
-void SetNotation(GameState& State, int Mode) {
-    const int Before = State.NotationMode;
+void SetNotation(GameState& State, Notation Mode) {
+    const Notation Before = State.NotationMode;
     // Numbers exist for fifty squares only; and "None" names moves by number, which would name the wrong squares here.
-    if (Mode != Algebraic && State.RuleSet.PiecesOnBlack == 2) {
+    if (Mode != Notation::Algebraic && State.RuleSet.PiecesOnBlack == 2) {
         return;
     }
     view::ChooseRadio(State, EntryOf(Mode));
     State.NotationMode = Mode;
     if (!SameWords(Before, Mode)) {
-        const std::int32_t Selected = State.List1.Selected;
+        const std::int32_t Selected = State.GameList.Selected;
         RewriteRecord(State);
-        State.List1.Selected = Selected;
-        State.Label9.Text = ConvertMoves(State, State.Label9.Text, Before, Mode);
+        State.GameList.Selected = Selected;
+        State.Calculation.Text = ConvertMoves(State, State.Calculation.Text, Before, Mode);
         State.StatusText = ConvertMoves(State, State.StatusText, Before, Mode);
-        if (!State.List3.Lines.empty()) {
-            const std::int32_t SelectedRoot = State.List3.Selected;
+        if (!State.RootList.Lines.empty()) {
+            const std::int32_t SelectedRoot = State.RootList.Selected;
             view::ShowRootMoves(State);
-            State.List3.Selected = SelectedRoot;
+            State.RootList.Selected = SelectedRoot;
         }
     }
     view::DrawBoard(State, 0);

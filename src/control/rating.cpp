@@ -150,7 +150,7 @@ void Congratulate(GameState& State, std::string_view Text) {
 
 void CloseGame(GameState& State, std::string_view Status) {
     State.GameEnded = 1;
-    State.List2.Enabled = false;
+    State.ChoiceList.Enabled = false;
     view::ApplyEvent(State, view::WindowEvent::GameEnds);
     view::SetStatus(State, Status);
 }

@@ -1,6 +1,6 @@
 // How a move enters the record, its row and its line, and what a person's move sets off.
 //
-// Reads the position after the move and what `EnterMove` noted; writes the game's record, `List1` and the commands.
+// Reads the position after the move and what `EnterMove` noted; writes the game's record, `GameList` and the commands.
 // Whether the game is over is asked of end_of_game.h, the reply of computer_move.h.
 #include "control/record.h"
 
@@ -94,7 +94,7 @@ bool EnterMove(GameState& State, std::string_view Move) {
 
 void RecordHumanMove(GameState& State) {
     // 1. What the last calculation said is over.
-    State.Label9.Text = view::NoCalculation;
+    State.Calculation.Text = view::NoCalculation;
     State.StatusPanels[view::ProductPanel].clear();
     State.StatusText.clear();
     State.HintSource = 0;
@@ -152,9 +152,9 @@ void RecordLoadedMove(GameState& State) {
 
 void CutRecord(GameState& State, int Kept) {
     const auto Lines = static_cast<std::size_t>(Kept);
-    if (State.List1.Lines.size() > Lines) {
-        State.List1.Lines.resize(Lines);
-        State.List1.Selected = Kept - 1;
+    if (State.GameList.Lines.size() > Lines) {
+        State.GameList.Lines.resize(Lines);
+        State.GameList.Selected = Kept - 1;
     }
     for (int HalfMove = Kept + 1; HalfMove <= State.MoveCount; ++HalfMove) {
         ClearHalfMove(State, HalfMove);
@@ -191,9 +191,9 @@ void AddMoveRow(GameState& State, std::string_view Raw, std::string_view Display
     (IsFirstOfRow(HalfMove) ? Row.FirstMove : Row.SecondMove) = Stored;
     (IsFirstOfRow(HalfMove) ? Row.FirstSource : Row.SecondSource) = Source;
     Row.Level = std::to_string(10 - State.Strength);
-    State.List1.Lines.push_back(view::MoveListLine(HalfMove, Display));
-    State.List1.Selected = static_cast<std::int32_t>(State.List1.Lines.size()) - 1;
-    State.Text1.Text.clear();
+    State.GameList.Lines.push_back(view::MoveListLine(HalfMove, Display));
+    State.GameList.Selected = static_cast<std::int32_t>(State.GameList.Lines.size()) - 1;
+    State.CommentBox.Text.clear();
 }
 
 std::string RawTextOf(const GameState& State, const rules::MoveRecord& Record) {

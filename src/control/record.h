@@ -1,4 +1,4 @@
-// The record of the game: how a move that has been played enters it, and the list `List1` that shows it.
+// The record of the game: how a move that has been played enters it, and the list `GameList` that shows it.
 #pragma once
 
 #include "control/state.h"
@@ -24,7 +24,7 @@ void CutRecord(GameState& State, int Kept);
 /// what stood there and behind. `Played` was taken by `rules::RememberMove` before the move was made.
 void StoreHalfMove(GameState& State, const rules::PlayedMove& Played);
 
-/// Fills the row of half-move `GameMoves` and adds its line to `List1`, which it selects; clears the comment box.
+/// Fills the row of half-move `GameMoves` and adds its line to `GameList`, which it selects; clears the comment box.
 /// `Raw`: the squares, four characters or two. `Display`: as the list shows it, with "b" for a move of the book.
 /// Beyond the last row it does nothing.
 void AddMoveRow(GameState& State, std::string_view Raw, std::string_view Display, std::string_view Source);

@@ -62,7 +62,8 @@ bool MayClose(GameState& State) {
     }
     if (State.HandlerDepth > 0) {
         // Something is at work below; it unwinds first, and the window is closed again when it has.
-        State.CancelRequested = State.SearchActive != 0 || State.Thinking != 0 ? 1 : State.CancelRequested;
+        State.CancelRequested =
+            State.SearchActive != 0 || State.Thinking != 0 ? rules::StopRequest::Person : State.CancelRequested;
         State.Cancel1 = 1;
         State.ClosePending = 1;
         return false;

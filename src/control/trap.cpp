@@ -59,7 +59,7 @@ void End1(GameState& State) {
     }
     State.Ending = 1;
     // A search below the failed handler unwinds by these before the window goes.
-    State.CancelRequested = 1;
+    State.CancelRequested = rules::StopRequest::Person;
     State.Cancel1 = 1;
     CloseLog(State);
     State.Outside->EndProgram();

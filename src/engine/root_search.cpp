@@ -58,8 +58,8 @@ public:
             }
         }
         // A stop by the clock is not the user's: whoever plays on plays on.
-        if (State.CancelRequested == 2) {
-            State.CancelRequested = 0;
+        if (State.CancelRequested == rules::StopRequest::Clock) {
+            State.CancelRequested = rules::StopRequest::None;
             State.StopAutoPlay = 0;
         }
         Outcome.Seconds = Elapsed();
@@ -70,7 +70,7 @@ private:
     double Elapsed() const { return ElapsedSeconds(Started, State.World->Seconds()); }
 
     void StopByClock() {
-        State.CancelRequested = 2;
+        State.CancelRequested = rules::StopRequest::Clock;
         State.StopAutoPlay = 1;
     }
 

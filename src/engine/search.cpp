@@ -138,9 +138,9 @@ std::int32_t SearchNode(EngineState& State, std::int32_t& Alpha, std::int32_t Be
     }
 
     // 10. The user's stop, the clock's, or a full stack.
-    if (State.CancelRequested != 0) {
+    if (State.CancelRequested != rules::StopRequest::None) {
         State.StopAutoPlay = 1;
-        State.CancelRequested = 0;
+        State.CancelRequested = rules::StopRequest::None;
         return StoppedScore;
     }
 

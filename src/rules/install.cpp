@@ -191,7 +191,7 @@ void InstallRuleSet(RulesState& State) {
         }
     }
     if (State.RuleSet.PiecesOnBlack == 2) {
-        State.NotationMode = 0; // numbers exist for fifty squares only
+        State.NotationMode = Notation::Algebraic; // numbers exist for fifty squares only
     }
     RecogniseRuleSet(State);
     RecountMaterial(State);

@@ -130,7 +130,7 @@ private:
         if (Next != &State.MoveStack[StackFull]) {
             ++Next;
         } else {
-            State.CancelRequested = 1;
+            State.CancelRequested = StopRequest::Person;
         }
     }
 

@@ -123,7 +123,7 @@ void ResetMoves(RulesState& State) {
     State.PiecesInHandWhite = State.RuleSet.ContractNumber;
     State.PiecesInHandBlack = State.RuleSet.ContractNumber;
     State.TouchedSquare = 0;
-    State.CancelRequested = 0;
+    State.CancelRequested = StopRequest::None;
     State.AtGamePosition = 0;
 }
 

@@ -55,11 +55,11 @@ std::string SquareNotation(const RulesState& State, int Square, Padding Pad) {
     if (Square < FirstCell || Square > LastCell || State.Board[Square] == Border) {
         return "--";
     }
-    return State.NotationMode != 0 ? NumberedName(Square, Pad) : AlgebraicName(Square);
+    return State.NotationMode != Notation::Algebraic ? NumberedName(Square, Pad) : AlgebraicName(Square);
 }
 
 int SquareNumber(const RulesState& State, std::string_view Name) {
-    return State.NotationMode != 0 ? NumberedCell(State, Name) : AlgebraicCell(Name);
+    return State.NotationMode != Notation::Algebraic ? NumberedCell(State, Name) : AlgebraicCell(Name);
 }
 
 void DisplayMove(RulesState& State, int Move) {

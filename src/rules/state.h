@@ -158,6 +158,12 @@ template <typename T>
 using ByGameMove = base::CheckedArray<T, GameMoveEntries>;
 using MoveTextField = base::FixedText<12>;
 
+/// Who wants a search to stop: nobody, the person (or a full move stack), the clock.
+enum class StopRequest : std::int32_t { None, Person, Clock };
+
+/// How squares are named: letter and digit, number, or not at all beside the board; moves are named by number then.
+enum class Notation : std::int32_t { Algebraic, Numeric, None };
+
 /// The state of the rules core. Built by `ResetRules`.
 struct RulesState {
     // --- position: laid by `LayPosition`, changed by `PerformMove` and `TakeBackMove` -------------------------------
@@ -192,8 +198,7 @@ struct RulesState {
     CaptureTable CaptureRow;
     /// 1 while moves are generated for the game's own position, whatever `Ply` says: the rule `LastCap` binds there.
     std::int32_t AtGamePosition;
-    /// 0 none, 1 the user's stop or a full stack, 2 the clock.
-    std::int32_t CancelRequested;
+    StopRequest CancelRequested;
 
     // --- input: written by `InputMove` -----------------------------------------------------------------------------
     std::int32_t TouchMove;     ///< the option: the piece first touched must move
@@ -205,8 +210,8 @@ struct RulesState {
     MoveTextField MoveTextPadded;
 
     // --- notation --------------------------------------------------------------------------------------------------
-    std::int32_t NotationMode; ///< 0 algebraic, 1 numeric, 2 none
-    char CaptureChar;          ///< 'x' or ':'
+    Notation NotationMode;
+    char CaptureChar; ///< 'x' or ':'
 
     // --- rule set: derived figures are written by `InstallRuleSet` --------------------------------------------------
     RuleSetFields RuleSet;

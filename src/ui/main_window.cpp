@@ -106,28 +106,28 @@ void MainWindow::ConnectControls() {
             (Shown.*Fields).Selected = Row;
         });
     };
-    KeepSelection(List1, &view::WindowContents::List1);
-    KeepSelection(List2, &view::WindowContents::List2);
-    KeepSelection(List3, &view::WindowContents::List3);
-    connect(List1, &LineList::Released, this, [this] { Dispatch(control::List1_MouseUp); });
-    connect(List1, &LineList::EnterPressed, this,
+    KeepSelection(GameList, &view::WindowContents::GameList);
+    KeepSelection(ChoiceList, &view::WindowContents::ChoiceList);
+    KeepSelection(RootList, &view::WindowContents::RootList);
+    connect(GameList, &LineList::Released, this, [this] { Dispatch(control::List1_MouseUp); });
+    connect(GameList, &LineList::EnterPressed, this,
             [this] { Dispatch([](GameState& Game) { control::List1_KeyDown(Game, control::EnterKey); }); });
-    connect(List2, &LineList::doubleClicked, this, [this] { Dispatch(control::List2_DblClick); });
-    connect(List2, &LineList::EnterPressed, this, [this] { Dispatch(control::List2_DblClick); });
-    connect(List3, &LineList::doubleClicked, this, [this] { Dispatch(control::List3_DblClick); });
-    connect(List3, &LineList::EnterPressed, this, [this] { Dispatch(control::List3_DblClick); });
+    connect(ChoiceList, &LineList::doubleClicked, this, [this] { Dispatch(control::List2_DblClick); });
+    connect(ChoiceList, &LineList::EnterPressed, this, [this] { Dispatch(control::List2_DblClick); });
+    connect(RootList, &LineList::doubleClicked, this, [this] { Dispatch(control::List3_DblClick); });
+    connect(RootList, &LineList::EnterPressed, this, [this] { Dispatch(control::List3_DblClick); });
 
-    connect(Text1, &QPlainTextEdit::textChanged, this, [this] {
-        State->Text1.Text = Text1->toPlainText().toStdString();
-        Shown.Text1.Text = State->Text1.Text;
+    connect(CommentBox, &QPlainTextEdit::textChanged, this, [this] {
+        State->CommentBox.Text = CommentBox->toPlainText().toStdString();
+        Shown.CommentBox.Text = State->CommentBox.Text;
         Dispatch(control::Text1_KeyUp);
     });
-    connect(Text2, &QLineEdit::textEdited, this, [this](const QString& Typed) {
-        State->Text2.Text = Typed.toStdString();
-        Shown.Text2.Text = State->Text2.Text;
+    connect(MoveBox, &QLineEdit::textEdited, this, [this](const QString& Typed) {
+        State->MoveBox.Text = Typed.toStdString();
+        Shown.MoveBox.Text = State->MoveBox.Text;
     });
     // Enter counts when it goes down: its release may belong to a message box that it has just closed.
-    connect(Text2, &QLineEdit::returnPressed, this,
+    connect(MoveBox, &QLineEdit::returnPressed, this,
             [this] { Dispatch([](GameState& Game) { control::Text2_KeyUp(Game, control::EnterKey); }); });
 
     for (const view::CommandRow& Row : view::CommandRows()) {

@@ -101,11 +101,11 @@ private:
     QToolBar* Toolbar = nullptr;
     QWidget* Inner = nullptr; // all controls stand on it
     BoardWidget* Board = nullptr;
-    LineList* List1 = nullptr;
-    LineList* List2 = nullptr;
-    LineList* List3 = nullptr;
-    QPlainTextEdit* Text1 = nullptr;
-    QLineEdit* Text2 = nullptr;
+    LineList* GameList = nullptr;
+    LineList* ChoiceList = nullptr;
+    LineList* RootList = nullptr;
+    QPlainTextEdit* CommentBox = nullptr;
+    QLineEdit* MoveBox = nullptr;
     std::array<QLabel*, std::size(view::Labels)> Labels{};
     QProgressBar* Progress = nullptr;
     std::array<QLabel*, view::StatusPanelCount> Panels{};

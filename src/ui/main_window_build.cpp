@@ -157,14 +157,14 @@ void MainWindow::BuildControls() {
     Inner->setObjectName(QStringLiteral("Inner"));
     setCentralWidget(Inner);
     Board = new BoardWidget(Inner);
-    Text2 = new QLineEdit(Inner);
-    Text2->setPlaceholderText(tr("Type a move"));
-    List2 = new LineList(Inner);
-    List1 = new LineList(Inner);
-    List3 = new LineList(Inner);
-    Text1 = new QPlainTextEdit(Inner);
-    Text1->setTabChangesFocus(true);
-    Text1->setPlaceholderText(tr("Comment"));
+    MoveBox = new QLineEdit(Inner);
+    MoveBox->setPlaceholderText(tr("Type a move"));
+    ChoiceList = new LineList(Inner);
+    GameList = new LineList(Inner);
+    RootList = new LineList(Inner);
+    CommentBox = new QPlainTextEdit(Inner);
+    CommentBox->setTabChangesFocus(true);
+    CommentBox->setPlaceholderText(tr("Comment"));
     for (QLabel*& Label : Labels) {
         Label = new QLabel(Inner);
         Label->setTextFormat(Qt::PlainText);
@@ -184,7 +184,7 @@ void MainWindow::BuildControls() {
     Progress = new QProgressBar(Inner);
     Progress->setTextVisible(false);
     // The keyboard goes over the window as the eye does.
-    QWidget* const Row[] = {Board, List1, List2, List3, Text2, Text1};
+    QWidget* const Row[] = {Board, GameList, ChoiceList, RootList, MoveBox, CommentBox};
     for (std::size_t I = 1; I < std::size(Row); ++I) {
         setTabOrder(Row[I - 1], Row[I]);
     }
@@ -215,21 +215,21 @@ void MainWindow::NameControls() {
     };
     const Names Table[] = {
         {Board, "c", tr("Board")},
-        {List1, "List1", tr("Moves of the game")},
-        {List2, "List2", tr("Moves that can be played")},
-        {List3, "List3", tr("Moves of the last calculation")},
-        {Text1, "Text1", tr("Comment on the move")},
-        {Text2, "Text2", tr("Type a move, then press Enter")},
+        {GameList, "List1", tr("Moves of the game")},
+        {ChoiceList, "List2", tr("Moves that can be played")},
+        {RootList, "List3", tr("Moves of the last calculation")},
+        {CommentBox, "Text1", tr("Comment on the move")},
+        {MoveBox, "Text2", tr("Type a move, then press Enter")},
         {Progress, "Progress", tr("Progress of the calculation")},
     };
     for (const Names& Each : Table) {
         Each.Widget->setObjectName(QLatin1String(Each.Control));
         Each.Widget->setAccessibleName(Each.Accessible);
     }
-    List1->setToolTip(tr("Moves of the game: click one to go there"));
-    List2->setToolTip(tr("Moves that can be played: double-click one to play it"));
-    List3->setToolTip(tr("Moves of the last calculation: double-click one to play it"));
-    Text2->setToolTip(tr("Type a move, such as its two squares, then press Enter"));
+    GameList->setToolTip(tr("Moves of the game: click one to go there"));
+    ChoiceList->setToolTip(tr("Moves that can be played: double-click one to play it"));
+    RootList->setToolTip(tr("Moves of the last calculation: double-click one to play it"));
+    MoveBox->setToolTip(tr("Type a move, such as its two squares, then press Enter"));
 
     // A label's own text is its name for a screen reader; what it is about is the description.
     const QString About[] = {

@@ -36,8 +36,8 @@ int Pixels(double Twips, int TwipsPerPixel) {
 class Stretch {
 public:
     Stretch(const view::LayoutFields& Layout, int LineHeight)
-        : BoardRight(Layout.BoardLeft + 10 * Layout.Pitch), ListTop(Layout.PlaceOf(Control::List1).Top),
-          ListBottom(ListTop + Layout.PlaceOf(Control::List1).Height),
+        : BoardRight(Layout.BoardLeft + 10 * Layout.Pitch), ListTop(Layout.PlaceOf(Control::GameList).Top),
+          ListBottom(ListTop + Layout.PlaceOf(Control::GameList).Height),
           Factor(std::max(1.0, LineHeight / TableLinePixels)) {}
 
     double X(double Value) const { return Value <= BoardRight ? Value : BoardRight + (Value - BoardRight) * Factor; }
@@ -103,22 +103,22 @@ void MainWindow::ShowLists() {
             List->Display(Now);
         }
     };
-    ShowList(List1, &view::WindowContents::List1);
-    ShowList(List2, &view::WindowContents::List2);
-    ShowList(List3, &view::WindowContents::List3);
+    ShowList(GameList, &view::WindowContents::GameList);
+    ShowList(ChoiceList, &view::WindowContents::ChoiceList);
+    ShowList(RootList, &view::WindowContents::RootList);
 }
 
 void MainWindow::ShowTexts() {
-    if (!EverShown || State->Text1 != Shown.Text1) {
-        const QSignalBlocker Quiet(Text1);
-        if (Text1->toPlainText() != Text(State->Text1.Text)) {
-            Text1->setPlainText(Text(State->Text1.Text));
+    if (!EverShown || State->CommentBox != Shown.CommentBox) {
+        const QSignalBlocker Quiet(CommentBox);
+        if (CommentBox->toPlainText() != Text(State->CommentBox.Text)) {
+            CommentBox->setPlainText(Text(State->CommentBox.Text));
         }
-        Text1->setEnabled(State->Text1.Enabled);
+        CommentBox->setEnabled(State->CommentBox.Enabled);
     }
-    if (!EverShown || State->Text2 != Shown.Text2) {
-        Text2->setText(Text(State->Text2.Text));
-        Text2->setEnabled(State->Text2.Enabled);
+    if (!EverShown || State->MoveBox != Shown.MoveBox) {
+        MoveBox->setText(Text(State->MoveBox.Text));
+        MoveBox->setEnabled(State->MoveBox.Enabled);
     }
 }
 
@@ -236,11 +236,11 @@ void MainWindow::PlaceControls() {
     for (std::size_t I = 0; I < Labels.size(); ++I) {
         Place(Labels.at(I), Layout.Places[I]);
     }
-    Place(List1, Layout.PlaceOf(Control::List1));
-    Place(List2, Layout.PlaceOf(Control::List2));
-    Place(List3, Layout.PlaceOf(Control::List3));
-    Place(Text1, Layout.PlaceOf(Control::Text1));
-    Place(Text2, Layout.PlaceOf(Control::Text2));
+    Place(GameList, Layout.PlaceOf(Control::GameList));
+    Place(ChoiceList, Layout.PlaceOf(Control::ChoiceList));
+    Place(RootList, Layout.PlaceOf(Control::RootList));
+    Place(CommentBox, Layout.PlaceOf(Control::CommentBox));
+    Place(MoveBox, Layout.PlaceOf(Control::MoveBox));
     Place(Progress, Layout.PlaceOf(Control::Progress));
 
     const int BoardSide = 10 * Layout.Pitch;
@@ -294,9 +294,9 @@ void MainWindow::PlaceLabels() {
     const auto RightOf = [&](const view::Rectangle& Table) {
         return Pixels(Apart.X(Table.Left + Table.Width), State->TwipsPerPixel);
     };
-    const int Margin = Pixels(Apart.X(Layout.Width), State->TwipsPerPixel) - RightOf(Layout.PlaceOf(Control::List3));
-    const int Right = PlaceColumns(Players, RightOf(Layout.PlaceOf(Control::List3)));
-    PlaceColumns(ExtraPieces, RightOf(Layout.PlaceOf(Control::Label14)));
+    const int Margin = Pixels(Apart.X(Layout.Width), State->TwipsPerPixel) - RightOf(Layout.PlaceOf(Control::RootList));
+    const int Right = PlaceColumns(Players, RightOf(Layout.PlaceOf(Control::RootList)));
+    PlaceColumns(ExtraPieces, RightOf(Layout.PlaceOf(Control::ExtraWhiteCount)));
     const int Width = std::max(Pixels(Apart.X(Layout.Width), State->TwipsPerPixel), Right + Margin);
     const int Height = Pixels(Apart.Y(Layout.Height), State->TwipsPerPixel) - BoardRaisedBy();
     if (Inner->size() != QSize(Width, Height)) {
@@ -322,8 +322,8 @@ void MainWindow::CentreOnScreen() {
 
 // Lists and boxes are closed while the computer thinks, at every move: their texts fade, but nothing flashes.
 void MainWindow::SteadyBackgrounds() {
-    for (QWidget* Each : {static_cast<QWidget*>(List1), static_cast<QWidget*>(List2), static_cast<QWidget*>(List3),
-                          static_cast<QWidget*>(Text2)}) {
+    for (QWidget* Each : {static_cast<QWidget*>(GameList), static_cast<QWidget*>(ChoiceList),
+                          static_cast<QWidget*>(RootList), static_cast<QWidget*>(MoveBox)}) {
         QPalette Colours = QGuiApplication::palette();
         Colours.setColor(QPalette::Disabled, QPalette::Base, Colours.color(QPalette::Active, QPalette::Base));
         Each->setPalette(Colours);
@@ -336,7 +336,7 @@ void MainWindow::changeEvent(QEvent* Event) {
         return;
     }
     if (Event->type() == QEvent::FontChange) {
-        for (LineList* List : {List1, List2, List3}) {
+        for (LineList* List : {GameList, ChoiceList, RootList}) {
             List->UseFixedWidthFont();
         }
         PlaceControls();

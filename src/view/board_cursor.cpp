@@ -44,7 +44,7 @@ std::string_view PieceText(Picture Shows) {
 
 // A square has the name that the lists of moves use. One that is not played on has no number.
 std::string NameText(const ViewState& State, int Square, bool PlayedOn) {
-    if (State.NotationMode == 0 || State.RuleSet.PiecesOnBlack == BothColours) {
+    if (State.NotationMode == rules::Notation::Algebraic || State.RuleSet.PiecesOnBlack == BothColours) {
         return rules::AlgebraicName(Square);
     }
     return PlayedOn ? rules::SquareNotation(State, Square, rules::Padding::None) : std::string();

@@ -48,9 +48,6 @@ constexpr std::int32_t FrameTop = 466;
 constexpr std::int32_t LeftXOfNumber = 30;
 constexpr std::int32_t LeftXOfDigit = 120;
 
-constexpr std::int32_t Algebraic = 0;
-constexpr std::int32_t Numeric = 1;
-
 const EdgeTable& EdgesOf(const ViewState& State) {
     const bool Dense = State.TwipsPerPixel == 12;
     if (IsMedium(State)) {
@@ -131,11 +128,11 @@ private:
 
 void ShowCounters(ViewState& State) {
     const bool BlackAbove = State.RuleSet.BlackStarts == 1;
-    State.Label5.Text = std::to_string(BlackAbove ? State.BlackMaterial : State.WhiteMaterial);
-    State.Label6.Text = std::to_string(BlackAbove ? State.WhiteMaterial : State.BlackMaterial);
+    State.UpperMaterial.Text = std::to_string(BlackAbove ? State.BlackMaterial : State.WhiteMaterial);
+    State.LowerMaterial.Text = std::to_string(BlackAbove ? State.WhiteMaterial : State.BlackMaterial);
     if (State.RuleSet.canContract != 0) {
-        State.Label12.Text = std::to_string(State.PiecesInHandBlack);
-        State.Label14.Text = std::to_string(State.PiecesInHandWhite);
+        State.ExtraBlackCount.Text = std::to_string(State.PiecesInHandBlack);
+        State.ExtraWhiteCount.Text = std::to_string(State.PiecesInHandWhite);
     }
 }
 
@@ -195,9 +192,9 @@ void DrawEdges(ViewState& State) {
     if (!State.FrameShown) {
         return;
     }
-    if (State.NotationMode == Algebraic) {
+    if (State.NotationMode == rules::Notation::Algebraic) {
         AddAlgebraicEdges(State, T);
-    } else if (State.NotationMode == Numeric) {
+    } else if (State.NotationMode == rules::Notation::Numeric) {
         AddNumericEdges(State, T);
     }
 }
@@ -205,12 +202,12 @@ void DrawEdges(ViewState& State) {
 void ShowPlayers(ViewState& State) {
     const bool BlackAbove = State.RuleSet.BlackStarts == 1;
     const bool UpperMoves = (State.Side == rules::Black) == BlackAbove;
-    State.Label3.Text = BlackAbove ? "Black" : "White";
-    State.Label4.Text = BlackAbove ? "White" : "Black";
-    State.Label1.Text = BlackAbove ? State.BlackPlayerName : State.WhitePlayerName;
-    State.Label2.Text = BlackAbove ? State.WhitePlayerName : State.BlackPlayerName;
-    State.Label1.Colours = UpperMoves ? LabelColours::WhiteOnRed : LabelColours::RedOnWhite;
-    State.Label2.Colours = UpperMoves ? LabelColours::RedOnWhite : LabelColours::WhiteOnRed;
+    State.UpperColour.Text = BlackAbove ? "Black" : "White";
+    State.LowerColour.Text = BlackAbove ? "White" : "Black";
+    State.UpperName.Text = BlackAbove ? State.BlackPlayerName : State.WhitePlayerName;
+    State.LowerName.Text = BlackAbove ? State.WhitePlayerName : State.BlackPlayerName;
+    State.UpperName.Colours = UpperMoves ? LabelColours::WhiteOnRed : LabelColours::RedOnWhite;
+    State.LowerName.Colours = UpperMoves ? LabelColours::RedOnWhite : LabelColours::WhiteOnRed;
 }
 
 void RepaintSquare(ViewState& State, int Square) {

@@ -108,7 +108,7 @@ constexpr EnableRule Rules[] = {
 
 bool Holds(const ViewState& State, When Condition) {
     const bool Behind = State.GameMoves > 0;
-    const bool Ahead = State.List1.Lines.size() > static_cast<std::size_t>(State.GameMoves);
+    const bool Ahead = State.GameList.Lines.size() > static_cast<std::size_t>(State.GameMoves);
     const bool Resting = State.PlayMode != ComputerComputer;
     switch (Condition) {
     case When::Always:
@@ -160,9 +160,9 @@ void ApplyEvent(ViewState& State, WindowEvent Happened) {
         }
     }
     if (On == Event::SearchBegins) {
-        State.Text2.Enabled = false;
+        State.MoveBox.Enabled = false;
     } else if (On == Event::SearchEnds && State.PlayMode != ComputerComputer) {
-        State.Text2.Enabled = true;
+        State.MoveBox.Enabled = true;
     }
 }
 
@@ -201,7 +201,7 @@ void SetMenus(ViewState& State, bool Enabled) {
     for (const Id Menu : {Id::mnuGame, Id::mnuPlay, Id::mnu_Board1, Id::view, Id::Help}) {
         SetEnabled(State, Menu, Enabled);
     }
-    State.Text2.Enabled = Enabled;
+    State.MoveBox.Enabled = Enabled;
     State.ToolbarEnabled = Enabled;
 }
 
@@ -233,7 +233,7 @@ void ResetCommands(ViewState& State) {
         ApplyEvent(State, Event::ComputerPlayerChosen);
     }
     static constexpr Id Notations[] = {Id::mnu_Board_Notation_Chess, Id::mnu_Board_Notation_Checkers, Id::Nonotation};
-    ChooseRadio(State, Notations[State.NotationMode >= 0 && State.NotationMode <= 2 ? State.NotationMode : 0]);
+    ChooseRadio(State, Notations[static_cast<int>(State.NotationMode)]);
     State.CommandOf(Id::calculation).Ticked = State.ShowCalculation == 1;
 }
 

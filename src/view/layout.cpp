@@ -30,16 +30,16 @@ struct LayoutTable {
     std::int32_t BoxEnd;
     std::int32_t DragPitch;
     // Right of it.
-    std::int32_t List1Left;
-    std::int32_t List2Left;
-    std::int32_t List3Left;
+    std::int32_t GameListLeft;
+    std::int32_t ChoiceListLeft;
+    std::int32_t RootListLeft;
     std::int32_t ListTop;
     std::int32_t ListHeight;
-    std::int32_t NameLeft;     // Label1, Label2
-    std::int32_t ColourLeft;   // Label3, Label4
-    std::int32_t MaterialLeft; // Label5, Label6
-    std::int32_t StrengthLeft; // Label7
-    std::int32_t VariantLeft;  // Label8
+    std::int32_t NameLeft;     // UpperName, LowerName
+    std::int32_t ColourLeft;   // UpperColour, LowerColour
+    std::int32_t MaterialLeft; // UpperMaterial, LowerMaterial
+    std::int32_t StrengthLeft; // StrengthLine
+    std::int32_t VariantLeft;  // VariantLine
     std::int32_t Right;
     // The calculation, the boxes, the progress bar.
     Rectangle Calculation;
@@ -61,9 +61,9 @@ constexpr LayoutTable Tables[2][2] = {
       .BoardTop = 474,
       .BoxEnd = 544,
       .DragPitch = 568,
-      .List1Left = 5400 + ShiftOfWideSmallBoard,
-      .List2Left = 7560 + ShiftOfWideSmallBoard,
-      .List3Left = 8880 + ShiftOfWideSmallBoard,
+      .GameListLeft = 5400 + ShiftOfWideSmallBoard,
+      .ChoiceListLeft = 7560 + ShiftOfWideSmallBoard,
+      .RootListLeft = 8880 + ShiftOfWideSmallBoard,
       .ListTop = 1400,
       .ListHeight = 3660,
       .NameLeft = 6000 + ShiftOfWideSmallBoard,
@@ -84,9 +84,9 @@ constexpr LayoutTable Tables[2][2] = {
       .BoardTop = 474,
       .BoxEnd = 434,
       .DragPitch = 458,
-      .List1Left = 5400,
-      .List2Left = 7560,
-      .List3Left = 8880,
+      .GameListLeft = 5400,
+      .ChoiceListLeft = 7560,
+      .RootListLeft = 8880,
       .ListTop = 1320,
       .ListHeight = 3660,
       .NameLeft = 6000,
@@ -107,9 +107,9 @@ constexpr LayoutTable Tables[2][2] = {
       .BoardTop = 473,
       .BoxEnd = 784,
       .DragPitch = 808,
-      .List1Left = 8940,
-      .List2Left = 11100,
-      .List3Left = 12420,
+      .GameListLeft = 8940,
+      .ChoiceListLeft = 11100,
+      .RootListLeft = 12420,
       .ListTop = 1365,
       .ListHeight = 7210,
       .NameLeft = 9540,
@@ -131,9 +131,9 @@ constexpr LayoutTable Tables[2][2] = {
       .BoxEnd = 629,
       // Five twips more than the true pitch: a drop far from its start may fall short by a cell, and shall.
       .DragPitch = 653,
-      .List1Left = 7340,
-      .List2Left = 9500,
-      .List3Left = 10820,
+      .GameListLeft = 7340,
+      .ChoiceListLeft = 9500,
+      .RootListLeft = 10820,
       .ListTop = 1365,
       .ListHeight = 5610,
       .NameLeft = 7940,
@@ -156,39 +156,42 @@ void PlaceHeader(LayoutFields& Layout, const LayoutTable& T) {
     const std::int32_t NameWidth = T.MaterialLeft - T.NameLeft - Gap;
     const std::int32_t ColourWidth = T.NameLeft - T.ColourLeft - Gap / 3;
     const std::int32_t MaterialWidth = T.VariantLeft - T.MaterialLeft - Gap / 3;
-    Layout.PlaceOf(Control::Label1) = {T.NameLeft, UpperRow, NameWidth, LineHeight};
-    Layout.PlaceOf(Control::Label2) = {T.NameLeft, LowerRow, NameWidth, LineHeight};
-    Layout.PlaceOf(Control::Label3) = {T.ColourLeft, UpperRow, ColourWidth, LineHeight};
-    Layout.PlaceOf(Control::Label4) = {T.ColourLeft, LowerRow, ColourWidth, LineHeight};
-    Layout.PlaceOf(Control::Label5) = {T.MaterialLeft, UpperRow, MaterialWidth, LineHeight};
-    Layout.PlaceOf(Control::Label6) = {T.MaterialLeft, LowerRow, MaterialWidth, LineHeight};
-    Layout.PlaceOf(Control::Label7) = {T.StrengthLeft, LowerRow, T.Right - T.StrengthLeft, LineHeight};
-    Layout.PlaceOf(Control::Label8) = {T.VariantLeft, UpperRow, T.Right - T.VariantLeft, LineHeight};
+    Layout.PlaceOf(Control::UpperName) = {T.NameLeft, UpperRow, NameWidth, LineHeight};
+    Layout.PlaceOf(Control::LowerName) = {T.NameLeft, LowerRow, NameWidth, LineHeight};
+    Layout.PlaceOf(Control::UpperColour) = {T.ColourLeft, UpperRow, ColourWidth, LineHeight};
+    Layout.PlaceOf(Control::LowerColour) = {T.ColourLeft, LowerRow, ColourWidth, LineHeight};
+    Layout.PlaceOf(Control::UpperMaterial) = {T.MaterialLeft, UpperRow, MaterialWidth, LineHeight};
+    Layout.PlaceOf(Control::LowerMaterial) = {T.MaterialLeft, LowerRow, MaterialWidth, LineHeight};
+    Layout.PlaceOf(Control::StrengthLine) = {T.StrengthLeft, LowerRow, T.Right - T.StrengthLeft, LineHeight};
+    Layout.PlaceOf(Control::VariantLine) = {T.VariantLeft, UpperRow, T.Right - T.VariantLeft, LineHeight};
 }
 
 void PlaceLists(LayoutFields& Layout, const LayoutTable& T) {
-    Layout.PlaceOf(Control::List1) = {T.List1Left, T.ListTop, T.List2Left - T.List1Left - Gap, T.ListHeight};
-    Layout.PlaceOf(Control::List2) = {T.List2Left, T.ListTop, T.List3Left - T.List2Left - Gap, T.ListHeight};
-    Layout.PlaceOf(Control::List3) = {T.List3Left, T.ListTop, T.Right - T.List3Left, T.ListHeight};
+    Layout.PlaceOf(Control::GameList) = {T.GameListLeft, T.ListTop, T.ChoiceListLeft - T.GameListLeft - Gap,
+                                         T.ListHeight};
+    Layout.PlaceOf(Control::ChoiceList) = {T.ChoiceListLeft, T.ListTop, T.RootListLeft - T.ChoiceListLeft - Gap,
+                                           T.ListHeight};
+    Layout.PlaceOf(Control::RootList) = {T.RootListLeft, T.ListTop, T.Right - T.RootListLeft, T.ListHeight};
 }
 
 // The labels of the pieces off the board stand in a row for which the comment box gives up its upper part.
 void PlaceExtraPieces(ViewState& State, const LayoutTable& T) {
-    static constexpr Control Row[] = {Control::Label10, Control::Label11, Control::Label12, Control::Label13,
-                                      Control::Label14};
+    static constexpr Control Row[] = {Control::ExtraHeading, Control::ExtraBlackName, Control::ExtraBlackCount,
+                                      Control::ExtraWhiteName, Control::ExtraWhiteCount};
     const bool Shown = State.RuleSet.canContract != 0;
     for (int I = 0; I < 5; ++I) {
         State.Layout.PlaceOf(Row[I]) = {T.Comment.Left + ExtraColumns[I], T.ExtraRow,
                                         ExtraColumns[I + 1] - ExtraColumns[I] - Gap / 3, ExtraRowHeight};
     }
-    State.Label10.Text = "Extra Pieces:";
-    State.Label11.Text = "Black";
-    State.Label13.Text = "White";
-    for (LabelFields* Label : {&State.Label10, &State.Label11, &State.Label12, &State.Label13, &State.Label14}) {
+    State.ExtraHeading.Text = "Extra Pieces:";
+    State.ExtraBlackName.Text = "Black";
+    State.ExtraWhiteName.Text = "White";
+    for (LabelFields* Label : {&State.ExtraHeading, &State.ExtraBlackName, &State.ExtraBlackCount,
+                               &State.ExtraWhiteName, &State.ExtraWhiteCount}) {
         Label->Visible = Shown;
     }
     if (Shown) {
-        Rectangle& Comment = State.Layout.PlaceOf(Control::Text1);
+        Rectangle& Comment = State.Layout.PlaceOf(Control::CommentBox);
         const std::int32_t Bottom = Comment.Top + Comment.Height;
         Comment.Top = T.ExtraRow + ExtraRowHeight;
         Comment.Height = Bottom - Comment.Top;
@@ -218,9 +221,9 @@ void LayoutWindow(ViewState& State) {
     Layout.DragPitch = !HasEdges(State) && !Dense ? DragPitchOfUnsizedSkin : T.DragPitch;
     PlaceHeader(Layout, T);
     PlaceLists(Layout, T);
-    Layout.PlaceOf(Control::Label9) = T.Calculation;
-    Layout.PlaceOf(Control::Text1) = T.Comment;
-    Layout.PlaceOf(Control::Text2) = T.Typed;
+    Layout.PlaceOf(Control::Calculation) = T.Calculation;
+    Layout.PlaceOf(Control::CommentBox) = T.Comment;
+    Layout.PlaceOf(Control::MoveBox) = T.Typed;
     Layout.PlaceOf(Control::Progress) = T.Progress;
     PlaceExtraPieces(State, T);
     Layout.Width = T.Right + Margin;

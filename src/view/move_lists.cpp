@@ -20,17 +20,17 @@ void RefreshMoveChoices(ViewState& State) {
     if (rules::MoveCountOfPly(State) <= 0) {
         rules::GenerateGameMoves(State);
     }
-    State.List2.Lines.clear();
-    State.List2.Selected = -1;
+    State.ChoiceList.Lines.clear();
+    State.ChoiceList.Selected = -1;
     for (int I = State.StackLimit[State.Ply]; I < State.StackLimit[State.Ply + 1]; ++I) {
         rules::DisplayMove(State, I);
-        State.List2.Lines.emplace_back(State.MoveText.View());
+        State.ChoiceList.Lines.emplace_back(State.MoveText.View());
     }
 }
 
 void ShowRootMoves(ViewState& State) {
-    State.List3.Lines.clear();
-    State.List3.Selected = -1;
+    State.RootList.Lines.clear();
+    State.RootList.Selected = -1;
     for (const engine::RootMove& Move : State.RootMoves) {
         if (Move.Source == engine::UnsetScore) {
             continue;
@@ -44,7 +44,7 @@ void ShowRootMoves(ViewState& State) {
         if (Move.Score != engine::UnsetScore) {
             Line += base::PadLeft(std::to_string(Move.Score), ScoreWidth);
         }
-        State.List3.Lines.push_back(std::move(Line));
+        State.RootList.Lines.push_back(std::move(Line));
     }
 }
 
@@ -67,7 +67,7 @@ std::string StrengthText(const ViewState& State) {
 }
 
 void ShowStrength(ViewState& State) {
-    State.Label7.Text = StrengthText(State);
+    State.StrengthLine.Text = StrengthText(State);
 }
 
 void ShowVariantTitle(ViewState& State) {
@@ -79,7 +79,7 @@ void ShowVariantTitle(ViewState& State) {
 }
 
 void ShowTitle(ViewState& State) {
-    State.Label8.Text = State.VariantTitle;
+    State.VariantLine.Text = State.VariantTitle;
     State.Caption = " " + std::string(ProductName) + " - " + State.VariantTitle;
 }
 

@@ -9,13 +9,13 @@
 
 namespace zonterbrook::view {
 
-/// Lists the moves of the position in `List2`, generating them anew if the ply has none.
+/// Lists the moves of the position in `ChoiceList`, generating them anew if the ply has none.
 void RefreshMoveChoices(ViewState& State);
 
-/// Lists `RootMoves` in `List3`, one line for each: squares and score.
+/// Lists `RootMoves` in `RootList`, one line for each: squares and score.
 void ShowRootMoves(ViewState& State);
 
-/// The line of a half-move in `List1`: the number of its row before an odd one, six blanks before an even one.
+/// The line of a half-move in `GameList`: the number of its row before an odd one, six blanks before an even one.
 std::string MoveListLine(int HalfMove, std::string_view DisplayText);
 
 /// "Strength:9   Time:2 sec", and the label that shows it.

@@ -105,25 +105,25 @@ struct ProgressFields {
 
 /// The controls that `LayoutWindow` places.
 enum class Control : std::uint8_t {
-    Label1,
-    Label2,
-    Label3,
-    Label4,
-    Label5,
-    Label6,
-    Label7,
-    Label8,
-    Label9,
-    Label10,
-    Label11,
-    Label12,
-    Label13,
-    Label14,
-    List1,
-    List2,
-    List3,
-    Text1,
-    Text2,
+    UpperName,
+    LowerName,
+    UpperColour,
+    LowerColour,
+    UpperMaterial,
+    LowerMaterial,
+    StrengthLine,
+    VariantLine,
+    Calculation,
+    ExtraHeading,
+    ExtraBlackName,
+    ExtraBlackCount,
+    ExtraWhiteName,
+    ExtraWhiteCount,
+    GameList,
+    ChoiceList,
+    RootList,
+    CommentBox,
+    MoveBox,
     Progress,
 };
 inline constexpr int ControlCount = static_cast<int>(Control::Progress) + 1;
@@ -161,25 +161,25 @@ struct WindowContents {
     bool FrameShown = false;
     Rectangle BoardFrame;
     LayoutFields Layout;
-    ListFields List1;    ///< the game's moves
-    ListFields List2;    ///< the moves that may be played
-    ListFields List3;    ///< the root moves of the last calculation
-    TextBoxFields Text1; ///< the comment
-    TextBoxFields Text2; ///< the typed move
-    LabelFields Label1;  ///< name of the upper player
-    LabelFields Label2;  ///< of the lower one
-    LabelFields Label3;  ///< colour of the upper player
-    LabelFields Label4;  ///< of the lower one
-    LabelFields Label5;  ///< material of the upper player
-    LabelFields Label6;  ///< of the lower one
-    LabelFields Label7;  ///< strength, and depth or time
-    LabelFields Label8;  ///< the variant's name
-    LabelFields Label9;  ///< the calculation
-    LabelFields Label10; ///< "Extra Pieces:", and what belongs to it
-    LabelFields Label11;
-    LabelFields Label12; ///< pieces of Black still off the board
-    LabelFields Label13;
-    LabelFields Label14; ///< of White
+    ListFields GameList;       ///< the game's moves
+    ListFields ChoiceList;     ///< the moves that may be played
+    ListFields RootList;       ///< the root moves of the last calculation
+    TextBoxFields CommentBox;  ///< the comment
+    TextBoxFields MoveBox;     ///< the typed move
+    LabelFields UpperName;     ///< name of the upper player
+    LabelFields LowerName;     ///< of the lower one
+    LabelFields UpperColour;   ///< colour of the upper player
+    LabelFields LowerColour;   ///< of the lower one
+    LabelFields UpperMaterial; ///< material of the upper player
+    LabelFields LowerMaterial; ///< of the lower one
+    LabelFields StrengthLine;  ///< strength, and depth or time
+    LabelFields VariantLine;   ///< the variant's name
+    LabelFields Calculation;   ///< the calculation
+    LabelFields ExtraHeading;  ///< "Extra Pieces:", and what belongs to it
+    LabelFields ExtraBlackName;
+    LabelFields ExtraBlackCount; ///< pieces of Black still off the board
+    LabelFields ExtraWhiteName;
+    LabelFields ExtraWhiteCount; ///< of White
     ProgressFields Progress;
     base::CheckedArray<std::string, StatusPanelCount> StatusPanels{};
     base::CheckedArray<CommandState, CommandCount> Commands{};
@@ -190,12 +190,13 @@ struct WindowContents {
     bool operator==(const WindowContents&) const = default;
 };
 
-/// The labels by number, `Label1` at 0.
+/// The labels by number, `UpperName` at 0.
 inline constexpr LabelFields WindowContents::*Labels[] = {
-    &WindowContents::Label1,  &WindowContents::Label2,  &WindowContents::Label3,  &WindowContents::Label4,
-    &WindowContents::Label5,  &WindowContents::Label6,  &WindowContents::Label7,  &WindowContents::Label8,
-    &WindowContents::Label9,  &WindowContents::Label10, &WindowContents::Label11, &WindowContents::Label12,
-    &WindowContents::Label13, &WindowContents::Label14};
+    &WindowContents::UpperName,      &WindowContents::LowerName,      &WindowContents::UpperColour,
+    &WindowContents::LowerColour,    &WindowContents::UpperMaterial,  &WindowContents::LowerMaterial,
+    &WindowContents::StrengthLine,   &WindowContents::VariantLine,    &WindowContents::Calculation,
+    &WindowContents::ExtraHeading,   &WindowContents::ExtraBlackName, &WindowContents::ExtraBlackCount,
+    &WindowContents::ExtraWhiteName, &WindowContents::ExtraWhiteCount};
 
 inline constexpr std::int32_t ComputerPlayer = 0;
 inline constexpr std::int32_t PlayerPlayer = 1;

@@ -50,11 +50,11 @@ TEST_F(ComputerMoves, AMoveIsPlayedAndRecorded) {
     EXPECT_EQ(9, State.MoveChoices[1]);
     EXPECT_EQ(control::MovedByComputer, State.GameMoveRow[1].FirstSource);
     EXPECT_EQ("10", State.GameMoveRow[1].Level);
-    const std::string Move = State.List1.Lines.at(0).substr(6);
+    const std::string Move = State.GameList.Lines.at(0).substr(6);
     EXPECT_EQ(State.GameMoveRow[1].FirstMove, Move.substr(0, 2) + Move.substr(3, 2) + " " + Move);
-    EXPECT_EQ(9U, State.List2.Lines.size());
-    EXPECT_EQ(9U, State.List3.Lines.size());
-    EXPECT_EQ(Move, State.List3.Lines[0].substr(0, 5)) << "the best move stands first";
+    EXPECT_EQ(9U, State.ChoiceList.Lines.size());
+    EXPECT_EQ(9U, State.RootList.Lines.size());
+    EXPECT_EQ(Move, State.RootList.Lines[0].substr(0, 5)) << "the best move stands first";
     EXPECT_EQ(std::vector<std::string>{"sounds/click.wav"}, World.Sounds);
     EXPECT_EQ(1, State.GameChanged);
     EXPECT_EQ("", Complaint(State));
@@ -81,7 +81,7 @@ TEST_F(ComputerMoves, WhatLayAheadIsDropped) {
     }
     State.MoveComment[4] = "late";
     Run(First);
-    Nodes.OnNode = [&] { EXPECT_TRUE(State.List1.Lines.empty()) << "still listed while the computer thinks"; };
+    Nodes.OnNode = [&] { EXPECT_TRUE(State.GameList.Lines.empty()) << "still listed while the computer thinks"; };
     Think();
     EXPECT_EQ(1, State.MoveCount);
     EXPECT_EQ("", State.MoveComment[4]);
@@ -100,8 +100,8 @@ TEST_F(ComputerMoves, TheCalculationIsShown) {
     Think();
     EXPECT_EQ(1U, Seen.count("Thinking... (4)  d4-e5"));
     EXPECT_EQ("", Status());
-    const std::string Move = State.List1.Lines[0].substr(6);
-    const std::string& Label = State.Label9.Text;
+    const std::string Move = State.GameList.Lines[0].substr(6);
+    const std::string& Label = State.Calculation.Text;
     EXPECT_EQ(0U, Label.find("Depth: 4   Best: " + Move + "   Score:")) << Label;
     EXPECT_NE(std::string::npos, Label.find("\nTime: 00:")) << Label;
     EXPECT_EQ(36.0, State.Progress.Value);
@@ -116,7 +116,7 @@ TEST_F(ComputerMoves, TheCalculationIsNotShownWhenItIsOff) {
     bool Said = false;
     Nodes.OnNode = [&] { Said |= Status() != "Thinking..."; };
     Think();
-    EXPECT_EQ("no calculation", State.Label9.Text);
+    EXPECT_EQ("no calculation", State.Calculation.Text);
     EXPECT_FALSE(Said) << "the moves under examination are part of the calculation";
     EXPECT_NE(0, State.HintSource) << "the expected reply is known all the same";
     EXPECT_NE(std::string::npos, World.Log.find("   M:   T: "));
@@ -143,12 +143,12 @@ TEST_F(ComputerMoves, ByTimeTheClockStopsTheSearchThroughMidnightToo) {
         };
         Think();
         EXPECT_EQ(0, State.StopAutoPlay) << "the clock's stop is nobody's wish";
-        EXPECT_EQ(0, State.CancelRequested);
+        EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
         EXPECT_GE(Spent, 2.0);
         EXPECT_LT(Spent, 10.0) << "stopped long after its time";
         EXPECT_GT(State.MoveDepths[State.GameMoves], 2);
         EXPECT_EQ(2.0, State.Progress.Value);
-        EXPECT_EQ("Strength:10   Time:2 sec", State.Label7.Text);
+        EXPECT_EQ("Strength:10   Time:2 sec", State.StrengthLine.Text);
     }
     EXPECT_EQ(2, State.GameMoves);
 }
@@ -159,8 +159,8 @@ TEST_F(ComputerMoves, NothingCanBePressedButCancel) {
         ExpectCan(false, {New1, NewVariant, Open1, Save, mnuProblem, Compute, Analyze, First, Moveback, Last, Resign,
                           MoveForward, Offerdraw, Hint, Cplayer, Pplayer, Options, Turn, mnu_Play_Ccomputer});
         ExpectCan(true, {mnu_Play_Cancel});
-        EXPECT_FALSE(State.Text2.Enabled);
-        EXPECT_FALSE(State.List1.Enabled || State.List2.Enabled || State.List3.Enabled);
+        EXPECT_FALSE(State.MoveBox.Enabled);
+        EXPECT_FALSE(State.GameList.Enabled || State.ChoiceList.Enabled || State.RootList.Enabled);
         EXPECT_EQ(1, State.Thinking);
     };
     Nodes.OnNode = Look;
@@ -168,12 +168,12 @@ TEST_F(ComputerMoves, NothingCanBePressedButCancel) {
     Think();
     ExpectCan(true, {New1, Compute, First, Moveback, Offerdraw, Resign, Cplayer, Pplayer, mnu_Play_Ccomputer, Turn});
     ExpectCan(false, {mnu_Play_Cancel, MoveForward});
-    EXPECT_TRUE(State.Text2.Enabled && State.List1.Enabled && State.List2.Enabled && State.List3.Enabled);
+    EXPECT_TRUE(State.MoveBox.Enabled && State.GameList.Enabled && State.ChoiceList.Enabled && State.RootList.Enabled);
 }
 
 TEST_F(ComputerMoves, ACommentTypedInMidSearchBelongsToTheMoveThatIsThoughtAbout) {
     State.SearchDepth = 4;
-    State.Text1.Text = "deep";
+    State.CommentBox.Text = "deep";
     Nodes.OnNode = [&] { control::Text1_KeyUp(State); };
     Think();
     EXPECT_EQ("deep", State.MoveComment[1]);
@@ -263,9 +263,12 @@ TEST_P(Ends, AreAnnouncedOnceAfterTheMoveIsSeen) {
     WriteRules(State, Row.Rules);
     Lay(Row.Pieces);
     State.SearchDepth = 3;
-    World.OnWait = [&] { State.CancelRequested = Row.Cancelled && State.GameMoves == 0 ? 1 : 0; };
+    World.OnWait = [&] {
+        State.CancelRequested =
+            Row.Cancelled && State.GameMoves == 0 ? rules::StopRequest::Person : rules::StopRequest::None;
+    };
     ExpectCongratulation(Row.Text);
-    World.OnMessage = [&] { EXPECT_EQ(static_cast<std::size_t>(Row.Moves), State.List1.Lines.size()); };
+    World.OnMessage = [&] { EXPECT_EQ(static_cast<std::size_t>(Row.Moves), State.GameList.Lines.size()); };
     Think();
     EXPECT_EQ(Row.Moves, State.GameMoves);
     EXPECT_TRUE(State.HintSource == 0 || std::string_view(Row.Result) != "1-0") << "of a side that can't reply";
@@ -305,7 +308,7 @@ TEST_F(ComputerMoves, WinsAndLossesAreRated) {
     ASSERT_EQ(2, State.GameMoves);
     ExpectCongratulation("White wins!  Great game\n\nYour previous rating was 1200\n"
                          "The computers' rating in this game was 1700\nYour new rating is 1228\n");
-    DoubleClickMove(State.List2.Lines.at(0));
+    DoubleClickMove(State.ChoiceList.Lines.at(0));
     EXPECT_EQ(1228, State.Rating);
     State.RatingAllowed = 1;
     State.Rating = 1200;
@@ -394,33 +397,33 @@ TEST_F(ComputerMoves, CancelPlaysTheBestMoveSoFar) {
     EXPECT_LT(Nodes.Nodes, 3100U);
     EXPECT_GT(State.MoveDepths[1], 1);
     EXPECT_LT(State.MoveDepths[1], 12);
-    EXPECT_EQ(0, State.CancelRequested);
+    EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
     ExpectConsistent();
 }
 
 TEST_F(ComputerMoves, CancelBeforeAnythingIsKnownPlaysTheFirstMove) {
-    const std::string First = State.List2.Lines.at(0);
+    const std::string First = State.ChoiceList.Lines.at(0);
     State.SearchDepth = 5;
     State.BestScore = 17;
     World.OnWait = [&] { Run(mnu_Play_Cancel); };
     Think();
     ASSERT_EQ(1, State.GameMoves);
-    EXPECT_EQ("   1. " + First, State.List1.Lines[0]);
+    EXPECT_EQ("   1. " + First, State.GameList.Lines[0]);
     EXPECT_EQ(0, State.MoveScores[1]) << "what an unwinding search says of it";
     EXPECT_EQ(1, State.StopAutoPlay);
-    EXPECT_EQ(0, State.CancelRequested);
+    EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
 }
 
 TEST_F(ComputerMoves, AnOldCancelDoesNotStopTheNextSearchAndNoneIsAskedForWithoutOne) {
     control::mnu_Play_Cancel_Click(State);
-    EXPECT_EQ(0, State.CancelRequested);
-    State.CancelRequested = 1;
+    EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
+    State.CancelRequested = rules::StopRequest::Person;
     State.SearchDepth = 3;
     State.UseBook = 1;
     Think();
     EXPECT_EQ(3, State.MoveDepths[1]);
     EXPECT_EQ(0, State.BookOpen) << "a book that is not there is asked again at every move";
-    EXPECT_NE('b', State.List1.Lines[0].back());
+    EXPECT_NE('b', State.GameList.Lines[0].back());
 }
 
 using Stopped = RowsOf<ComputerMoves, const char*>;
@@ -437,10 +440,12 @@ TEST_P(Stopped, SearchesLeaveTheRootExactly) {
             *Before = State;
             engine::PrepareSearch(State);
             Nodes.Nodes = 0;
-            Nodes.OnNode = [&] { State.CancelRequested = Nodes.Nodes == StopAt ? 1 : State.CancelRequested; };
+            Nodes.OnNode = [&] {
+                State.CancelRequested = Nodes.Nodes == StopAt ? rules::StopRequest::Person : State.CancelRequested;
+            };
             engine::RootSearch(State, {6, false, 0}, 0, Nobody);
             Nodes.OnNode = nullptr;
-            State.CancelRequested = 0;
+            State.CancelRequested = rules::StopRequest::None;
             ASSERT_TRUE(engine::SameRoot(*Before, State)) << "stopped at node " << StopAt;
             ASSERT_EQ("", rules::CheckPosition(State)) << "stopped at node " << StopAt;
         }

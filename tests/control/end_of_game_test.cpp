@@ -147,7 +147,7 @@ TEST_P(Wins, AreAnnouncedOnceTheMoveHasBeenSeen) {
     const double Before = World.Waited;
     World.OnWait = [&] {
         ExpectCan(false, {New1, Moveback});
-        EXPECT_FALSE(State.Text2.Enabled);
+        EXPECT_FALSE(State.MoveBox.Enabled);
         EXPECT_NE(0, State.Thinking);
     };
     World.OnMessage = [&] {

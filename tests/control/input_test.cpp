@@ -18,15 +18,15 @@ protected:
     void Up(std::string_view Name) { control::c_MouseUp(State, Cell(Name), LeftButton, 10, 10); }
     void UpRight(std::string_view Name, int X = 10) { control::c_MouseUp(State, Cell(Name), RightButton, X, 10); }
     void DoubleClickLine(std::string_view Line) {
-        State.List2.Lines = {std::string(Line)};
-        State.List2.Selected = 0;
+        State.ChoiceList.Lines = {std::string(Line)};
+        State.ChoiceList.Selected = 0;
         control::List2_DblClick(State);
     }
     void ExpectNothingPlayed(std::string_view Square, std::int32_t Piece) {
         EXPECT_EQ(0, State.GameMoves);
         EXPECT_EQ(Piece, PieceOn(Square));
         EXPECT_EQ(-1, State.SourceCell);
-        EXPECT_TRUE(State.List1.Lines.empty());
+        EXPECT_TRUE(State.GameList.Lines.empty());
         ExpectConsistent();
     }
 };
@@ -150,14 +150,14 @@ TEST_F(Input, ACircularCaptureIsDroppedWhereItBegan) {
     EXPECT_EQ(1, State.CycleMove);
     Release("c3", "c3");
     ASSERT_EQ(1, State.GameMoves);
-    EXPECT_EQ("   1. c3xc3", State.List1.Lines[0]);
+    EXPECT_EQ("   1. c3xc3", State.GameList.Lines[0]);
 }
 
 TEST_F(Input, OfTwoCapturesWithTheSameEndsTheFirstIsPlayed) {
     // c3 to c7 round the right or round the left; forward captures alone, so that nobody comes full circle.
     State.RuleSet.MovementStrings[0].Assign("NW;NE NW;NE");
     Lay("w c3, b d4, b d6, b b4, b b6, b j0");
-    ASSERT_EQ(2U, State.List2.Lines.size());
+    ASSERT_EQ(2U, State.ChoiceList.Lines.size());
     const rules::CapturePath First = State.MoveStack[0].Captures;
     Drag("c3", "c7");
     EXPECT_EQ(First, State.PlayedMoves[1].Record.Captures);
@@ -169,12 +169,12 @@ TEST_F(Input, NobodyPlaysWhileTheComputerThinksOrAfterTheGame) {
         const view::WindowContents Before = State;
         Drag("d4", "e5");
         Type("d4e5");
-        State.Text2.Text.clear();
+        State.MoveBox.Text.clear();
         DoubleClickMove("d4-e5");
-        State.List2.Selected = -1;
-        State.List3.Selected = 0;
+        State.ChoiceList.Selected = -1;
+        State.RootList.Selected = 0;
         control::List3_DblClick(State);
-        State.List3.Selected = -1;
+        State.RootList.Selected = -1;
         EXPECT_EQ(0, State.GameMoves);
         EXPECT_TRUE(Before == static_cast<const view::WindowContents&>(State));
         *Flag = 0;
@@ -287,18 +287,18 @@ TEST_P(Typed, MovesAreReadAsPeopleWriteThem) {
     if (*Row.Pieces != '\0') {
         Lay(Row.Pieces);
     }
-    State.NotationMode = Row.Notation;
-    State.Text2.Text = Row.Text;
+    State.NotationMode = static_cast<rules::Notation>(Row.Notation);
+    State.MoveBox.Text = Row.Text;
     control::Text2_KeyUp(State, 'e');
-    EXPECT_EQ(Row.Text, State.Text2.Text) << "only Enter plays";
+    EXPECT_EQ(Row.Text, State.MoveBox.Text) << "only Enter plays";
     if (*Row.Line == '\0') {
         World.ExpectMessage("Error", "Illegal move");
     }
     control::Text2_KeyUp(State, control::EnterKey);
-    EXPECT_EQ("", State.Text2.Text);
-    ASSERT_EQ(*Row.Line == '\0' ? 0U : 1U, State.List1.Lines.size());
+    EXPECT_EQ("", State.MoveBox.Text);
+    ASSERT_EQ(*Row.Line == '\0' ? 0U : 1U, State.GameList.Lines.size());
     if (*Row.Line != '\0') {
-        EXPECT_EQ(Row.Line, State.List1.Lines[0]);
+        EXPECT_EQ(Row.Line, State.GameList.Lines[0]);
     }
 }
 
@@ -325,7 +325,7 @@ TEST_F(Input, TheColonStandsForACaptureIfSoChosen) {
     State.ColonCapture = 1;
     Lay(Jumper);
     Type("c3:e5");
-    EXPECT_EQ("   1. c3:e5", State.List1.Lines.at(0));
+    EXPECT_EQ("   1. c3:e5", State.GameList.Lines.at(0));
 }
 
 TEST_F(Input, ALineOfSixCharactersLosesItsMark) {
@@ -338,25 +338,25 @@ TEST_F(Input, ALineOfSixCharactersLosesItsMark) {
 
 TEST_F(Input, ARefusedLineShutsTheListWhileItIsSaid) {
     bool EnabledMeanwhile = true;
-    World.OnMessage = [&] { EnabledMeanwhile = State.List2.Enabled; };
+    World.OnMessage = [&] { EnabledMeanwhile = State.ChoiceList.Enabled; };
     World.ExpectMessage("Error", "Illegal move");
     DoubleClickLine("a1-b2");
     EXPECT_FALSE(EnabledMeanwhile);
-    EXPECT_TRUE(State.List2.Enabled);
+    EXPECT_TRUE(State.ChoiceList.Enabled);
 }
 
 TEST_F(Input, ARootMoveIsPlayedByItsPlace) {
     World.ExpectMessage("Error", "List3_DblClick   K= 101");
-    State.List3.Selected = 101;
+    State.RootList.Selected = 101;
     control::List3_DblClick(State);
     EXPECT_EQ(0, State.GameMoves);
     State.RootMoves[3] = {Square("d4"), Square("e5"), 5};
-    State.List3.Selected = 3;
-    State.List3.Lines = {"", "", "", "d4-e5"};
+    State.RootList.Selected = 3;
+    State.RootList.Lines = {"", "", "", "d4-e5"};
     control::List3_DblClick(State);
     EXPECT_EQ(rules::WhiteMan, PieceOn("e5"));
-    EXPECT_TRUE(State.List3.Lines.empty());
-    EXPECT_EQ("no calculation", State.Label9.Text);
+    EXPECT_TRUE(State.RootList.Lines.empty());
+    EXPECT_EQ("no calculation", State.Calculation.Text);
 }
 
 TEST_F(Input, APieceInHandEntersByItsSquareAlone) {
@@ -366,8 +366,8 @@ TEST_F(Input, APieceInHandEntersByItsSquareAlone) {
     Type("a1");
     ASSERT_EQ(1, State.GameMoves);
     EXPECT_EQ(1, State.PiecesInHandWhite);
-    EXPECT_EQ("   1. a1", State.List1.Lines[0]);
-    EXPECT_EQ("1", State.Label14.Text);
+    EXPECT_EQ("   1. a1", State.GameList.Lines[0]);
+    EXPECT_EQ("1", State.ExtraWhiteCount.Text);
 }
 
 // --- the right button --------------------------------------------------------------------------------------------
@@ -379,7 +379,7 @@ TEST_F(Input, TheRightButtonEditsTheSquare) {
     UpRight("d4");
     EXPECT_EQ(rules::BlackKing, PieceOn("d4"));
     EXPECT_EQ(rules::BlackKing, State.StartBoard[Square("d4")]);
-    EXPECT_TRUE(State.Label8.Text.ends_with(" (M)"));
+    EXPECT_TRUE(State.VariantLine.Text.ends_with(" (M)"));
     ExpectConsistent();
 
     // The press that follows the popup is ignored, and the next one on an empty square shows no numbers.
@@ -422,7 +422,7 @@ TEST_F(Input, TheBoardIsClearedAndTheSideChosen) {
     UpRight("e5");
     EXPECT_EQ(0, State.GameMoves);
     EXPECT_TRUE(rules::AllPieces(State).None());
-    EXPECT_TRUE(State.List2.Lines.empty());
+    EXPECT_TRUE(State.ChoiceList.Lines.empty());
     ExpectConsistent();
 }
 

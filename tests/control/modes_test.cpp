@@ -20,7 +20,7 @@ protected:
         EXPECT_EQ(WhiteMoves ? "Player" : "Computer", State.WhitePlayerName);
         EXPECT_EQ(WhiteMoves ? "Computer" : "Player", State.BlackPlayerName);
         const bool UpperIsPerson = WhiteMoves == (State.RuleSet.BlackStarts == 0);
-        EXPECT_EQ(UpperIsPerson ? "Player" : "Computer", State.Label1.Text);
+        EXPECT_EQ(UpperIsPerson ? "Player" : "Computer", State.UpperName.Text);
     }
 };
 
@@ -31,7 +31,7 @@ TEST_F(Modes, APersonGetsTheSideToMove) {
             Lay("w c3, w e3, b d8, b f8", Starts);
             EXPECT_EQ("PlayerPlayer", State.WhitePlayerName + State.BlackPlayerName);
             if (Moves == 1) {
-                DoubleClickMove(State.List2.Lines.at(0));
+                DoubleClickMove(State.ChoiceList.Lines.at(0));
             }
             Run(Cplayer);
             ExpectPersonToMove();
@@ -73,13 +73,13 @@ TEST_P(OwnPlayStops, WhenAsked) {
     const StopCase& Row = GetParam();
     State.SearchDepth = 4;
     State.ConfirmExit = 0;
-    State.CancelRequested = 1; // of an earlier search
+    State.CancelRequested = rules::StopRequest::Person; // of an earlier search
     int Asked = 0;
     const auto Stop = [&] {
         EXPECT_EQ("ComputerComputer", State.WhitePlayerName + State.BlackPlayerName);
         EXPECT_TRUE(State.CommandOf(mnu_Play_Ccomputer).Ticked);
-        EXPECT_TRUE(State.List2.Lines.empty() && State.List3.Lines.empty());
-        EXPECT_FALSE(State.List2.Enabled || State.List3.Enabled);
+        EXPECT_TRUE(State.ChoiceList.Lines.empty() && State.RootList.Lines.empty());
+        EXPECT_FALSE(State.ChoiceList.Enabled || State.RootList.Enabled);
         if (State.GameMoves != Row.InMove || Asked++ > 0) {
             return;
         }
@@ -108,14 +108,14 @@ TEST_P(OwnPlayStops, WhenAsked) {
     EXPECT_LT(0, Asked);
     EXPECT_EQ(Row.Moves, State.GameMoves);
     ExpectMode(view::ComputerPlayer, Cplayer);
-    EXPECT_EQ(0, State.CancelRequested);
+    EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
     EXPECT_EQ(0, State.RatingAllowed) << "such a game must not be rated";
     ExpectPersonToMove();
     EXPECT_EQ(Row.ByWindow ? 1 : 0, World.Closings);
     ExpectCan(true, {New1, Compute, Moveback, Offerdraw, Resign, Pplayer, mnu_Play_Ccomputer});
     ExpectCan(false, {mnu_Play_Cancel});
-    EXPECT_TRUE(State.Text2.Enabled && State.List2.Enabled && State.List3.Enabled);
-    EXPECT_EQ(static_cast<std::size_t>(rules::MoveCountOfPly(State)), State.List2.Lines.size());
+    EXPECT_TRUE(State.MoveBox.Enabled && State.ChoiceList.Enabled && State.RootList.Enabled);
+    EXPECT_EQ(static_cast<std::size_t>(rules::MoveCountOfPly(State)), State.ChoiceList.Lines.size());
     EXPECT_EQ("", Complaint(State));
 }
 
@@ -130,7 +130,9 @@ TEST_F(Modes, TheClockDoesNotEndOwnPlay) {
     State.FixedDepth = 0;
     State.TimeLimit = 1;
     Nodes.OnNode = [&] { World.Clock += 0.01; };
-    World.OnWait = [&] { State.CancelRequested = State.GameMoves == 6 ? 1 : State.CancelRequested; };
+    World.OnWait = [&] {
+        State.CancelRequested = State.GameMoves == 6 ? rules::StopRequest::Person : State.CancelRequested;
+    };
     Run(mnu_Play_Ccomputer);
     EXPECT_EQ(6, State.GameMoves);
 }

@@ -33,13 +33,13 @@ TEST_F(Navigation, FirstAndLastReachTheEndsAndBackAgain) {
     Play(FourMoves);
     Run(First);
     EXPECT_EQ(rules::White, State.Side);
-    EXPECT_EQ(-1, State.List1.Selected);
+    EXPECT_EQ(-1, State.GameList.Selected);
     ExpectCan(false, {First, Moveback});
     ExpectCan(true, {MoveForward, Last});
-    EXPECT_EQ(9U, State.List2.Lines.size());
-    EXPECT_FALSE(State.List3.Enabled);
+    EXPECT_EQ(9U, State.ChoiceList.Lines.size());
+    EXPECT_FALSE(State.RootList.Enabled);
     Run(Last);
-    EXPECT_EQ(3, State.List1.Selected);
+    EXPECT_EQ(3, State.GameList.Selected);
     ExpectCan(true, {First, Moveback});
     ExpectCan(false, {MoveForward, Last});
     ExpectTheWholeWay();
@@ -58,17 +58,17 @@ TEST_F(Navigation, StepsShowTheirMove) {
 TEST_F(Navigation, AClickGoesBehindItsLine) {
     Play(FourMoves);
     for (const int Line : {0, 3, 3, 0}) {
-        State.List1.Selected = Line;
+        State.GameList.Selected = Line;
         control::List1_MouseUp(State);
         EXPECT_EQ(Line + 1, State.GameMoves);
-        EXPECT_EQ(Line, State.List1.Selected);
+        EXPECT_EQ(Line, State.GameList.Selected);
     }
-    State.List1.Selected = 2;
+    State.GameList.Selected = 2;
     control::List1_KeyDown(State, 40);
     EXPECT_EQ(1, State.GameMoves) << "a key that is not Enter";
     control::List1_KeyDown(State, control::EnterKey);
     EXPECT_EQ(3, State.GameMoves);
-    State.List1.Selected = -1;
+    State.GameList.Selected = -1;
     control::List1_MouseUp(State);
     EXPECT_EQ(3, State.GameMoves) << "no line is no place";
 }
@@ -88,7 +88,7 @@ TEST_F(Navigation, AtTheEndsAndWhileTheComputerThinksNothingHappens) {
     State.Thinking = 1;
     control::First_Click(State);
     control::Moveback_Click(State);
-    State.List1.Selected = 0;
+    State.GameList.Selected = 0;
     control::List1_MouseUp(State);
     EXPECT_EQ(2, State.GameMoves);
 }
@@ -125,15 +125,15 @@ TEST_F(Navigation, AKingTakenOffByItsOwnCircleStandsAgain) {
 }
 
 TEST_F(Navigation, CommentsFollowTheCursor) {
-    State.Text1.Text = "first";
+    State.CommentBox.Text = "first";
     control::Text1_KeyUp(State);
     Play("d4e5 e7d6");
     Run(Moveback);
-    EXPECT_EQ("first", State.Text1.Text);
+    EXPECT_EQ("first", State.CommentBox.Text);
     Run(Moveback);
-    EXPECT_EQ("", State.Text1.Text);
+    EXPECT_EQ("", State.CommentBox.Text);
     Run(MoveForward);
-    EXPECT_EQ("first", State.Text1.Text);
+    EXPECT_EQ("first", State.CommentBox.Text);
 }
 
 TEST_F(Navigation, BackFromAResignationTheGameGoesOn) {
@@ -147,7 +147,7 @@ TEST_F(Navigation, BackFromAResignationTheGameGoesOn) {
     Run(Moveback);
     EXPECT_EQ(0, State.GameEnded);
     ExpectCan(true, {Resign, Compute});
-    EXPECT_TRUE(State.List2.Enabled);
+    EXPECT_TRUE(State.ChoiceList.Enabled);
 }
 
 TEST_F(Navigation, ALostPositionIsLostAgainAtTheEndOfTheRecord) {
@@ -182,8 +182,8 @@ TEST_F(Navigation, ALongGameOfKingsRunsToTheLimitOfTheRecord) {
         ASSERT_FALSE(HasFatalFailure());
     }
     ExpectOver("It's a draw!", "1/2-1/2");
-    EXPECT_EQ(1000U, State.List1.Lines.size());
-    EXPECT_EQ(" 500. d2-c1", State.List1.Lines[998]);
+    EXPECT_EQ(1000U, State.GameList.Lines.size());
+    EXPECT_EQ(" 500. d2-c1", State.GameList.Lines[998]);
     Run(First);
     Run(Last);
     EXPECT_EQ(1000, State.GameMoves);

@@ -20,7 +20,7 @@ protected:
 
 TEST_F(NewGames, ForgetWhatWasPlayedUnlessTheAnswerIsNo) {
     BetweenPersons();
-    State.Text1.Text = "note";
+    State.CommentBox.Text = "note";
     control::Text1_KeyUp(State);
     Drag("d4", "e5");
     State.DrawCode = 3;
@@ -57,7 +57,7 @@ TEST_F(NewGames, AfterAResultEverythingIsOpenAgain) {
     Begin(true);
     EXPECT_EQ(0, State.GameEnded);
     EXPECT_EQ("", State.ResultText);
-    EXPECT_TRUE(State.List2.Enabled);
+    EXPECT_TRUE(State.ChoiceList.Enabled);
     ExpectCan(true, {Compute});
     ExpectMen(20);
 }
@@ -68,7 +68,7 @@ TEST_F(NewGames, LotsDecideWhoBegins) {
         World.Chances = {Chance};
         Run(New1);
         EXPECT_EQ(Black ? "Black moves" : "White moves", Status()) << Chance;
-        EXPECT_EQ(Black ? "Black" : "White", State.Label3.Text);
+        EXPECT_EQ(Black ? "Black" : "White", State.UpperColour.Text);
     }
 }
 

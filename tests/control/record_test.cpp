@@ -12,7 +12,7 @@ using Texts = std::vector<std::string>;
 class Record : public PersonsFixture {
 protected:
     void Comment(std::string_view Text) {
-        State.Text1.Text = Text;
+        State.CommentBox.Text = Text;
         control::Text1_KeyUp(State);
     }
 };
@@ -20,13 +20,13 @@ protected:
 TEST_F(Record, AGameByMouseTypingAndDoubleClick) {
     Drag("d4", "e5");
     EXPECT_EQ(1, State.GameChanged);
-    const std::size_t Choices = State.List2.Lines.size();
+    const std::size_t Choices = State.ChoiceList.Lines.size();
     State.UseSound = 1;
     Type("e7-d6");
     EXPECT_EQ(Texts{"sounds/click.wav"}, World.Sounds) << "each move is heard once, and none if sounds are off";
     DoubleClickMove("f4-g5");
-    EXPECT_EQ((Texts{"   1. d4-e5", "      e7-d6", "   2. f4-g5"}), State.List1.Lines);
-    EXPECT_EQ(2, State.List1.Selected);
+    EXPECT_EQ((Texts{"   1. d4-e5", "      e7-d6", "   2. f4-g5"}), State.GameList.Lines);
+    EXPECT_EQ(2, State.GameList.Selected);
     EXPECT_EQ("d4e5 d4-e5", State.GameMoveRow[1].FirstMove);
     EXPECT_EQ("e7d6 e7-d6", State.GameMoveRow[1].SecondMove);
     EXPECT_EQ("2", State.GameMoveRow[1].FirstSource);
@@ -45,7 +45,7 @@ TEST_F(Record, AGameByMouseTypingAndDoubleClick) {
 TEST_F(Record, CapturesAndCrowningsAreWrittenAndWeighed) {
     Lay("w c3, w a9, b d4, b h8, b j0");
     Play("c3e5 h8g7 a9b0");
-    EXPECT_EQ((Texts{"   1. c3xe5", "      h8-g7", "   2. a9-b0K"}), State.List1.Lines);
+    EXPECT_EQ((Texts{"   1. c3xe5", "      h8-g7", "   2. a9-b0K"}), State.GameList.Lines);
     EXPECT_EQ(500, State.TotalMaterialAt[0]);
     EXPECT_EQ(400, State.TotalMaterialAt[1]);
     EXPECT_EQ(0, State.MaterialAt[1]) << "two against two, seen by the side to move";
@@ -56,7 +56,7 @@ TEST_F(Record, TheCommentBelongsToTheMoveToCome) {
     Comment("a bold start");
     Drag("d4", "e5");
     EXPECT_EQ("a bold start", State.MoveComment[1]);
-    EXPECT_EQ("", State.Text1.Text);
+    EXPECT_EQ("", State.CommentBox.Text);
     EXPECT_EQ("", State.MoveComment[2]);
 }
 
@@ -70,7 +70,7 @@ TEST_F(Record, AMoveInTheMiddleCutsTheTail) {
     Run(Moveback);
     Run(Moveback);
     Type("d4e5");
-    EXPECT_EQ((Texts{"   1. b4-a5", "      i7-j6", "   2. d4-e5"}), State.List1.Lines);
+    EXPECT_EQ((Texts{"   1. b4-a5", "      i7-j6", "   2. d4-e5"}), State.GameList.Lines);
     EXPECT_EQ("", State.GameMoveRow[2].SecondMove);
     EXPECT_EQ("d4c5", State.MoveComment[3]) << "written for the third move, whichever it is";
     EXPECT_EQ("", State.MoveComment[4] + State.MoveComment[5]);
@@ -86,8 +86,8 @@ TEST_F(Record, TheReplyComesByItself) {
     Run(Cplayer);
     Drag("d4", "e5");
     EXPECT_EQ(2, State.GameMoves);
-    EXPECT_TRUE(State.Text2.Enabled);
-    EXPECT_FALSE(State.List2.Lines.empty());
+    EXPECT_TRUE(State.MoveBox.Enabled);
+    EXPECT_FALSE(State.ChoiceList.Lines.empty());
     EXPECT_EQ("Player", State.WhitePlayerName) << "the reply changed the sides";
     control::c_MouseMove(State, Cell("d4"), 0, 10, 10);
     EXPECT_EQ(1, State.SourcesShown) << "the pieces are boxed again";
@@ -102,28 +102,28 @@ TEST_F(Record, WhoMovesForTheOtherSideChangesSides) {
     Drag("d8", "c7");
     EXPECT_EQ("Computer", State.WhitePlayerName);
     EXPECT_EQ("Player", State.BlackPlayerName);
-    EXPECT_EQ("Player", State.Label1.Text) << "Black began and stands above";
+    EXPECT_EQ("Player", State.UpperName.Text) << "Black began and stands above";
 }
 
 // --- notation ----------------------------------------------------------------------------------------------------
 
 TEST_F(Record, TheNotationRewritesWhatHasBeenPlayed) {
     Play("d4e5 e7d6");
-    State.Label9.Text = "Depth:2   Best: d4-e5   Score:12\nMain: d4-e5 e7-d6 ";
+    State.Calculation.Text = "Depth:2   Best: d4-e5   Score:12\nMain: d4-e5 e7-d6 ";
     State.RootMoves[0] = {Square("e9"), Square("f0"), 7};
     State.RootMoves[1] = {rules::FromHand, Square("a1"), -3};
     view::ShowRootMoves(State);
-    State.List3.Selected = 1;
+    State.RootList.Selected = 1;
     const auto ExpectNumbers = [&] {
-        EXPECT_EQ((Texts{"   1. 32-28", "      18-22"}), State.List1.Lines);
-        EXPECT_EQ((Texts{"8-3         7", "46         -3"}), State.List3.Lines);
+        EXPECT_EQ((Texts{"   1. 32-28", "      18-22"}), State.GameList.Lines);
+        EXPECT_EQ((Texts{"8-3         7", "46         -3"}), State.RootList.Lines);
         EXPECT_EQ("3228 32-28", State.GameMoveRow[1].FirstMove);
-        EXPECT_EQ("Depth:2   Best: 32-28   Score:12\nMain: 32-28 18-22 ", State.Label9.Text);
+        EXPECT_EQ("Depth:2   Best: 32-28   Score:12\nMain: 32-28 18-22 ", State.Calculation.Text);
     };
     Run(mnu_Board_Notation_Checkers);
     ExpectNumbers();
-    EXPECT_EQ(1, State.List1.Selected);
-    EXPECT_EQ(1, State.List3.Selected);
+    EXPECT_EQ(1, State.GameList.Selected);
+    EXPECT_EQ(1, State.RootList.Selected);
     EXPECT_TRUE(State.CommandOf(mnu_Board_Notation_Checkers).Ticked);
     EXPECT_FALSE(State.CommandOf(mnu_Board_Notation_Chess).Ticked);
     EXPECT_EQ("46", State.EdgeLabels.front().Text);
@@ -132,7 +132,7 @@ TEST_F(Record, TheNotationRewritesWhatHasBeenPlayed) {
     ExpectNumbers();
     EXPECT_TRUE(State.EdgeLabels.empty());
     Run(mnu_Board_Notation_Chess);
-    EXPECT_EQ((Texts{"   1. d4-e5", "      e7-d6"}), State.List1.Lines);
+    EXPECT_EQ((Texts{"   1. d4-e5", "      e7-d6"}), State.GameList.Lines);
     EXPECT_EQ("d4e5 d4-e5", State.GameMoveRow[1].FirstMove);
 }
 
@@ -140,7 +140,7 @@ TEST_F(Record, NumbersAreRefusedWhereEverySquareIsPlayedOn) {
     State.RuleSet.PiecesOnBlack = 2;
     Run(mnu_Board_Notation_Checkers);
     Run(Nonotation);
-    EXPECT_EQ(0, State.NotationMode);
+    EXPECT_EQ(rules::Notation::Algebraic, State.NotationMode);
     EXPECT_TRUE(State.CommandOf(mnu_Board_Notation_Chess).Ticked);
 }
 
@@ -157,7 +157,7 @@ TEST_F(Record, OnlyMovesAreConverted) {
         {"Player-Player", "Player-Player"},
         {"", ""}};
     for (const auto& [Before, After] : Rows) {
-        EXPECT_EQ(After, control::ConvertMoves(State, Before, 0, 1));
+        EXPECT_EQ(After, control::ConvertMoves(State, Before, rules::Notation::Algebraic, rules::Notation::Numeric));
     }
 }
 
@@ -173,7 +173,7 @@ TEST_F(Record, TwoDigitsNeverLookLikeOneSquare) {
     State.GameMoveRow[1].FirstMove += 'b';
     Run(mnu_Board_Notation_Chess);
     EXPECT_EQ("e9f0 e9-f0Kb", State.GameMoveRow[1].FirstMove);
-    EXPECT_EQ(Texts{"   1. e9-f0Kb"}, State.List1.Lines);
+    EXPECT_EQ(Texts{"   1. e9-f0Kb"}, State.GameList.Lines);
 }
 
 // --- the log -----------------------------------------------------------------------------------------------------
@@ -219,7 +219,7 @@ TEST_F(RunningLog, EveryColumnStandsUnderItsHeading) {
     const std::string Score = std::to_string(State.MoveScores[1]);
     EXPECT_EQ(Score, Line.substr(Heading.find("score") + 5 - Score.size(), Score.size())) << Line;
     EXPECT_EQ(" 3    ", Line.substr(Heading.find("depth") + 3, 6)) << Line;
-    EXPECT_EQ(State.List1.Lines[0].substr(6), Line.substr(Heading.find("main"), 5)) << Line;
+    EXPECT_EQ(State.GameList.Lines[0].substr(6), Line.substr(Heading.find("main"), 5)) << Line;
     for (std::size_t Iteration = 1; Iteration <= 3; ++Iteration) {
         const std::string& Search = Log[4 + Iteration];
         EXPECT_EQ("               D: " + std::to_string(Iteration) + "   B: ", Search.substr(0, 25)) << Search;

@@ -20,13 +20,13 @@ TEST_F(Start, TheFirstStartOffersAGame) {
     EXPECT_EQ(" Zonterbrook 1.20 - International Checkers", State.Caption);
     EXPECT_EQ("White moves", Status());
     EXPECT_FALSE(State.StatusPanels[view::ProductPanel].empty());
-    EXPECT_EQ("Strength:9   Time:2 sec", State.Label7.Text);
-    EXPECT_EQ("no calculation", State.Label9.Text);
-    EXPECT_EQ("Player", State.Label1.Text);
-    EXPECT_EQ("Computer", State.Label2.Text);
-    EXPECT_EQ(9U, State.List2.Lines.size());
-    EXPECT_FALSE(State.List3.Enabled);
-    EXPECT_EQ("20", State.Label5.Text);
+    EXPECT_EQ("Strength:9   Time:2 sec", State.StrengthLine.Text);
+    EXPECT_EQ("no calculation", State.Calculation.Text);
+    EXPECT_EQ("Player", State.UpperName.Text);
+    EXPECT_EQ("Computer", State.LowerName.Text);
+    EXPECT_EQ(9U, State.ChoiceList.Lines.size());
+    EXPECT_FALSE(State.RootList.Enabled);
+    EXPECT_EQ("20", State.UpperMaterial.Text);
     for (const CommandId Id : {Cplayer, mnu_Board_Notation_Chess, calculation}) {
         EXPECT_TRUE(State.CommandOf(Id).Ticked) << view::RowOf(Id).Name;
     }
@@ -71,7 +71,7 @@ TEST_F(Start, AFaultInAHandlerIsSaidInItsOwnWords) {
     control::RunTrapped(State, [] { throw base::Fault("something broke"); });
     EXPECT_TRUE(World.Ended);
     EXPECT_FALSE(World.LogIsOpen);
-    EXPECT_EQ(1, State.CancelRequested) << "a search below must unwind";
+    EXPECT_EQ(rules::StopRequest::Person, State.CancelRequested) << "a search below must unwind";
     bool Ran = false;
     control::RunTrapped(State, [&] { Ran = true; });
     EXPECT_FALSE(Ran);
@@ -116,12 +116,12 @@ constexpr CloseCase CloseRows[] = {{"yes", 1, true}, {"no", 1, false}, {"unasked
 INSTANTIATE_TEST_SUITE_P(Rows, Closing, testing::ValuesIn(CloseRows), RowName);
 
 TEST_F(Start, CalculationIsToggled) {
-    State.Label9.Text = "Depth:1";
+    State.Calculation.Text = "Depth:1";
     for (const bool On : {false, true}) {
         Run(calculation);
         EXPECT_EQ(On ? 1 : 0, State.ShowCalculation);
         EXPECT_EQ(On, State.CommandOf(calculation).Ticked);
-        EXPECT_EQ("no calculation", State.Label9.Text);
+        EXPECT_EQ("no calculation", State.Calculation.Text);
     }
 }
 
@@ -134,7 +134,7 @@ TEST_F(Start, DisabledCommandsDoNothing) {
     for (const CommandId Id : {Analyze, NewVariant, mnu_Play_Cancel, None}) {
         Run(Id);
     }
-    EXPECT_EQ(0, State.CancelRequested);
+    EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
 }
 
 TEST(Durations, AsText) {

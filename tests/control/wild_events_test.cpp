@@ -66,7 +66,7 @@ protected:
             Text += Signs[static_cast<std::size_t>(Below(static_cast<int>(Signs.size())))];
         }
         if (Below(2) == 0) {
-            State.Text1.Text = Text;
+            State.CommentBox.Text = Text;
             control::Text1_KeyUp(State);
         } else {
             Type(Text);
@@ -82,15 +82,15 @@ protected:
             Scribble();
             break;
         case 2:
-            State.List2.Selected = Below(12) - 1;
+            State.ChoiceList.Selected = Below(12) - 1;
             control::List2_DblClick(State);
             break;
         case 3:
-            State.List1.Selected = Below(static_cast<int>(State.List1.Lines.size()) + 2) - 1;
+            State.GameList.Selected = Below(static_cast<int>(State.GameList.Lines.size()) + 2) - 1;
             control::List1_MouseUp(State);
             break;
         case 4:
-            State.List3.Selected = Below(110) - 2;
+            State.RootList.Selected = Below(110) - 2;
             control::List3_DblClick(State);
             break;
         case 5:

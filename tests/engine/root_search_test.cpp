@@ -201,7 +201,8 @@ TEST(RootSearch, TheClockEndsIt) {
         };
         const RootOutcome Outcome = Think(Game, Heard, {20, true, 4});
         EXPECT_EQ(R.Takes, Outcome.Seconds) << R.Fault;
-        EXPECT_EQ(0, Game->CancelRequested) << "the clock's stop is taken for the user's: " << R.Fault;
+        EXPECT_EQ(rules::StopRequest::None, Game->CancelRequested)
+            << "the clock's stop is taken for the user's: " << R.Fault;
         EXPECT_EQ(0, Game->StopAutoPlay) << R.Fault;
         EXPECT_EQ("", rules::CheckPosition(*Game)) << R.Fault;
     }
@@ -216,7 +217,9 @@ TEST(RootSearch, TheUserEndsItAtAnyNode) {
         const auto Root = std::make_unique<EngineState>(*Game);
         Listener Heard(*Game);
         int Nodes = 0;
-        Game.World.OnTurn = [&] { Game->CancelRequested = ++Nodes == Stop * 31 ? 1 : Game->CancelRequested; };
+        Game.World.OnTurn = [&] {
+            Game->CancelRequested = ++Nodes == Stop * 31 ? rules::StopRequest::Person : Game->CancelRequested;
+        };
         Think(Game, Heard, ToDepth(6));
         ASSERT_TRUE(SameRoot(*Root, *Game)) << "stopped at node " << Stop * 31;
         ASSERT_EQ("", rules::CheckPosition(*Game)) << "stopped at node " << Stop * 31;

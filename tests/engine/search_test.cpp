@@ -196,7 +196,9 @@ TEST(Search, AThousandStopsLeaveTheExactRoot) {
         const auto Root = std::make_unique<EngineState>(*Game);
         for (int Stop = 1; Stop <= 200; ++Stop) {
             int Nodes = 0;
-            Game.World.OnTurn = [&] { Game->CancelRequested = ++Nodes == Stop * 7 ? 1 : Game->CancelRequested; };
+            Game.World.OnTurn = [&] {
+                Game->CancelRequested = ++Nodes == Stop * 7 ? rules::StopRequest::Person : Game->CancelRequested;
+            };
             SCOPED_TRACE(std::string(Routine) + " stopped at node " + std::to_string(Stop * 7));
             SearchBy(*Game, Routine, 7);
             Game->Board[0] = Root->Board[0]; // cell 0 belongs to nobody: crowning the last man leaves its mark there
@@ -204,7 +206,7 @@ TEST(Search, AThousandStopsLeaveTheExactRoot) {
             ASSERT_EQ("", rules::CheckPosition(*Game));
             if (Game->NodeCount >= static_cast<std::uint64_t>(Stop) * 7) {
                 ASSERT_EQ(1, Game->StopAutoPlay);
-                ASSERT_EQ(0, Game->CancelRequested);
+                ASSERT_EQ(rules::StopRequest::None, Game->CancelRequested);
             }
             Game->StopAutoPlay = 0;
         }

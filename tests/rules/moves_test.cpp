@@ -194,7 +194,7 @@ TEST(Stack, AFullOneAsksToStopAndOverwritesItsLastRecord) {
         GenerateGameMoves(*State);
         EXPECT_EQ(R.Top, State->StackTop) << R.Fault;
         EXPECT_EQ(R.Top, State->StackLimit[1]) << R.Fault;
-        EXPECT_EQ(R.Cancel, State->CancelRequested) << R.Fault;
+        EXPECT_EQ(R.Cancel, static_cast<int>(State->CancelRequested)) << R.Fault;
         if (R.Cancel == 1) {
             EXPECT_EQ(*R.Position == '\0' ? "j4-i5" : "c3xe5(d4)", MoveText(State->MoveStack[1000])) << R.Fault;
         }

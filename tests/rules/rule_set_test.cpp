@@ -124,9 +124,9 @@ TEST(Movements, SidewaysStepsAreNoted) {
     }
     // Once widened, the board stays so when the last sideways step is edited away.
     const auto State = Game("WhiteManMovement=N;E N|NumberFriends=0");
-    State->NotationMode = 1;
+    State->NotationMode = rules::Notation::Numeric;
     InstallRuleSet(*State);
-    EXPECT_EQ(0, State->NotationMode) << "numbers_for_a_hundred_squares";
+    EXPECT_EQ(rules::Notation::Algebraic, State->NotationMode) << "numbers_for_a_hundred_squares";
     WriteRules(*State, "WhiteManMovement=NW;NE NW;NE;SE;SW");
     InstallRuleSet(*State);
     EXPECT_EQ(2, State->RuleSet.PiecesOnBlack);

@@ -14,9 +14,9 @@ TEST(SquareNames, GoBothWays) {
         const auto State = Game("PiecesOnBlack=" + std::to_string(Colour));
         for (CellSet Cells = PlayingCells; Cells.Any();) {
             const int Square = Cells.TakeFirst();
-            State->NotationMode = 0;
+            State->NotationMode = rules::Notation::Algebraic;
             EXPECT_EQ(Square, SquareNumber(*State, base::ToUpper(SquareNotation(*State, Square, Padding::None))));
-            State->NotationMode = 1;
+            State->NotationMode = rules::Notation::Numeric;
             const bool Plays = (RowOf(Square) + ColumnOf(Square)) % 2 == Colour;
             for (const Padding Pad : {Padding::Blank, Padding::None, Padding::Zero}) {
                 EXPECT_EQ(Plays, Square == SquareNumber(*State, SquareNotation(*State, Square, Pad))) << Square;
@@ -49,7 +49,7 @@ TEST(SquareNames, AreTheUsualOnes) {
     };
     for (const auto& R : Rows) {
         const auto State = Game("PiecesOnBlack=" + std::to_string(R.Colour));
-        State->NotationMode = R.Mode;
+        State->NotationMode = static_cast<rules::Notation>(R.Mode);
         for (const Padding Pad : {Padding::Blank, Padding::None, Padding::Zero}) {
             EXPECT_EQ(R.Padded[static_cast<int>(Pad)], SquareNotation(*State, R.Square, Pad)) << R.Fault;
         }
@@ -64,7 +64,7 @@ TEST(SquareNames, NonsenseIsNoSquare) {
     for (const char* Text : {"", "A", "a1", "K1", "@1", "A/", "A:", "1A", "--", "  "}) {
         EXPECT_EQ(0, SquareNumber(*State, Text)) << '"' << Text << '"';
     }
-    State->NotationMode = 1;
+    State->NotationMode = rules::Notation::Numeric;
     for (const char* Text : {"", "0", "51", "-1", "A1", "99"}) {
         EXPECT_EQ(0, SquareNumber(*State, Text)) << '"' << Text << '"';
     }
@@ -86,7 +86,7 @@ TEST(MoveTexts, NameEndsKindAndPromotion) {
     };
     for (const auto& R : Rows) {
         const auto State = Game(R.Rules, R.Position);
-        State->NotationMode = R.Mode;
+        State->NotationMode = static_cast<rules::Notation>(R.Mode);
         State->CaptureChar = R.CaptureChar;
         GenerateGameMoves(*State);
         DisplayMove(*State, FindMove(*State, R.Move));

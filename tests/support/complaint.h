@@ -16,11 +16,11 @@ inline std::string Complaint(const control::GameState& State) {
     if (State.MoveCount < State.GameMoves) {
         Found += " the cursor is behind the record";
     }
-    if (State.List1.Lines.size() != static_cast<std::size_t>(State.MoveCount)) {
+    if (State.GameList.Lines.size() != static_cast<std::size_t>(State.MoveCount)) {
         Found += " lines and half-moves differ";
     }
     for (int HalfMove = 1; HalfMove <= State.MoveCount; ++HalfMove) {
-        if (State.List1.Lines[static_cast<std::size_t>(HalfMove - 1)] !=
+        if (State.GameList.Lines[static_cast<std::size_t>(HalfMove - 1)] !=
             view::MoveListLine(HalfMove, control::StoredDisplay(State, HalfMove))) {
             Found += " a line and its row differ";
         }

@@ -99,7 +99,7 @@ protected:
     }
 
     void Type(std::string_view Move) {
-        State.Text2.Text = Move;
+        State.MoveBox.Text = Move;
         control::Text2_KeyUp(State, control::EnterKey);
     }
 
@@ -113,10 +113,10 @@ protected:
     }
 
     void DoubleClickMove(std::string_view Line) {
-        const auto& Lines = State.List2.Lines;
+        const auto& Lines = State.ChoiceList.Lines;
         const auto At = std::find(Lines.begin(), Lines.end(), Line);
         ASSERT_NE(At, Lines.end()) << Line << " can't be played";
-        State.List2.Selected = static_cast<std::int32_t>(At - Lines.begin());
+        State.ChoiceList.Selected = static_cast<std::int32_t>(At - Lines.begin());
         control::List2_DblClick(State);
     }
 
@@ -139,7 +139,7 @@ protected:
         EXPECT_EQ(1, State.GameEnded);
         EXPECT_EQ(Text, Status());
         EXPECT_EQ(Result, State.ResultText);
-        EXPECT_FALSE(State.List2.Enabled);
+        EXPECT_FALSE(State.ChoiceList.Enabled);
         EXPECT_EQ(0, State.Thinking);
         EXPECT_EQ(0, State.SearchActive);
         ExpectCan(false, {Compute, Analyze, Offerdraw, Resign, Hint, mnu_Play_Ccomputer, mnu_Play_Cancel});

@@ -36,7 +36,7 @@ protected:
 };
 
 TEST_F(Keys, TabGoesRoundTheWindow) {
-    Game().List3.Enabled = true; // as after a calculation
+    Game().RootList.Enabled = true; // as after a calculation
     Window->ShowContents();
     for (const char* Name : {"c", "List1", "List2", "List3", "Text2", "Text1", "c"}) {
         ASSERT_EQ(Name, Window->focusWidget()->objectName());
@@ -76,7 +76,7 @@ TEST_F(Keys, EscapeStillCancels) {
         Press(Qt::Key_Return);
         EXPECT_EQ(-1, Game().SourceCell);
         Press(Qt::Key_Escape);
-        EXPECT_EQ(1, Game().CancelRequested);
+        EXPECT_EQ(rules::StopRequest::Person, Game().CancelRequested);
     });
     EXPECT_EQ(2, Game().GameMoves);
 }

@@ -258,7 +258,7 @@ std::string WildWindow::WindowComplaint() {
         }
     }
     for (const auto& [Name, Fields] :
-         {std::pair("List1", &Game().List1), {"List2", &Game().List2}, {"List3", &Game().List3}}) {
+         {std::pair("List1", &Game().GameList), {"List2", &Game().ChoiceList}, {"List3", &Game().RootList}}) {
         std::vector<std::string> Lines;
         for (int I = 0; I < List(Name)->count(); ++I) {
             Lines.push_back(List(Name)->item(I)->text().toStdString());

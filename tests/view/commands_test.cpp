@@ -88,7 +88,7 @@ TEST_P(EventRows, GiveAndTakeWhatTheyListAndNothingElse) {
     const EventCase& Row = GetParam();
     State.PlayMode = Row.Mode;
     State.GameMoves = Row.Made;
-    State.List1.Lines.assign(Row.Lines, "");
+    State.GameList.Lines.assign(Row.Lines, "");
     for (const bool Before : {false, true}) {
         const std::vector<std::string> Changed = tests::Split(Before ? Row.Takes : Row.Gives, ' ');
         for (int Id = 1; Id < CommandCount; ++Id) {
@@ -177,7 +177,7 @@ TEST_F(Enabling, FrozenMenusComeBackWhole) {
     FreezeMenus(State);
     EXPECT_FALSE(CanRun(State, C::New1));
     EXPECT_FALSE(CanRun(State, C::calculation));
-    EXPECT_FALSE(State.Text2.Enabled);
+    EXPECT_FALSE(State.MoveBox.Enabled);
     EXPECT_FALSE(State.ToolbarEnabled);
     UnfreezeMenus(State);
     EXPECT_TRUE(Before == static_cast<const WindowContents&>(State));
@@ -185,9 +185,9 @@ TEST_F(Enabling, FrozenMenusComeBackWhole) {
 
 TEST_F(Enabling, TypedMovesWaitForTheSearch) {
     ApplyEvent(State, E::SearchBegins);
-    EXPECT_FALSE(State.Text2.Enabled);
+    EXPECT_FALSE(State.MoveBox.Enabled);
     ApplyEvent(State, E::SearchEnds);
-    EXPECT_TRUE(State.Text2.Enabled);
+    EXPECT_TRUE(State.MoveBox.Enabled);
 }
 
 } // namespace

@@ -106,7 +106,7 @@ TEST_P(Edges, StandWhereTheBoardsSizePutsThem) {
     const EdgeCase& Row = GetParam();
     State.SizeClass = Row.SizeClass;
     State.TwipsPerPixel = Row.Twips;
-    State.NotationMode = Row.Notation;
+    State.NotationMode = static_cast<rules::Notation>(Row.Notation);
     State.BoardTurned = Row.Turned;
     State.RuleSet.PiecesOnBlack = Row.PiecesOnBlack;
     DrawBoard(State, 0);
@@ -142,10 +142,10 @@ TEST_F(Board, NotationDecidesTheLabels) {
     DrawBoard(State, 0);
     EXPECT_EQ("A", State.EdgeLabels.front().Text);
     EXPECT_EQ("1", State.EdgeLabels[1].Text);
-    State.NotationMode = 1;
+    State.NotationMode = rules::Notation::Numeric;
     DrawBoard(State, 0);
     EXPECT_EQ(15U, State.EdgeLabels.size()) << "numbers stand under every other column";
-    State.NotationMode = 2;
+    State.NotationMode = rules::Notation::None;
     DrawBoard(State, 0);
     EXPECT_TRUE(State.EdgeLabels.empty());
     EXPECT_TRUE(State.FrameShown);
@@ -180,12 +180,12 @@ TEST_F(Board, MaterialIsCounted) {
     EXPECT_EQ(0, State.KingsOnlyEqual) << "men are not kings";
     PutAlone("A1", 1, "B0", -2);
     EXPECT_EQ(0, State.KingsOnlyEqual) << "a man and a king";
-    EXPECT_EQ("1", State.Label5.Text);
-    EXPECT_EQ("2", State.Label6.Text);
+    EXPECT_EQ("1", State.UpperMaterial.Text);
+    EXPECT_EQ("2", State.LowerMaterial.Text);
     State.RuleSet.BlackStarts = 1;
     DrawBoard(State, 0);
-    EXPECT_EQ("2", State.Label5.Text) << "the counters don't stand beside their names";
-    EXPECT_EQ("1", State.Label6.Text);
+    EXPECT_EQ("2", State.UpperMaterial.Text) << "the counters don't stand beside their names";
+    EXPECT_EQ("1", State.LowerMaterial.Text);
 }
 
 TEST_F(Board, PiecesInHandAreCounted) {
@@ -193,8 +193,8 @@ TEST_F(Board, PiecesInHandAreCounted) {
     State.PiecesInHandBlack = 3;
     State.PiecesInHandWhite = 7;
     DrawBoard(State, 0);
-    EXPECT_EQ("3", State.Label12.Text);
-    EXPECT_EQ("7", State.Label14.Text);
+    EXPECT_EQ("3", State.ExtraBlackCount.Text);
+    EXPECT_EQ("7", State.ExtraWhiteCount.Text);
 }
 
 TEST_F(Board, TheSideToMoveIsMarked) {
@@ -205,12 +205,12 @@ TEST_F(Board, TheSideToMoveIsMarked) {
         for (const bool UpperMoves : {false, true}) {
             State.Side = BlackStarts == UpperMoves ? rules::Black : rules::White;
             DrawBoard(State, 0);
-            EXPECT_EQ(BlackStarts ? "Black" : "White", State.Label3.Text);
-            EXPECT_EQ(BlackStarts ? "White" : "Black", State.Label4.Text);
-            EXPECT_EQ(BlackStarts ? "Bob" : "Ann", State.Label1.Text);
-            EXPECT_EQ(BlackStarts ? "Ann" : "Bob", State.Label2.Text);
-            EXPECT_EQ(UpperMoves ? LabelColours::WhiteOnRed : LabelColours::RedOnWhite, State.Label1.Colours);
-            EXPECT_EQ(UpperMoves ? LabelColours::RedOnWhite : LabelColours::WhiteOnRed, State.Label2.Colours);
+            EXPECT_EQ(BlackStarts ? "Black" : "White", State.UpperColour.Text);
+            EXPECT_EQ(BlackStarts ? "White" : "Black", State.LowerColour.Text);
+            EXPECT_EQ(BlackStarts ? "Bob" : "Ann", State.UpperName.Text);
+            EXPECT_EQ(BlackStarts ? "Ann" : "Bob", State.LowerName.Text);
+            EXPECT_EQ(UpperMoves ? LabelColours::WhiteOnRed : LabelColours::RedOnWhite, State.UpperName.Colours);
+            EXPECT_EQ(UpperMoves ? LabelColours::RedOnWhite : LabelColours::WhiteOnRed, State.LowerName.Colours);
         }
     }
 }

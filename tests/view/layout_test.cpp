@@ -54,13 +54,13 @@ INSTANTIATE_TEST_SUITE_P(Rows, BoardFigures, testing::ValuesIn(BoardRows), tests
 
 TEST_F(Layouts, SmallBoardOfTheUsualDensityPushesTheListsAside) {
     LayOut(0, -1, 12);
-    const Rectangle Dense = PlaceOf(Control::List2);
+    const Rectangle Dense = PlaceOf(Control::ChoiceList);
     EXPECT_EQ(7560, Dense.Left);
     EXPECT_EQ(1320, Dense.Top);
     LayOut(0, -1, 15);
-    EXPECT_EQ(Dense.Left + 1130, PlaceOf(Control::List2).Left);
-    EXPECT_EQ(1400, PlaceOf(Control::List2).Top);
-    EXPECT_EQ(240, PlaceOf(Control::Label9).Left) << "what stands below the board stays";
+    EXPECT_EQ(Dense.Left + 1130, PlaceOf(Control::ChoiceList).Left);
+    EXPECT_EQ(1400, PlaceOf(Control::ChoiceList).Top);
+    EXPECT_EQ(240, PlaceOf(Control::Calculation).Left) << "what stands below the board stays";
 }
 
 bool Overlap(const Rectangle& A, const Rectangle& B) {
@@ -78,7 +78,7 @@ TEST_P(Room, NothingOverlapsAndNothingSticksOut) {
     std::vector<Rectangle> Places;
     for (int Which = 0; Which < ControlCount; ++Which) {
         const bool OfExtraPieces =
-            Which >= static_cast<int>(Control::Label10) && Which <= static_cast<int>(Control::Label14);
+            Which >= static_cast<int>(Control::ExtraHeading) && Which <= static_cast<int>(Control::ExtraWhiteCount);
         if (ExtraPieces != 0 || !OfExtraPieces) {
             Places.push_back(State.Layout.Places[Which]);
         }
@@ -103,19 +103,19 @@ INSTANTIATE_TEST_SUITE_P(Rows, Room,
 
 TEST_F(Layouts, ExtraPiecesAreShownByTheRuleAlone) {
     LayOut(2, -1, 15);
-    EXPECT_FALSE(State.Label10.Visible);
-    const Rectangle Whole = PlaceOf(Control::Text1);
+    EXPECT_FALSE(State.ExtraHeading.Visible);
+    const Rectangle Whole = PlaceOf(Control::CommentBox);
     State.RuleSet.canContract = 1;
     LayoutWindow(State);
-    EXPECT_TRUE(State.Label14.Visible);
-    EXPECT_EQ("Extra Pieces:", State.Label10.Text);
-    const Rectangle Shrunk = PlaceOf(Control::Text1);
+    EXPECT_TRUE(State.ExtraWhiteCount.Visible);
+    EXPECT_EQ("Extra Pieces:", State.ExtraHeading.Text);
+    const Rectangle Shrunk = PlaceOf(Control::CommentBox);
     EXPECT_LT(Shrunk.Height, Whole.Height);
     EXPECT_EQ(Whole.Top + Whole.Height, Shrunk.Top + Shrunk.Height);
     State.RuleSet.canContract = 0;
     LayoutWindow(State);
-    EXPECT_FALSE(State.Label14.Visible);
-    EXPECT_EQ(Whole, PlaceOf(Control::Text1));
+    EXPECT_FALSE(State.ExtraWhiteCount.Visible);
+    EXPECT_EQ(Whole, PlaceOf(Control::CommentBox));
 }
 
 } // namespace

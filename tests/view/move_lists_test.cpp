@@ -22,12 +22,13 @@ TEST_F(Lists, LinesAlignAtTheFullStop) {
 
 TEST_F(Lists, TheFirstMovesOfTheGameAreNine) {
     RefreshMoveChoices(State);
-    EXPECT_EQ(9U, State.List2.Lines.size());
-    EXPECT_NE(std::ranges::find(State.List2.Lines, "d4-e5"), State.List2.Lines.end()) << "names in small letters";
-    State.NotationMode = 1;
+    EXPECT_EQ(9U, State.ChoiceList.Lines.size());
+    EXPECT_NE(std::ranges::find(State.ChoiceList.Lines, "d4-e5"), State.ChoiceList.Lines.end())
+        << "names in small letters";
+    State.NotationMode = rules::Notation::Numeric;
     RefreshMoveChoices(State);
-    EXPECT_NE(std::ranges::find(State.List2.Lines, "32-28"), State.List2.Lines.end());
-    EXPECT_EQ(9U, State.List2.Lines.size()) << "lines of the list before are left";
+    EXPECT_NE(std::ranges::find(State.ChoiceList.Lines, "32-28"), State.ChoiceList.Lines.end());
+    EXPECT_EQ(9U, State.ChoiceList.Lines.size()) << "lines of the list before are left";
 }
 
 TEST_F(Lists, RootMovesShowSquaresAndScore) {
@@ -35,7 +36,7 @@ TEST_F(Lists, RootMovesShowSquaresAndScore) {
     State.RootMoves[0] = {rules::AlgebraicCell("C3"), rules::AlgebraicCell("D4"), -12};
     State.RootMoves[1] = {rules::FromHand, rules::AlgebraicCell("E1"), 31990};
     ShowRootMoves(State);
-    EXPECT_EQ((std::vector<std::string>{"c3-d4     -12", "e1      31990"}), State.List3.Lines);
+    EXPECT_EQ((std::vector<std::string>{"c3-d4     -12", "e1      31990"}), State.RootList.Lines);
 }
 
 TEST_F(Lists, StrengthIsShownWithItsLimit) {
@@ -49,10 +50,10 @@ TEST_F(Lists, StrengthIsShownWithItsLimit) {
 TEST_F(Lists, AChangedRuleMarksTheName) {
     State.VariantName = "Russian Checkers 10X10";
     ShowVariantTitle(State);
-    EXPECT_EQ("Russian Checkers", State.Label8.Text);
+    EXPECT_EQ("Russian Checkers", State.VariantLine.Text);
     State.RuleSet.LongKings = 0;
     ShowVariantTitle(State);
-    EXPECT_EQ("Russian Checkers (M)", State.Label8.Text);
+    EXPECT_EQ("Russian Checkers (M)", State.VariantLine.Text);
     EXPECT_TRUE(State.Caption.ends_with("Russian Checkers (M)"));
 }
 
