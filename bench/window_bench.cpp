@@ -4,7 +4,7 @@
 // Runs on the platform that QT_QPA_PLATFORM names, off screen if none does. Every round of the first needs a game's
 // folder that can be written, so it is made in a temporary one.
 #include "control/events.h"
-#include "control/new_game.h"
+#include "control/variant_start.h"
 #include "rules/cells.h"
 #include "rules/square_names.h"
 #include "ui/board_widget.h"
@@ -66,7 +66,7 @@ void PressAndPutBack(benchmark::State& Rounds) {
     constexpr int CellOfMan = 63; // d4
     for (auto _ : Rounds) {
         control::GameState& Game = Window.GameOf();
-        control::c_MouseDown(Game, CellOfMan, control::LeftButton, 100, 100);
+        control::c_MouseDown(Game, CellOfMan, control::LeftButton);
         Window.ShowContents();
         Window.BoardOf().render(&Canvas);
         control::c_MouseUp(Game, CellOfMan, control::LeftButton, 100, 100);
@@ -95,9 +95,7 @@ void LayKings(control::GameState& Game) {
     }
     Game.Board[rules::AlgebraicCell("J2")] = rules::WhiteKing;
     Game.Board[rules::AlgebraicCell("A9")] = rules::BlackKing;
-    Game.StartBoard = Game.Board;
-    Game.KeepBoard = 1;
-    control::NewGame(Game);
+    control::StartPosition(Game);
 }
 
 /// A window in which 200 half-moves have been played.
@@ -105,23 +103,23 @@ struct LongGameWindow {
     QTemporaryDir Own;
     ui::MainWindow Window{FoldersIn(Own)};
     SilentPlatform Silent{Window, FoldersIn(Own)};
-    control::Platform* Real = Window.GameOf().Outside;
+    base::OutsideWorld* Real = Window.GameOf().World;
 
     LongGameWindow() {
         control::GameState& Game = Window.GameOf();
         Silent.OpenLog();
-        Game.Outside = &Silent;
+        Game.World = &Silent;
         Window.show();
-        control::RunCommand(Game, view::CommandId::Pplayer);
+        control::RunCommand(Game, control::CommandId::PlayerPlayer);
         LayKings(Game);
         for (int HalfMove = 0; HalfMove < LongGame; ++HalfMove) {
-            Game.GameEnded = 0; // past every draw
-            Game.MoveBox.Text = ToAndFro[HalfMove % std::size(ToAndFro)];
+            Game.Turn = control::TurnState::Resting; // past every draw
+            Game.TypedText = ToAndFro[HalfMove % std::size(ToAndFro)];
             control::Text2_KeyUp(Game, control::EnterKey);
         }
         Window.ShowContents();
     }
-    ~LongGameWindow() { Window.GameOf().Outside = Real; }
+    ~LongGameWindow() { Window.GameOf().World = Real; }
     LongGameWindow(const LongGameWindow&) = delete;
     LongGameWindow& operator=(const LongGameWindow&) = delete;
 };
@@ -131,13 +129,13 @@ void FirstAndLast(benchmark::State& Rounds) {
     LongGameWindow Played;
     ui::MainWindow& Window = Played.Window;
     for (auto _ : Rounds) {
-        for (const view::CommandId Way : {view::CommandId::First, view::CommandId::Last}) {
+        for (const control::CommandId Way : {control::CommandId::First, control::CommandId::Last}) {
             control::RunCommand(Window.GameOf(), Way);
             Window.ShowContents();
             benchmark::DoNotOptimize(Window.grab());
         }
     }
-    Rounds.counters["half_moves"] = Window.GameOf().MoveCount;
+    Rounds.counters["half_moves"] = Window.GameOf().Record.Count;
 }
 BENCHMARK(FirstAndLast)->Unit(benchmark::kMillisecond);
 
@@ -147,14 +145,14 @@ void ForwardStepByStep(benchmark::State& Rounds) {
     ui::MainWindow& Window = Played.Window;
     QPixmap Canvas(Window.BoardOf().size() * Window.devicePixelRatioF());
     for (auto _ : Rounds) {
-        control::RunCommand(Window.GameOf(), view::CommandId::First);
-        while (Window.GameOf().GameMoves < Window.GameOf().MoveCount) {
-            control::RunCommand(Window.GameOf(), view::CommandId::MoveForward);
+        control::RunCommand(Window.GameOf(), control::CommandId::First);
+        while (Window.GameOf().GameMoves < Window.GameOf().Record.Count) {
+            control::RunCommand(Window.GameOf(), control::CommandId::Forward);
             Window.ShowContents();
             Window.BoardOf().render(&Canvas);
         }
     }
-    Rounds.counters["half_moves"] = Window.GameOf().MoveCount;
+    Rounds.counters["half_moves"] = Window.GameOf().Record.Count;
 }
 BENCHMARK(ForwardStepByStep)->Unit(benchmark::kMillisecond);
 
@@ -167,12 +165,12 @@ void LatencyInSearch(benchmark::State& Rounds) {
     double Worst = 0;
     int Events = 0;
     for (auto _ : Rounds) {
-        control::RunCommand(Window.GameOf(), view::CommandId::First);
+        control::RunCommand(Window.GameOf(), control::CommandId::First);
         Clock::time_point Before{};
         QTimer Due;
         QObject::connect(&Due, &QTimer::timeout, [&] {
             const auto Now = Clock::now();
-            const bool Searching = Window.GameOf().SearchActive != 0;
+            const bool Searching = Window.GameOf().Turn == control::TurnState::Thinking;
             if (Searching && Before != Clock::time_point{}) {
                 // An event that is due at once waits until the window gets its next turn.
                 Worst = std::max(Worst, std::chrono::duration<double, std::milli>(Now - Before).count());
@@ -181,7 +179,7 @@ void LatencyInSearch(benchmark::State& Rounds) {
             Before = Searching ? Now : Clock::time_point{};
         });
         Due.start(0);
-        control::RunCommand(Window.GameOf(), view::CommandId::Compute);
+        control::RunCommand(Window.GameOf(), control::CommandId::Compute);
     }
     Rounds.counters["worst_ms"] = Worst;
     Rounds.counters["turns"] = Events;

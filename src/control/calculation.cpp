@@ -3,9 +3,8 @@
 // Reads the main line and the best score; writes label, status and progress, and the expected reply.
 #include "control/calculation.h"
 
-#include "control/time_text.h"
-#include "rules/square_names.h"
 #include "view/move_lists.h"
+#include "view/time_text.h"
 
 #include <algorithm>
 
@@ -13,78 +12,72 @@ namespace zonterbrook::control {
 
 namespace {
 
-constexpr int ShownMoves = 20;
 constexpr int ReplyColumn = 1;
 constexpr int CaptureTag = 1;
 constexpr int PromotionTag = 10;
 constexpr std::size_t LogIndent = 15;
-constexpr std::string_view BookText = "Book";
 
-bool IsShown(const GameState& State) {
-    return State.ShowCalculation == 1;
+bool IsShown(const view::SettingsFields& Settings) {
+    return Settings.ShowCalculation == 1;
 }
 
-std::string MainLineMoveText(const GameState& State, const rules::MainLineMove& Move) {
-    std::string Text = rules::SquareNotation(State, Move.Source, rules::Padding::None);
-    if (Move.Tag % PromotionTag == CaptureTag) {
-        Text += State.CaptureChar;
-    } else if (Move.Source != rules::FromHand) {
-        Text += '-';
-    }
-    Text += rules::SquareNotation(State, Move.Dest, rules::Padding::None);
-    return Move.Tag > CaptureTag ? Text + 'K' : Text;
+game::NamedMove NamedMoveOf(const rules::MainLineMove& Move) {
+    return {Move.Source, Move.Dest, Move.Tag % PromotionTag == CaptureTag, Move.Tag > CaptureTag};
 }
 
-} // namespace
-
-std::string DisplayMainVariant(GameState& State) {
-    std::string Text;
+// Takes over as much of the main line as is shown, and the reply that it expects.
+void TakeMainLine(GameState& State) {
+    view::CalculationFields& Found = State.Calculated;
+    const auto& Line = State.MainVariantTable[0];
+    Found.LineLength = 0;
     State.HintSource = 0;
     State.HintDest = 0;
-    const auto& Line = State.MainVariantTable[0];
-    for (int Column = 0; Column <= rules::MaxPly && Line[Column].Source != 0; ++Column) {
+    for (int Column = 0; Column < Found.LongestLine && Line[Column].Source != 0; ++Column) {
+        Found.Line[Column] = NamedMoveOf(Line[Column]);
+        ++Found.LineLength;
         if (Column == ReplyColumn) {
             State.HintSource = Line[Column].Source;
             State.HintDest = Line[Column].Dest;
         }
-        if (Column < ShownMoves && IsShown(State)) {
-            Text += MainLineMoveText(State, Line[Column]) + ' ';
-        }
     }
-    if (IsShown(State)) {
-        State.Calculation.Text += "\nMain: " + Text;
-    }
-    return Text;
 }
+
+} // namespace
 
 void CalculationReport::MoveStarts(int Iteration, int Move, bool Verifying) {
     if (!IsShown(State)) {
         return;
     }
-    rules::DisplayMove(State, Move);
     std::string Depth = std::to_string(Iteration);
     if (Verifying) {
         Depth += "/" + std::to_string(Iteration + 1);
     }
-    view::SetStatus(State, Doing + " (" + Depth + ")  " + std::string(State.MoveText.View()));
+    const game::NamedMove Searched = game::NamedMoveOf(State.MoveStack[Move]);
+    view::SetStatus(State, Doing + " (" + Depth + ")  " + game::MoveName(State, Searched));
 }
 
 void CalculationReport::MoveAccepted(int Iteration, int Move) {
-    rules::DisplayMove(State, Move);
-    const std::string MoveText(State.MoveText.View());
-    const std::string Depth = view::SignedText(Iteration);
-    const std::string Score = view::SignedText(State.BestScore);
-    BestLine = "D:" + Depth + "   B: " + MoveText + "   S:" + Score;
-    if (IsShown(State)) {
-        State.Calculation.Text = "Depth:" + Depth + "   Best: " + MoveText + "   Score:" + Score;
+    // 1. What has been found.
+    view::CalculationFields& Found = State.Calculated;
+    using Stage = view::CalculationFields::Stage;
+    Found.Stands = IsShown(State) ? Stage::Found : Stage::None;
+    Found.Depth = Iteration;
+    Found.Best = game::NamedMoveOf(State.MoveStack[Move]);
+    Found.Score = State.BestScore;
+    Found.FromBook = State.BookMoveSource >= 1;
+    Found.LineLength = 0;
+    if (!Found.FromBook) {
+        TakeMainLine(State);
     }
-    if (State.BookMoveSource < 1) {
-        MainLineText = DisplayMainVariant(State);
-    } else {
-        MainLineText = BookText;
-        if (IsShown(State)) {
-            State.Calculation.Text.append("\n").append(BookText);
-        }
+
+    // 2. As the log has it: what is not shown is not logged. Wanted: docs/kept_behaviour.md, "no main lines".
+    BestLine = "D:" + view::SignedText(Iteration) + "   B: " + game::MoveName(State, Found.Best) +
+               "   S:" + view::SignedText(Found.Score);
+    MainLineText = Found.FromBook ? "Book" : IsShown(State) ? view::LineText(State, Found) : std::string();
+
+    // 3. As the window has it.
+    if (IsShown(State)) {
+        view::WriteCalculation(State);
     }
 }
 
@@ -95,7 +88,7 @@ void CalculationReport::MoveDone(double Elapsed) {
 
 void CalculationReport::IterationDone(int /*Iteration*/, double Seconds) {
     SearchLog.append(LogIndent, ' ').append(BestLine).append("   M: ").append(MainLineText);
-    SearchLog.append("  T: ").append(TimeString(Seconds, false)).append("\n");
+    SearchLog.append("  T: ").append(view::TimeString(Seconds)).append("\n");
 }
 
 } // namespace zonterbrook::control

@@ -10,11 +10,8 @@
 
 namespace zonterbrook::control {
 
-/// The main line of the last search as text, empty while the calculation is not shown; then it goes to the label, too.
-/// Its second move is the reply that is expected, `HintSource` and `HintDest`.
-std::string DisplayMainVariant(GameState& State);
-
-/// Listens to a root search and shows how far it is.
+/// Listens to a root search and shows how far it is. The second move of the line that it finds is the reply that is
+/// expected, `HintSource` and `HintDest`.
 class CalculationReport : public engine::RootObserver {
 public:
     /// `Doing`: what the status bar says, such as "Thinking...".

@@ -5,13 +5,12 @@
 
 namespace zonterbrook::control {
 
-/// Plays one move for the side to move, or ends the game, and gives the window back. `Thinking` is the caller's.
-/// Does not clear `CancelRequested` at its start: whoever starts it does.
+/// Plays one move for the side to move, or ends the game, and gives the window back unless the computer plays itself.
+/// The turn must be `Thinking`. Does not clear `CancelRequested`: whoever starts it does.
 void ComputerMove(GameState& State);
 
 /// The Compute command, and the reply to a person's move: the computer takes the side to move over from the person, if
-/// it was the person's, and moves. Does nothing once the game has ended. Clears `CancelRequested`, sets and clears
-/// `Thinking`.
+/// it was the person's, and moves. Does nothing once the game has ended. Clears `CancelRequested`.
 void ComputeNow(GameState& State);
 
 } // namespace zonterbrook::control

@@ -1,28 +1,25 @@
-// What the main window calls: one routine for each of its events.
+// What the main window calls: one routine for each of its events; for menus and toolbar see commands.h.
 //
 // Each runs to its end under the trap (trap.h): no exception leaves it. The window then shows the contents of the state
 // if they have changed.
 #pragma once
 
-#include "control/state.h"
+#include "control/commands.h"
+#include "control/input.h"
+#include "control/keyboard.h"
 
 #include <cstdint>
 #include <string>
 
 namespace zonterbrook::control {
 
-inline constexpr int LeftButton = 1;
-inline constexpr int RightButton = 2;
 inline constexpr int EnterKey = 13;
 
-/// The mouse on cell `Index` of the board. `X` and `Y` are twips from the cell's upper left corner; a drag goes on
-/// reporting to the cell where it began, with figures that may be negative or lie beyond it.
-void c_MouseDown(GameState& State, int Index, int Button, int X, int Y);
-void c_MouseMove(GameState& State, int Index, int Button, int X, int Y);
+/// The mouse on cell `Index` of the board; a drag goes on reporting to the cell where it began. `X` and `Y` of the
+/// release are twips from that cell's upper left corner, and may be negative or lie beyond it.
+void c_MouseDown(GameState& State, int Index, int Button);
+void c_MouseMove(GameState& State, int Index);
 void c_MouseUp(GameState& State, int Index, int Button, int X, int Y);
-
-/// What the keys do on the board.
-enum class BoardKey { Left, Right, Up, Down, Pick, Menu };
 
 /// A key pressed on the board, and `Pick` released: arrows move the cursor, `Pick` takes the piece under it and then
 /// drops it there, `Menu` opens the position editor. All that happens is what the mouse would do on the cursor's cell.
@@ -43,10 +40,10 @@ std::string c_Text(const GameState& State, int Index);
 /// Puts the picked piece back where it stood, as the Escape key does.
 void PutBackPiece(GameState& State);
 
-/// A key released in the box of typed moves, whose text is in `MoveBox.Text`. Enter plays it.
+/// A key released in the box of typed moves, whose text is in `TypedText`. Enter plays it.
 void Text2_KeyUp(GameState& State, int KeyCode);
 
-/// A key released in the comment box, whose text is in `CommentBox.Text`.
+/// A key released in the comment box, whose text is in `CommentText`.
 void Text1_KeyUp(GameState& State);
 
 /// A double click on a list, its line in `Selected`.
@@ -57,10 +54,7 @@ void List3_DblClick(GameState& State);
 void List1_MouseUp(GameState& State);
 void List1_KeyDown(GameState& State, int KeyCode);
 
-/// A menu entry or toolbar button. Does nothing for a command that is disabled.
-void RunCommand(GameState& State, view::CommandId Id);
-
-/// Once, before the window is shown. `State` must be fresh and its `Outside` and `TwipsPerPixel` set.
+/// Once, before the window is shown. `State` must be fresh and its `TwipsPerPixel` set.
 void Form_Load(GameState& State);
 
 /// The window is about to close; `Cancel` comes back true if it is to stay.

@@ -3,18 +3,24 @@
 // Input checks no rule: it looks a move up among those of the ply, and compares with them to say why it was refused.
 // A drag is idle (`SourceCell` -1) or held (`SourceCell` set, the cell painted empty); every way out of held puts the
 // piece back or redraws the board. Reads the stack of the ply; writes the latches, boxes and pointers. What a move sets
-// off is record.h's business.
+// off is person_move.h's business.
 #include "control/input.h"
 
 #include "base/text.h"
-#include "control/record.h"
+#include "control/input_state.h"
+#include "control/person_move.h"
 #include "control/setup.h"
+#include "control/turn_state.h"
 #include "rules/cells.h"
+#include "rules/generate.h"
+#include "rules/input.h"
 #include "rules/square_names.h"
 #include "view/draw_board.h"
 #include "view/move_lists.h"
 
+#include <algorithm>
 #include <string>
+#include <utility>
 
 namespace zonterbrook::control {
 
@@ -29,12 +35,10 @@ constexpr std::string_view NotEmpty = "that square is not empty";
 // So many rows of the last generation are asked why a capture was refused.
 constexpr int RowsAsked = 21;
 constexpr int PopupMargin = 2;
-// A line of six characters ends in a mark that is no part of the move.
-constexpr std::size_t MarkedLine = 6;
 constexpr int LastRootMove = engine::RootMoveEntries - 1;
 
 void Refuse(GameState& State, std::string_view Text) {
-    State.Outside->Message(ErrorTitle, Text, Icon::Exclamation);
+    State.Outside().Message(ErrorTitle, Text, Icon::Exclamation);
 }
 
 template <typename Visit>
@@ -50,24 +54,6 @@ bool AnyMoveFrom(const GameState& State, int Square) {
     return Found;
 }
 
-void ClearDrag(GameState& State) {
-    State.SourceCell = -1;
-    State.DropDx = 0;
-    State.DropDy = 0;
-    State.SetupLatch = 0;
-    State.HoverCell = -1;
-    State.RightCell = -1;
-    State.HoverSquare = 0;
-    State.DragIconSet = 0;
-    State.PopupLatch = 0;
-}
-
-void RemovePointers(GameState& State) {
-    for (view::BoardCell& Cell : State.Cells) {
-        Cell.Pointer = view::Picture::None;
-    }
-}
-
 // The piece is back where it was, and with it the board as it was before the pick.
 void EndFailedDrag(GameState& State, int Source) {
     view::RepaintSquare(State, Source);
@@ -77,16 +63,16 @@ void EndFailedDrag(GameState& State, int Source) {
         }
     });
     ClearDrag(State);
-    State.SourcesShown = 0;
+    State.SourcesShown = false;
 }
 
 void ShowNumbers(GameState& State) {
-    if (State.SetupLatch == 0) {
-        State.NumbersShown = 1;
-        State.SourcesShown = 0;
+    if (!State.SetupLatch) {
+        State.NumbersShown = true;
+        State.SourcesShown = false;
         view::DrawBoard(State, 1);
     }
-    State.SetupLatch = 0;
+    State.SetupLatch = false;
 }
 
 void RefusePick(GameState& State, int Square, std::string_view Text) {
@@ -104,14 +90,14 @@ void BoxTargets(GameState& State, int Square) {
     });
     ForEachMove(State, [&](const rules::MoveRecord& Move) {
         if (Move.Source == Square) {
-            State.SourcesShown = 1;
+            State.SourcesShown = true;
             view::BoxSquare(State, Move.Dest);
         }
     });
 }
 
 void PickPiece(GameState& State, int Index) {
-    if (State.GameEnded != 0) {
+    if (IsOver(State)) {
         return;
     }
     const int Square = view::SquareOfCell(State, Index);
@@ -122,9 +108,9 @@ void PickPiece(GameState& State, int Index) {
         RefusePick(State, Square, view::SideMovesText(State.Side));
         return;
     }
-    State.CycleMove = 0;
+    State.CycleMove = false;
     ForEachMove(State, [&](const rules::MoveRecord& Move) {
-        State.CycleMove |= Move.Source == Square && Move.Dest == Square ? 1 : 0;
+        State.CycleMove = State.CycleMove || (Move.Source == Square && Move.Dest == Square);
     });
     if (!AnyMoveFrom(State, Square)) {
         RefusePick(State, Square, "You cannot move that piece");
@@ -137,16 +123,17 @@ void PickPiece(GameState& State, int Index) {
     if (State.HoverCell >= 0) {
         view::BoxSquare(State, view::SquareOfCell(State, State.HoverCell));
     }
-    State.DragIconSet = 0;
+    State.DragIconSet = false;
     BoxTargets(State, Square);
-    // The rule of the touched piece takes hold only here, where available moves are shown. Wanted.
+    // The rule of the touched piece takes hold only here, where available moves are shown. Wanted:
+    // docs/kept_behaviour.md, "Touch-Move".
     if (State.TouchedSquare == 0) {
         State.TouchedSquare = Square;
     }
 }
 
 void BoxMoveSources(GameState& State) {
-    State.SourcesShown = 1;
+    State.SourcesShown = true;
     ForEachMove(State, [&](const rules::MoveRecord& Move) {
         if (Move.Source != rules::FromHand) {
             view::RepaintSquare(State, Move.Source);
@@ -178,7 +165,7 @@ bool IsFailedDrop(const GameState& State, int Source, int Target) {
     if (State.RuleSet.PiecesOnBlack < 2 && !view::IsDarkSquare(State, Target)) {
         return true;
     }
-    return Target == Source && State.CycleMove != 1;
+    return Target == Source && !State.CycleMove;
 }
 
 // Why no move leads from `Source` to `Dest`; empty if all that can be said is that it is none.
@@ -207,50 +194,44 @@ std::string_view RefusalReason(const GameState& State, int Source, int Dest) {
 void RefuseDrop(GameState& State, int Source, int Dest) {
     const std::string_view Reason = RefusalReason(State, Source, Dest);
     view::DrawBoard(State, 0);
-    State.SourcesShown = 0;
+    State.SourcesShown = false;
     Refuse(State, Reason.empty() ? std::string(IllegalMove) : std::string(IllegalMove) + ": " + std::string(Reason));
 }
 
 void DropPiece(GameState& State, int X, int Y) {
     const int Source = view::SquareOfCell(State, State.SourceCell);
-    RemovePointers(State);
     const int Target = DropSquare(State, Source, X, Y);
     if (IsFailedDrop(State, Source, Target)) {
         EndFailedDrag(State, Source);
         return;
     }
-    const std::string Move = base::ToUpper(rules::SquareNotation(State, Source, rules::Padding::Zero) +
-                                           rules::SquareNotation(State, Target, rules::Padding::Zero));
     ClearDrag(State);
-    if (EnterMove(State, Move)) {
-        RecordHumanMove(State);
-    } else {
+    if (!PlayPersonMove(State, Source, Target)) {
         RefuseDrop(State, Source, Target);
     }
 }
 
-// A move as a person writes it, as the squares that `EnterMove` takes. A part of one character is a number below 10 and
-// gets a blank, so that each part is a field of two.
-std::string NormaliseMove(const GameState& State, std::string_view Text) {
-    std::string Move = base::ToUpper(base::Trim(Text));
-    const std::string Joints = {'-', State.CaptureChar, static_cast<char>(State.CaptureChar == 'x' ? 'X' : '-')};
-    for (std::size_t At = Move.find_first_of(Joints); At != std::string::npos; At = Move.find_first_of(Joints)) {
-        std::string Left = Move.substr(0, At);
-        std::string Right = Move.substr(At + 1);
-        Left += Left.size() == 1 ? " " : "";
-        Right += Right.size() == 1 ? " " : "";
-        Move = Left + Right;
-    }
-    return Move;
+// The two squares that a person's text names, a lone square being both. Hyphen, capture signs and blanks split them;
+// where nothing does, the first has two characters.
+struct Ends {
+    int Source;
+    int Dest;
+};
+
+Ends ReadMove(const rules::RulesState& State, std::string_view Text) {
+    constexpr std::string_view Joints = "-X: ";
+    const std::string Move = base::ToUpper(base::Trim(Text));
+    const std::size_t Joint = std::min(Move.find_first_of(Joints), Move.size());
+    const std::size_t Split = Joint < Move.size() ? Joint : std::min<std::size_t>(2, Move.size());
+    std::string Rest = Move.substr(Split);
+    std::erase_if(Rest, [&](char C) { return Joints.find(C) != std::string_view::npos; });
+    const int Source = rules::SquareNumber(State, Move.substr(0, Split));
+    return {Source, Rest.empty() ? Source : rules::SquareNumber(State, Rest)};
 }
 
 void TypeMove(GameState& State) {
-    const std::string Move = NormaliseMove(State, State.MoveBox.Text);
-    State.MoveBox.Text.clear();
-    if (EnterMove(State, Move)) {
-        ClearDrag(State);
-        RecordHumanMove(State);
-    } else {
+    const Ends Move = ReadMove(State, std::exchange(State.TypedText, {}));
+    if (!PlayPersonMove(State, Move.Source, Move.Dest)) {
         Refuse(State, IllegalMove);
     }
 }
@@ -260,21 +241,17 @@ void ClearLines(view::ListFields& List) {
     List.Selected = -1;
 }
 
-void PlayLine(GameState& State, std::string_view Line) {
-    State.MoveBox.Text.clear();
-    if (EnterMove(State, NormaliseMove(State, Line))) {
-        ClearDrag(State);
+void PlayLine(GameState& State, int Source, int Dest) {
+    State.TypedText.clear();
+    if (rules::FindMove(State, Source, Dest) >= 0) {
         ClearLines(State.ChoiceList);
         ClearLines(State.RootList);
-        State.Calculation.Text = view::NoCalculation;
-        RecordHumanMove(State);
-        return;
+        PlayPersonMove(State, Source, Dest);
+    } else {
+        view::DrawBoard(State, 0);
+        State.SourcesShown = false;
+        Refuse(State, IllegalMove);
     }
-    view::DrawBoard(State, 0);
-    State.SourcesShown = 0;
-    State.ChoiceList.Enabled = false;
-    Refuse(State, IllegalMove);
-    State.ChoiceList.Enabled = true;
 }
 
 bool IsCell(int Index) {
@@ -283,26 +260,12 @@ bool IsCell(int Index) {
 
 } // namespace
 
-// Once a game is over it is gone through, not played on.
-bool TakesMoves(const GameState& State) {
-    return State.Thinking == 0 && State.GameEnded == 0;
-}
-
-void ClearInput(GameState& State) {
-    ClearDrag(State);
-    RemovePointers(State);
-    State.TouchedSquare = 0;
-    State.SourcesShown = 0;
-    State.NumbersShown = 0;
-    State.CycleMove = 0;
-}
-
 void PressCell(GameState& State, int Index, int Button) {
-    if (!IsCell(Index) || State.Thinking != 0 || State.RightCell >= 0 || State.PopupLatch != 0) {
+    if (!IsCell(Index) || IsBusy(State) || State.RightCell >= 0 || State.PopupLatch) {
         return;
     }
     if (Button == RightButton) {
-        if (State.SourcesShown != 1) {
+        if (!State.SourcesShown) {
             State.RightCell = Index;
         }
         return;
@@ -320,12 +283,12 @@ void PressCell(GameState& State, int Index, int Button) {
     }
 }
 
-void MoveOverCell(GameState& State, int Index, int X, int Y) {
-    if (!IsCell(Index) || State.NumbersShown != 0 || State.Thinking != 0 || State.GameEnded != 0) {
+void MoveOverCell(GameState& State, int Index) {
+    if (!IsCell(Index) || State.NumbersShown || !TakesMoves(State)) {
         return;
     }
-    State.PopupLatch = 0;
-    if (State.ShowAvailableMoves != 0 && State.SourcesShown == 0) {
+    State.PopupLatch = false;
+    if (State.ShowAvailableMoves != 0 && !State.SourcesShown) {
         BoxMoveSources(State);
     }
     const int Square = view::SquareOfCell(State, Index);
@@ -333,17 +296,15 @@ void MoveOverCell(GameState& State, int Index, int X, int Y) {
         State.HoverSquare = Square;
         State.HoverCell = Index;
     }
-    if (State.SourceCell >= 0 && State.DragIconSet == 0) {
-        State.DragIconSet = 1;
+    if (State.SourceCell >= 0 && !State.DragIconSet) {
+        State.DragIconSet = true;
         const int Source = view::SquareOfCell(State, State.SourceCell);
         State.Cells[State.SourceCell].Pointer = view::PointerOfPiece(State.Board[Source]);
     }
-    State.DropDx = X;
-    State.DropDy = Y;
 }
 
 void ReleaseCell(GameState& State, int Index, int Button, int X, int Y) {
-    if (!IsCell(Index) || State.Thinking != 0) {
+    if (!IsCell(Index) || IsBusy(State)) {
         return;
     }
     if (Button == RightButton) {
@@ -355,8 +316,8 @@ void ReleaseCell(GameState& State, int Index, int Button, int X, int Y) {
         }
         return;
     }
-    if (State.NumbersShown == 1) {
-        State.NumbersShown = 0;
+    if (State.NumbersShown) {
+        State.NumbersShown = false;
         view::DrawBoard(State, 0);
         return;
     }
@@ -366,26 +327,30 @@ void ReleaseCell(GameState& State, int Index, int Button, int X, int Y) {
 }
 
 void EscapeDrag(GameState& State) {
-    if (State.Thinking == 0 && State.SourceCell >= 0) {
-        RemovePointers(State);
+    if (!IsBusy(State) && State.SourceCell >= 0) {
         EndFailedDrag(State, view::SquareOfCell(State, State.SourceCell));
     }
 }
 
 void EnterTypedMove(GameState& State) {
-    if (TakesMoves(State)) {
-        TypeMove(State);
+    if (IsBusy(State) || base::Trim(State.TypedText).empty()) {
+        return;
     }
+    if (IsOver(State)) {
+        State.TypedText.clear();
+        view::SetStatus(State, State.EndText);
+        return;
+    }
+    TypeMove(State);
 }
 
 void PlayListedMove(GameState& State) {
-    const auto& Lines = State.ChoiceList.Lines;
-    const auto K = static_cast<std::size_t>(State.ChoiceList.Selected);
-    if (!TakesMoves(State) || State.ChoiceList.Selected < 0 || K >= Lines.size()) {
+    const std::int32_t Line = State.ChoiceList.Selected;
+    if (!TakesMoves(State) || Line < 0 || Line >= rules::MoveCountOfPly(State)) {
         return;
     }
-    const std::string& Line = Lines[K];
-    PlayLine(State, std::string_view(Line).substr(0, Line.size() == MarkedLine ? MarkedLine - 1 : Line.size()));
+    const rules::MoveRecord& Move = State.MoveStack[State.StackLimit[State.Ply] + Line];
+    PlayLine(State, Move.Source, Move.Dest);
 }
 
 void PlayRootMove(GameState& State) {
@@ -397,9 +362,7 @@ void PlayRootMove(GameState& State) {
         Refuse(State, "List3_DblClick   K=" + view::SignedText(K));
         return;
     }
-    const engine::RootMove Move = State.RootMoves[K];
-    PlayLine(State, rules::SquareNotation(State, Move.Source, rules::Padding::Zero) +
-                        rules::SquareNotation(State, Move.Dest, rules::Padding::Zero));
+    PlayLine(State, State.RootMoves[K].Source, State.RootMoves[K].Dest);
 }
 
 } // namespace zonterbrook::control

@@ -1,31 +1,27 @@
-// Moves from the mouse, from the keyboard and from the lists.
+// Moves from the mouse, from the box of typed moves and from the lists.
 //
 // These are the handlers' bodies; the window calls those of events.h, which hold the trap.
 #pragma once
 
-#include "control/events.h"
 #include "control/state.h"
 
 namespace zonterbrook::control {
 
-/// Forgets what the mouse is doing and which piece was touched.
-void ClearInput(GameState& State);
+inline constexpr int LeftButton = 1;
+inline constexpr int RightButton = 2;
 
 /// The mouse on a cell: see events.h for the figures.
 void PressCell(GameState& State, int Index, int Button);
-void MoveOverCell(GameState& State, int Index, int X, int Y);
+void MoveOverCell(GameState& State, int Index);
 void ReleaseCell(GameState& State, int Index, int Button, int X, int Y);
-
-/// Whether a person may move now: the computer rests, and the game is not over.
-bool TakesMoves(const GameState& State);
 
 /// Puts the piece in the hand back.
 void EscapeDrag(GameState& State);
 
-/// Plays the text of `MoveBox`, which is emptied.
+/// Plays the typed move, and empties its box.
 void EnterTypedMove(GameState& State);
 
-/// Plays the selected line of `ChoiceList`, of `RootList`.
+/// Plays the selected line of the moves that may be played, of those of the last calculation.
 void PlayListedMove(GameState& State);
 void PlayRootMove(GameState& State);
 

@@ -6,6 +6,7 @@
 #include "control/keyboard.h"
 
 #include "control/input.h"
+#include "control/turn_state.h"
 #include "view/board_cursor.h"
 #include "view/draw_board.h"
 
@@ -50,8 +51,7 @@ PlaceInCell MiddleSeenFrom(const GameState& State, int Cell) {
 void MoveThere(GameState& State) {
     // As a drag does, the way with a piece in the hand goes on reporting to the cell where it began.
     const int Cell = State.SourceCell >= 0 ? State.SourceCell : State.CursorCell;
-    const PlaceInCell Middle = MiddleSeenFrom(State, Cell);
-    MoveOverCell(State, Cell, Middle.X, Middle.Y);
+    MoveOverCell(State, Cell);
 }
 
 void ReleaseThere(GameState& State, int Cell, int Button) {
@@ -112,7 +112,7 @@ void PressBoardKey(GameState& State, BoardKey Key) {
 }
 
 void ReleaseBoardKey(GameState& State, BoardKey Key) {
-    if (Key == BoardKey::Pick && State.NumbersShown != 0 && State.CursorCell >= 0) {
+    if (Key == BoardKey::Pick && State.NumbersShown && State.CursorCell >= 0) {
         ReleaseThere(State, State.CursorCell, LeftButton);
     }
 }

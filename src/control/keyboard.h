@@ -3,10 +3,12 @@
 // These are the handlers' bodies; the window calls those of events.h, which hold the trap.
 #pragma once
 
-#include "control/events.h"
 #include "control/state.h"
 
 namespace zonterbrook::control {
+
+/// What the keys do on the board.
+enum class BoardKey { Left, Right, Up, Down, Pick, Menu };
 
 /// See `c_KeyDown` and its neighbours in events.h.
 void PressBoardKey(GameState& State, BoardKey Key);

@@ -18,55 +18,60 @@ constexpr std::size_t DepthColumns = 2;
 constexpr std::string_view BeforeDepth = "      ";
 constexpr std::string_view BeforeMain = "    ";
 
-void Append(GameState& State, std::string_view Text) {
-    if (State.LogOpen != 0) {
-        State.Outside->AppendLog(Text);
-    }
+void AppendLine(const GameState& State, std::string_view Line) {
+    AppendLog(State, std::string(Line) + "\n");
 }
 
-void AppendLine(GameState& State, std::string_view Line) {
-    Append(State, std::string(Line) + "\n");
-}
-
-std::string MoveAndScore(const GameState& State, std::string_view DisplayText) {
-    std::string Line = view::MoveListLine(State.GameMoves, DisplayText);
-    Line.resize(std::max(Line.size(), MoveColumns), ' ');
-    return Line + base::PadLeft(std::to_string(State.MoveScores[State.GameMoves]), ScoreColumns);
-}
-
-} // namespace
-
-void OpenLog(GameState& State) {
-    State.LogOpen = State.Outside->OpenLog() ? 1 : 0;
-    AppendLine(State, "");
-    AppendLine(State, std::string(view::ProductName) + "   " + State.Outside->Date() + "  " + State.Outside->Time());
-}
-
-void CloseLog(GameState& State) {
-    if (State.LogOpen != 0) {
-        State.LogOpen = 0;
-        State.Outside->CloseLog();
-    }
-}
-
-void WriteLogHeader(GameState& State) {
+void WriteHeading(const GameState& State) {
     AppendLine(State, "");
     AppendLine(State, State.VariantTitle);
     AppendLine(State, State.RuleSet.BlackStarts == 1 ? "Black   White" : "White   Black");
     AppendLine(State, Heading);
 }
 
-void LogPersonMove(GameState& State, std::string_view DisplayText) {
-    AppendLine(State, MoveAndScore(State, DisplayText));
+std::string MoveAndScore(const GameState& State) {
+    std::string Line = view::GameLine(State, State.Record, State.Record.Cursor);
+    Line.resize(std::max(Line.size(), MoveColumns), ' ');
+    return Line + base::PadLeft(std::to_string(State.Record.Last().Score), ScoreColumns);
 }
 
-void LogComputerMove(GameState& State, std::string_view DisplayText, int Depth, std::string_view MainLine,
-                     std::string_view SearchLog) {
-    std::string Line = MoveAndScore(State, DisplayText);
-    Line.append(BeforeDepth).append(base::PadLeft(std::to_string(Depth), DepthColumns));
+} // namespace
+
+void OpenLog(GameState& State) {
+    State.LogOpen = State.Outside().OpenLog();
+    AppendLine(State, "");
+    AppendLine(State, std::string(view::ProductName) + "   " + State.Outside().Date() + "  " + State.Outside().Time());
+}
+
+void CloseLog(GameState& State) {
+    if (State.LogOpen) {
+        State.LogOpen = false;
+        State.Outside().CloseLog();
+    }
+}
+
+void AppendLog(const GameState& State, std::string_view Text) {
+    if (State.LogOpen) {
+        State.Outside().AppendLog(Text);
+    }
+}
+
+void LogMove(const GameState& State) {
+    if (State.Record.Cursor == 1) {
+        WriteHeading(State);
+    }
+    AppendLine(State, MoveAndScore(State));
+}
+
+void LogComputerMove(const GameState& State, std::string_view MainLine, std::string_view SearchLog) {
+    if (State.Record.Cursor == 1) {
+        WriteHeading(State);
+    }
+    std::string Line = MoveAndScore(State);
+    Line.append(BeforeDepth).append(base::PadLeft(std::to_string(State.Record.Last().Depth), DepthColumns));
     Line.append(BeforeMain).append(MainLine);
     AppendLine(State, Line);
-    Append(State, SearchLog);
+    AppendLog(State, SearchLog);
 }
 
 } // namespace zonterbrook::control

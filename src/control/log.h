@@ -11,15 +11,14 @@ namespace zonterbrook::control {
 void OpenLog(GameState& State);
 void CloseLog(GameState& State);
 
-/// The lines that stand above the moves of a game.
-void WriteLogHeader(GameState& State);
+/// Adds text as it stands.
+void AppendLog(const GameState& State, std::string_view Text);
 
-/// The line of half-move `GameMoves`, made by a person; `DisplayText` as the list shows it, without the number.
-void LogPersonMove(GameState& State, std::string_view DisplayText);
+/// The line of the half-move before the cursor, made by a person or read; the heading of the game above the first one.
+void LogMove(const GameState& State);
 
-/// The same for one that the computer made: how deep it looked, the line that it expects, and the lines of the
-/// iterations, each with its line end.
-void LogComputerMove(GameState& State, std::string_view DisplayText, int Depth, std::string_view MainLine,
-                     std::string_view SearchLog);
+/// The same for one that the computer made, with the line that it expects and the lines of the iterations, each with
+/// its line end.
+void LogComputerMove(const GameState& State, std::string_view MainLine, std::string_view SearchLog);
 
 } // namespace zonterbrook::control

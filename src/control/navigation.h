@@ -5,13 +5,13 @@
 
 namespace zonterbrook::control {
 
-/// Takes back `Steps` half-moves, or plays -`Steps` of the stored ones again. `Quiet` leaves results of the last search
-/// and the commands alone, `KeepEntries` the list's selection and the display too. Not while the computer thinks.
-void NavigateMoves(GameState& State, int Steps, bool Quiet, bool KeepEntries);
+/// Takes back `Steps` half-moves, or plays -`Steps` of the recorded ones again. Not while something is at work.
+void NavigateMoves(GameState& State, int Steps);
 
 /// One half-move forward; the status bar shows its text.
 void StepForward(GameState& State);
 
+/// The commands.
 void First_Click(GameState& State);
 void Moveback_Click(GameState& State);
 void MoveForward_Click(GameState& State);

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "base/outside_world.h"
-#include "view/commands.h"
+#include "control/command_id.h"
 
 #include <filesystem>
 #include <string>
@@ -14,8 +14,13 @@ namespace zonterbrook::control {
 
 enum class Icon { None, Exclamation, Question };
 
+/// How long a position is shown before the next thing happens.
+inline constexpr double PauseSeconds = 0.5;
+
 class Platform : public base::OutsideWorld {
 public:
+    using OutsideWorld::OutsideWorld;
+
     /// Shows a message and waits until the person has read it. The window shows the contents as they stand first.
     virtual void Message(std::string_view Title, std::string_view Text, Icon Sign) = 0;
 
@@ -49,7 +54,7 @@ public:
     virtual void CloseLog() = 0;
 
     /// Opens the popup menu at the mouse, with the ticks of the contents, and returns the chosen entry or `None`.
-    virtual view::CommandId ShowPopup(view::CommandId Menu) = 0;
+    virtual CommandId ShowPopup(CommandId Menu) = 0;
 
     /// Opens a link or document with whatever the desktop has for it.
     virtual void OpenDocument(std::string_view Target) = 0;

@@ -1,9 +1,8 @@
-// The player's rating, draw offers and resignation.
+// The player's rating.
 #pragma once
 
 #include "control/state.h"
 
-#include <string>
 #include <string_view>
 
 namespace zonterbrook::control {
@@ -12,23 +11,7 @@ namespace zonterbrook::control {
 /// the game doesn't count.
 void UpdateRating(GameState& State, double Score);
 
-/// 1 if a person plays the colour, "black" or "white", else 0.
-int PlayerWon(const GameState& State, std::string_view Colour);
-
 /// What is said to the winner of a game.
-std::string GameCompliment(const GameState& State);
-
-/// The person offers a draw, or gives up.
-void OfferDraw(GameState& State);
-void Resign(GameState& State);
-
-/// Says how the game has ended, and what that did to the rating.
-void Congratulate(GameState& State, std::string_view Text);
-
-/// Closes the game: flag, commands, lists, status.
-void CloseGame(GameState& State, std::string_view Status);
-
-/// Says the rating.
-void rating_Click(GameState& State);
+std::string_view GameCompliment(const game::GameRecord& Record);
 
 } // namespace zonterbrook::control

@@ -1,10 +1,9 @@
 // The popup menu of a square, and the start position that its choice makes.
 //
-// Writes the board, the start position and, through `NewGame`, the whole game.
+// Writes the board, the start position and, through `StartPosition`, the whole game.
 #include "control/setup.h"
 
-#include "control/input.h"
-#include "control/new_game.h"
+#include "control/variant_start.h"
 #include "rules/position.h"
 #include "view/draw_board.h"
 #include "view/move_lists.h"
@@ -13,26 +12,15 @@ namespace zonterbrook::control {
 
 namespace {
 
-using view::CommandId;
-
 struct PieceEntry {
     CommandId Id;
     std::int32_t Value;
 };
-constexpr PieceEntry PieceEntries[] = {{CommandId::empty1, rules::Empty},
-                                       {CommandId::mnu_PopUp_BlackChecker, rules::BlackMan},
-                                       {CommandId::mnu_PopUp_BlackKing, rules::BlackKing},
-                                       {CommandId::Whitechecker, rules::WhiteMan},
-                                       {CommandId::Whiteking, rules::WhiteKing}};
-
-void TickEntries(GameState& State, int Square) {
-    for (const PieceEntry& Entry : PieceEntries) {
-        if (Entry.Value == State.Board[Square]) {
-            view::ChooseRadio(State, Entry.Id);
-        }
-    }
-    view::ChooseRadio(State, State.Side == rules::White ? CommandId::WhiteM : CommandId::mnu_PopUp_BlackM);
-}
+constexpr PieceEntry PieceEntries[] = {{CommandId::EmptySquare, rules::Empty},
+                                       {CommandId::BlackMan, rules::BlackMan},
+                                       {CommandId::BlackKing, rules::BlackKing},
+                                       {CommandId::WhiteMan, rules::WhiteMan},
+                                       {CommandId::WhiteKing, rules::WhiteKing}};
 
 void ClearBoard(GameState& State) {
     for (int Cell = rules::FirstCell; Cell <= rules::LastCell; ++Cell) {
@@ -50,13 +38,13 @@ void SetSideToMove(GameState& State, std::int32_t Side) {
 // False if the menu was closed with no choice.
 bool ApplyEntry(GameState& State, CommandId Chosen) {
     switch (Chosen) {
-    case CommandId::mnu_PopUp_ClearBoard:
+    case CommandId::ClearBoard:
         ClearBoard(State);
         return true;
-    case CommandId::mnu_PopUp_BlackM:
+    case CommandId::BlackMoves:
         SetSideToMove(State, rules::Black);
         return true;
-    case CommandId::WhiteM:
+    case CommandId::WhiteMoves:
         SetSideToMove(State, rules::White);
         return true;
     default:
@@ -72,19 +60,10 @@ bool ApplyEntry(GameState& State, CommandId Chosen) {
 }
 
 void MakeStartPosition(GameState& State) {
-    State.StartBoard = State.Board;
-    State.RuleSet.BlackStarts = State.Side == rules::Black ? 1 : 0;
-    State.KeepBoard = 1;
-    NewGame(State);
-    ClearInput(State);
-    State.SetupLatch = 1;
-    State.PopupLatch = 1;
-    view::ShowVariantTitle(State);
-    if (!State.VariantTitle.ends_with(" (M)")) {
-        State.VariantTitle += " (M)";
-        view::ShowTitle(State);
-    }
-    view::DrawBoard(State, 0);
+    StartPosition(State);
+    view::MarkTitle(State);
+    State.SetupLatch = true;
+    State.PopupLatch = true;
 }
 
 } // namespace
@@ -93,10 +72,9 @@ void EditSquare(GameState& State, int Square) {
     if (State.RuleSet.PiecesOnBlack < 2 && !view::IsDarkSquare(State, Square)) {
         return;
     }
-    State.SetupLatch = 1;
-    TickEntries(State, Square);
+    State.SetupLatch = true;
     State.PopupSquare = Square;
-    if (ApplyEntry(State, State.Outside->ShowPopup(CommandId::mnuPopup))) {
+    if (ApplyEntry(State, State.Outside().ShowPopup(CommandId::PopupMenu))) {
         MakeStartPosition(State);
     }
 }

@@ -2,7 +2,9 @@
 #include "control/trap.h"
 
 #include "control/log.h"
+#include "control/turn_state.h"
 
+#include <cassert>
 #include <exception>
 #include <string>
 
@@ -11,58 +13,58 @@ namespace zonterbrook::control {
 namespace {
 
 // Counts the handlers at work, also when one is left by an exception.
-class Depth {
+class AtWork {
 public:
-    explicit Depth(GameState& InState) : State(InState) { ++State.HandlerDepth; }
-    ~Depth() { --State.HandlerDepth; }
-    Depth(const Depth&) = delete;
-    Depth& operator=(const Depth&) = delete;
+    explicit AtWork(GameState& InState) : State(InState) { ++State.HandlersAtWork; }
+    ~AtWork() { --State.HandlersAtWork; }
+    AtWork(const AtWork&) = delete;
+    AtWork& operator=(const AtWork&) = delete;
 
 private:
     GameState& State;
 };
 
 void ShowAndEnd(GameState& State, std::string_view Text) {
-    State.Outside->Message("Error", Text, Icon::Exclamation);
+    State.Outside().Message("Error", Text, Icon::Exclamation);
     End1(State);
 }
 
 } // namespace
 
 void RunTrapped(GameState& State, const std::function<void()>& Handler, std::string_view FaultText) {
-    if (State.Ending != 0) {
+    if (State.ProgramEnds) {
         return;
     }
     {
-        const Depth Running(State);
+        const AtWork Running(State);
         try {
             Handler();
         } catch (const FileFault& Failure) {
-            if (State.LogOpen != 0) {
-                State.Outside->AppendLog(std::string(Failure.what()) + "\n");
-            }
+            AppendLog(State, std::string(Failure.what()) + "\n");
             ShowAndEnd(State, ErrorFound);
         } catch (const std::exception& Failure) {
             // The standard library's own failures end the run as ours do.
             ShowAndEnd(State, FaultText.empty() ? Failure.what() : FaultText);
         }
     }
-    if (State.HandlerDepth == 0 && State.ClosePending != 0 && State.Ending == 0) {
-        State.ClosePending = 0;
-        State.Outside->CloseWindow();
+    if (State.HandlersAtWork > 0 || State.ProgramEnds) {
+        return;
+    }
+    assert(CheckRest(State).empty());
+    if (State.CloseWanted) {
+        State.Outside().CloseWindow();
     }
 }
 
 void End1(GameState& State) {
-    if (State.Ending != 0) {
+    if (State.ProgramEnds) {
         return;
     }
-    State.Ending = 1;
-    // A search below the failed handler unwinds by these before the window goes.
+    State.ProgramEnds = true;
+    // A search below the failed handler unwinds by this before the window goes.
     State.CancelRequested = rules::StopRequest::Person;
-    State.Cancel1 = 1;
     CloseLog(State);
-    State.Outside->EndProgram();
+    State.Outside().EndProgram();
 }
 
 } // namespace zonterbrook::control

@@ -20,7 +20,7 @@ public:
 
 /// Runs a handler. A fault that leaves it is shown, with the title "Error", and the program ends through `End1`;
 /// `FaultText`, if there is one, is shown in place of the fault's own words. When the outermost handler returns and the
-/// window was asked to close in mid-search, the window closes.
+/// person has agreed to close the window meanwhile, the window closes.
 void RunTrapped(GameState& State, const std::function<void()>& Handler, std::string_view FaultText = {});
 
 /// The end of every fatal road: closes what is open, saves nothing, ends the program.

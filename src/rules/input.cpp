@@ -3,38 +3,27 @@
 
 #include "rules/generate.h"
 #include "rules/moves.h"
-#include "rules/square_names.h"
 
 namespace zonterbrook::rules {
 
-void InputMove(RulesState& State, std::string_view Move, bool& Found) {
-    Found = false;
-    State.MoveWasCapture = 0;
-    State.MoveWasPromotion = 0;
-
-    const int Source = SquareNumber(State, Move.substr(0, 2));
+int FindMove(RulesState& State, int Source, int Dest) {
     if (State.TouchedSquare >= 1 && State.TouchMove == 1 && Source != State.TouchedSquare) {
-        return;
+        return -1;
     }
-    const int Dest = Move.size() >= 3 ? SquareNumber(State, Move.substr(2)) : Source;
-
     GenerateGameMoves(State);
     for (int I = State.StackLimit[State.Ply]; I < State.StackLimit[State.Ply + 1]; ++I) {
         const MoveRecord& Record = State.MoveStack[I];
-        const bool Matches = Record.Dest == Dest && (Record.Source == Source || Record.Source == FromHand);
-        if (!Matches) {
-            continue;
+        if (Record.Dest == Dest && (Record.Source == Source || Record.Source == FromHand)) {
+            return I;
         }
-        State.MoveWasCapture = Record.Captures.Count != 0 ? 1 : 0;
-        State.MoveWasPromotion = Record.Kind == 2 ? 1 : 0;
-        InitGameTree(State);
-        DisplayMove(State, I);
-        PerformMove(State, I);
-        State.PlayedIndex = I;
-        State.TouchedSquare = 0;
-        Found = true;
-        return;
     }
+    return -1;
+}
+
+void PlayMove(RulesState& State, int Move) {
+    InitGameTree(State);
+    PerformMove(State, Move);
+    State.TouchedSquare = 0;
 }
 
 } // namespace zonterbrook::rules

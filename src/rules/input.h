@@ -1,15 +1,16 @@
-// A move named by its two squares, looked up among the legal moves and played.
+// A move named by its two squares, looked up among the legal moves.
 #pragma once
 
 #include "rules/state.h"
 
-#include <string_view>
-
 namespace zonterbrook::rules {
 
-/// Plays the legal move that `Move` names: one or two square names of two characters, in capitals. A single name is a
-/// piece that enters there. The first match in stack order is played; `Found` says whether there was one. Sets
-/// `MoveWasCapture`, `MoveWasPromotion`, `PlayedIndex` and the move texts.
-void InputMove(RulesState& State, std::string_view Move, bool& Found);
+/// Generates the game's moves and gives the index of the first one in stack order from `Source` to `Dest`, cells both;
+/// -1 if there is none, or the touched piece must move and stands elsewhere. A piece that enters from off the board is
+/// found by `Dest` alone.
+int FindMove(RulesState& State, int Source, int Dest);
+
+/// Plays the move on record `Move` of the ply as a move of the game: the ply becomes the root first.
+void PlayMove(RulesState& State, int Move);
 
 } // namespace zonterbrook::rules

@@ -1,4 +1,4 @@
-// Square names and move texts.
+// Square names.
 #include "rules/square_names.h"
 
 #include "base/text.h"
@@ -48,32 +48,18 @@ int AlgebraicCell(std::string_view Name) {
     return CellAt(Row, Name[0] - 'A' + 1);
 }
 
-std::string SquareNotation(const RulesState& State, int Square, Padding Pad) {
+std::string SquareNotation(Notation Names, int Square, Padding Pad) {
     if (Square == FromHand) {
         return {};
     }
-    if (Square < FirstCell || Square > LastCell || State.Board[Square] == Border) {
+    if (!IsOnBoard(Square)) {
         return "--";
     }
-    return State.NotationMode != Notation::Algebraic ? NumberedName(Square, Pad) : AlgebraicName(Square);
+    return Names != Notation::Algebraic ? NumberedName(Square, Pad) : AlgebraicName(Square);
 }
 
 int SquareNumber(const RulesState& State, std::string_view Name) {
     return State.NotationMode != Notation::Algebraic ? NumberedCell(State, Name) : AlgebraicCell(Name);
-}
-
-void DisplayMove(RulesState& State, int Move) {
-    const MoveRecord& Record = State.MoveStack[Move];
-    const auto Text = [&](Padding Pad) {
-        std::string Result = SquareNotation(State, Record.Source, Pad);
-        if (Record.Source != FromHand) {
-            Result += Record.Captures.Count == 0 ? '-' : State.CaptureChar;
-        }
-        Result += SquareNotation(State, Record.Dest, Pad);
-        return Record.Kind != 0 ? Result + 'K' : Result;
-    };
-    State.MoveText.Assign(Text(Padding::None));
-    State.MoveTextPadded.Assign(Text(Padding::Blank));
 }
 
 } // namespace zonterbrook::rules

@@ -1,6 +1,4 @@
-// A square's name from its cell and back, in the three notations, and the text of a move.
-//
-// Reads the notation switch and the colour of the playing squares; changes only the move texts.
+// A square's name from its cell and back, in the three notations.
 #pragma once
 
 #include <cstdint>
@@ -10,6 +8,7 @@
 namespace zonterbrook::rules {
 
 struct RulesState;
+enum class Notation : std::int32_t;
 
 /// How `SquareNotation` fills a numbered name below 10.
 enum class Padding { Blank = 0, None = 1, Zero = 2 };
@@ -21,14 +20,10 @@ std::string AlgebraicName(int Cell);
 /// a person convert it first. Does not ask whether the cell is played on.
 int AlgebraicCell(std::string_view Name);
 
-/// The name of a cell in the notation in force. Empty for an entry from off the board, "--" for a border cell.
-std::string SquareNotation(const RulesState& State, int Square, Padding Pad);
+/// The name of a cell. Empty for an entry from off the board, "--" for a border cell.
+std::string SquareNotation(Notation Names, int Square, Padding Pad);
 
 /// The cell that a name stands for in the notation in force, or 0 if it is no name.
 int SquareNumber(const RulesState& State, std::string_view Name);
-
-/// Fills `MoveText` and `MoveTextPadded` with the move on record `Move` of the stack, "c3-d4" or "c3xe5", "K" at the
-/// end of a promotion. Must run before the move is made.
-void DisplayMove(RulesState& State, int Move);
 
 } // namespace zonterbrook::rules

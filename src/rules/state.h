@@ -156,7 +156,6 @@ template <typename T>
 using ByPly = base::CheckedArray<T, PlyEntries>;
 template <typename T>
 using ByGameMove = base::CheckedArray<T, GameMoveEntries>;
-using MoveTextField = base::FixedText<12>;
 
 /// Who wants a search to stop: nobody, the person (or a full move stack), the clock.
 enum class StopRequest : std::int32_t { None, Person, Clock };
@@ -200,14 +199,9 @@ struct RulesState {
     std::int32_t AtGamePosition;
     StopRequest CancelRequested;
 
-    // --- input: written by `InputMove` -----------------------------------------------------------------------------
+    // --- input -----------------------------------------------------------------------------------------------------
     std::int32_t TouchMove;     ///< the option: the piece first touched must move
     std::int32_t TouchedSquare; ///< 0: none
-    std::int32_t MoveWasCapture;
-    std::int32_t MoveWasPromotion;
-    std::int32_t PlayedIndex;
-    MoveTextField MoveText;
-    MoveTextField MoveTextPadded;
 
     // --- notation --------------------------------------------------------------------------------------------------
     Notation NotationMode;

@@ -279,8 +279,7 @@ void BoardWidget::mousePressEvent(QMouseEvent* Event) {
     if (Button == 0 || PressedCell < 0) {
         return;
     }
-    const QPoint Where = TwipsIn(PressedCell, Event->position());
-    emit CellPressed(PressedCell, Button, Where.x(), Where.y());
+    emit CellPressed(PressedCell, Button);
 }
 
 void BoardWidget::mouseDoubleClickEvent(QMouseEvent* Event) {
@@ -293,11 +292,9 @@ void BoardWidget::mouseMoveEvent(QMouseEvent* Event) {
         PressedCell = -1;
     }
     const int Cell = PressedCell >= 0 ? PressedCell : CellAt(Event->position());
-    if (Cell < 0) {
-        return;
+    if (Cell >= 0) {
+        emit CellMoved(Cell);
     }
-    const QPoint Where = TwipsIn(Cell, Event->position());
-    emit CellMoved(Cell, ButtonCode(Event->buttons()), Where.x(), Where.y());
 }
 
 void BoardWidget::mouseReleaseEvent(QMouseEvent* Event) {

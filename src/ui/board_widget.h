@@ -54,10 +54,10 @@ signals:
     void CellTextChanged(int Cell);
     void CursorCame(int Cell);
 
-    /// The mouse on a cell: X and Y in twips from its upper left corner. Moves with a button held, and the release, are
-    /// those of the cell where the press was.
-    void CellPressed(int Cell, int Button, int X, int Y);
-    void CellMoved(int Cell, int Button, int X, int Y);
+    /// The mouse on a cell. Moves with a button held, and the release, are those of the cell where the press was; X and
+    /// Y are twips from its upper left corner.
+    void CellPressed(int Cell, int Button);
+    void CellMoved(int Cell);
     void CellReleased(int Cell, int Button, int X, int Y);
 
 protected:

@@ -15,7 +15,6 @@ LineList::LineList(QWidget* Parent) : QListWidget(Parent) {
     setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setTextElideMode(Qt::ElideNone);
-    connect(this, &QListWidget::currentRowChanged, this, &LineList::LineSelected);
 }
 
 void LineList::UseFixedWidthFont() {
@@ -49,8 +48,6 @@ void LineList::Display(const view::ListFields& Fields) {
     if (Selected >= 0) {
         scrollToItem(item(Selected));
     }
-    setEnabled(Fields.Enabled);
-    setVisible(Fields.Visible);
 }
 
 void LineList::mouseReleaseEvent(QMouseEvent* Event) {

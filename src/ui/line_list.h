@@ -22,8 +22,6 @@ public:
     void UseFixedWidthFont();
 
 signals:
-    /// A person has moved the selection; -1 for none.
-    void LineSelected(int Row);
     /// The mouse has been released on the list, or Enter pressed in it.
     void Released();
     void EnterPressed();

@@ -32,7 +32,7 @@ int TwipsPerPixelOf(const QScreen* Screen) {
 
 MainWindow::MainWindow(ProgramFolders Folders, QWidget* Parent)
     : QMainWindow(Parent), Outside(std::make_unique<QtPlatform>(*this, std::move(Folders))),
-      State(std::make_unique<control::GameState>()) {
+      State(std::make_unique<control::GameState>(*Outside)) {
     setObjectName(QStringLiteral("frmMain"));
     RegisterArt();
     RegisterBoardAccess();
@@ -45,7 +45,6 @@ MainWindow::MainWindow(ProgramFolders Folders, QWidget* Parent)
     ConnectControls();
     SteadyBackgrounds();
 
-    State->Outside = Outside.get();
     State->TwipsPerPixel = TwipsPerPixelOf(screen());
     control::Form_Load(*State);
     ShowContents();
@@ -72,12 +71,11 @@ void MainWindow::Dispatch(const std::function<void(control::GameState&)>& Handle
 void MainWindow::ConnectControls() {
     using control::GameState;
 
-    connect(Board, &BoardWidget::CellPressed, this, [this](int Cell, int Button, int X, int Y) {
-        Dispatch([=](GameState& Game) { control::c_MouseDown(Game, Cell, Button, X, Y); });
+    connect(Board, &BoardWidget::CellPressed, this, [this](int Cell, int Button) {
+        Dispatch([=](GameState& Game) { control::c_MouseDown(Game, Cell, Button); });
     });
-    connect(Board, &BoardWidget::CellMoved, this, [this](int Cell, int Button, int X, int Y) {
-        Dispatch([=](GameState& Game) { control::c_MouseMove(Game, Cell, Button, X, Y); });
-    });
+    connect(Board, &BoardWidget::CellMoved, this,
+            [this](int Cell) { Dispatch([=](GameState& Game) { control::c_MouseMove(Game, Cell); }); });
     connect(Board, &BoardWidget::CellReleased, this, [this](int Cell, int Button, int X, int Y) {
         Dispatch([=](GameState& Game) { control::c_MouseUp(Game, Cell, Button, X, Y); });
     });
@@ -118,21 +116,21 @@ void MainWindow::ConnectControls() {
     connect(RootList, &LineList::EnterPressed, this, [this] { Dispatch(control::List3_DblClick); });
 
     connect(CommentBox, &QPlainTextEdit::textChanged, this, [this] {
-        State->CommentBox.Text = CommentBox->toPlainText().toStdString();
-        Shown.CommentBox.Text = State->CommentBox.Text;
+        State->CommentText = CommentBox->toPlainText().toStdString();
+        Shown.CommentText = State->CommentText;
         Dispatch(control::Text1_KeyUp);
     });
     connect(MoveBox, &QLineEdit::textEdited, this, [this](const QString& Typed) {
-        State->MoveBox.Text = Typed.toStdString();
-        Shown.MoveBox.Text = State->MoveBox.Text;
+        State->TypedText = Typed.toStdString();
+        Shown.TypedText = State->TypedText;
     });
     // Enter counts when it goes down: its release may belong to a message box that it has just closed.
     connect(MoveBox, &QLineEdit::returnPressed, this,
             [this] { Dispatch([](GameState& Game) { control::Text2_KeyUp(Game, control::EnterKey); }); });
 
-    for (const view::CommandRow& Row : view::CommandRows()) {
+    for (const control::CommandRow& Row : control::CommandRows()) {
         // The entries of the popup menu are not run: the chosen one is the answer to whoever opened the menu.
-        QAction* Entry = Row.Menu == view::CommandId::mnuPopup ? nullptr : ActionOf(Row.Id);
+        QAction* Entry = Row.Menu == control::CommandId::PopupMenu ? nullptr : ActionOf(Row.Id);
         if (Entry != nullptr) {
             connect(Entry, &QAction::triggered, this,
                     [this, Id = Row.Id] { Dispatch([Id](GameState& Game) { control::RunCommand(Game, Id); }); });
@@ -148,18 +146,19 @@ void MainWindow::keyPressEvent(QKeyEvent* Event) {
     QMainWindow::keyPressEvent(Event);
 }
 
-view::CommandId MainWindow::RunPopup(view::CommandId Menu) {
+control::CommandId MainWindow::RunPopup(control::CommandId Menu) {
     QMenu* Popup = Menus.at(static_cast<std::size_t>(Menu));
+    ShowCommands(); // its ticks are those of the square it has been opened on
     // At the mouse, or beside the square that the keys have chosen.
     const int Cell = Board->CursorCell();
     const QPoint Where = Cell >= 0 ? Board->mapToGlobal(Board->CellRect(Cell).center()) : QCursor::pos();
     const QAction* Chosen = Popup->exec(Where);
-    for (const view::CommandRow& Row : view::CommandRows()) {
+    for (const control::CommandRow& Row : control::CommandRows()) {
         if (Chosen != nullptr && ActionOf(Row.Id) == Chosen) {
             return Row.Id;
         }
     }
-    return view::CommandId::None;
+    return control::CommandId::None;
 }
 
 // --- The end
@@ -192,7 +191,7 @@ void MainWindow::EndLater() {
 
 void MainWindow::LeaveIfAsked() {
     // Inside a handler this is a turn that a search has given: the search has to unwind first.
-    if (State->HandlerDepth > 0 || !(CloseWanted || EndWanted)) {
+    if (State->HandlersAtWork > 0 || !(CloseWanted || EndWanted)) {
         return;
     }
     CloseWanted = false;

@@ -39,13 +39,13 @@ public:
     bool HasEnded() const { return EndWanted; }
 
     /// The entry of a command, in menu and toolbar alike; null for menus and `None`.
-    QAction* ActionOf(view::CommandId Id) const { return Actions.at(static_cast<std::size_t>(Id)); }
+    QAction* ActionOf(control::CommandId Id) const { return Actions.at(static_cast<std::size_t>(Id)); }
 
     /// Brings the widgets up to date with the state's contents.
     void ShowContents();
 
     /// Opens a popup menu at the mouse and returns what was chosen.
-    view::CommandId RunPopup(view::CommandId Menu);
+    control::CommandId RunPopup(control::CommandId Menu);
 
     /// Closes the window as a person would, or for good, as soon as no handler is at work.
     void CloseLater();
@@ -63,8 +63,8 @@ private:
     void BuildStatusBar();
     void NameControls();
     void ConnectControls();
-    QMenu* BuildMenu(const view::CommandRow& Row);
-    QAction* BuildAction(const view::CommandRow& Row);
+    QMenu* BuildMenu(const control::CommandRow& Row);
+    QAction* BuildAction(const control::CommandRow& Row);
 
     /// Runs a handler, then shows what it changed. Nothing once the program is ending.
     void Dispatch(const std::function<void(control::GameState&)>& Handler);
@@ -74,6 +74,7 @@ private:
     void ShowBoard();
     void ShowLists();
     void ShowTexts();
+    void ShowOpenControls();
     void ShowLabels();
     void ShowProgress();
     void KeepFocus(QWidget* Before);
@@ -96,8 +97,8 @@ private:
     bool EndWanted = false;
     QWidget* Interrupted = nullptr; // the control that had the keyboard when it was disabled
 
-    std::array<QAction*, view::CommandCount> Actions{};
-    std::array<QMenu*, view::CommandCount> Menus{};
+    std::array<QAction*, control::CommandCount> Actions{};
+    std::array<QMenu*, control::CommandCount> Menus{};
     QToolBar* Toolbar = nullptr;
     QWidget* Inner = nullptr; // all controls stand on it
     BoardWidget* Board = nullptr;

@@ -12,8 +12,8 @@ namespace zonterbrook::ui {
 
 namespace {
 
-using view::CommandId;
-using view::CommandKind;
+using control::CommandId;
+using control::CommandKind;
 
 struct CommandPicture {
     CommandId Id;
@@ -21,25 +21,25 @@ struct CommandPicture {
 };
 
 constexpr CommandPicture Pictures[] = {
-    {CommandId::New1, "new_game"},
+    {CommandId::NewGame, "new_game"},
     {CommandId::NewVariant, "new_variant"},
-    {CommandId::Open1, "open"},
+    {CommandId::Open, "open"},
     {CommandId::Save, "save"},
     {CommandId::Compute, "compute"},
-    {CommandId::mnu_Play_Cancel, "cancel"},
+    {CommandId::Cancel, "cancel"},
     {CommandId::First, "first"},
-    {CommandId::Moveback, "back"},
-    {CommandId::MoveForward, "forward"},
+    {CommandId::Back, "back"},
+    {CommandId::Forward, "forward"},
     {CommandId::Last, "last"},
-    {CommandId::Offerdraw, "draw"},
+    {CommandId::OfferDraw, "draw"},
     {CommandId::Resign, "resign"},
     {CommandId::Hint, "hint"},
-    {CommandId::Cplayer, "computer_player"},
-    {CommandId::Pplayer, "player_player"},
-    {CommandId::mnu_Play_Ccomputer, "computer_computer"},
+    {CommandId::ComputerPlayer, "computer_player"},
+    {CommandId::PlayerPlayer, "player_player"},
+    {CommandId::ComputerComputer, "computer_computer"},
     {CommandId::Options, "options"},
     {CommandId::Analyze, "analyze"},
-    {CommandId::Turn, "turn_board"},
+    {CommandId::TurnBoard, "turn_board"},
 };
 
 constexpr int ToolbarIconPixels = 24;
@@ -58,7 +58,7 @@ std::size_t IndexOf(CommandId Id) {
 // --- Commands
 // ------------------------------------------------------------------------------------------------------------
 
-QMenu* MainWindow::BuildMenu(const view::CommandRow& Row) {
+QMenu* MainWindow::BuildMenu(const control::CommandRow& Row) {
     auto* Menu = new QMenu(Text(Row.Caption), this);
     Menu->setObjectName(Text(Row.Name));
     Menu->menuAction()->setObjectName(Text(Row.Name));
@@ -66,7 +66,7 @@ QMenu* MainWindow::BuildMenu(const view::CommandRow& Row) {
     return Menu;
 }
 
-QAction* MainWindow::BuildAction(const view::CommandRow& Row) {
+QAction* MainWindow::BuildAction(const control::CommandRow& Row) {
     auto* Entry = new QAction(Text(Row.Caption), this);
     Entry->setObjectName(Text(Row.Name));
     Entry->setCheckable(Row.Kind == CommandKind::Check || Row.Kind == CommandKind::Radio);
@@ -75,7 +75,7 @@ QAction* MainWindow::BuildAction(const view::CommandRow& Row) {
     }
     if (Row.Id == CommandId::Exit) {
         Entry->setMenuRole(QAction::QuitRole);
-    } else if (Row.Id == CommandId::mnu_Help_About) {
+    } else if (Row.Id == CommandId::About) {
         Entry->setMenuRole(QAction::AboutRole);
     } else {
         Entry->setMenuRole(QAction::NoRole);
@@ -85,7 +85,7 @@ QAction* MainWindow::BuildAction(const view::CommandRow& Row) {
 
 void MainWindow::BuildMenus() {
     QActionGroup* Radio = nullptr; // of the neighbours that exclude each other
-    for (const view::CommandRow& Row : view::CommandRows()) {
+    for (const control::CommandRow& Row : control::CommandRows()) {
         QMenu* Within = Row.Menu == CommandId::None ? nullptr : Menus.at(IndexOf(Row.Menu));
         if (Row.Kind != CommandKind::Radio) {
             Radio = nullptr;
@@ -96,7 +96,7 @@ void MainWindow::BuildMenus() {
             Menus.at(IndexOf(Row.Id)) = Menu;
             if (Within != nullptr) {
                 Within->addMenu(Menu);
-            } else if (Row.Id != CommandId::mnuSetup) {
+            } else if (Row.Id != CommandId::SetupMenu) {
                 // The menu of the position editor is opened on the board alone.
                 menuBar()->addMenu(Menu);
             }
@@ -135,7 +135,7 @@ void MainWindow::BuildToolbar() {
     Toolbar->setIconSize(QSize(ToolbarIconPixels, ToolbarIconPixels));
     setContextMenuPolicy(Qt::PreventContextMenu);
     int Index = 1;
-    for (const view::ToolbarButton& Button : view::ToolbarButtons()) {
+    for (const control::ToolbarButton& Button : control::ToolbarButtons()) {
         while (Index++ < Button.Index) {
             Toolbar->addSeparator();
         }

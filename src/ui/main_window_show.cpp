@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace zonterbrook::ui {
 
@@ -66,18 +67,21 @@ void MainWindow::ShowContents() {
         return; // the keyboard has gone from one control to another meanwhile; the board comes last
     }
     const view::WindowContents& Now = *State;
+    const QScopedValueRollback Busy(Showing, true);
+    // What can be used follows from the whole state, not from the contents alone; and a click may have ticked an entry
+    // that its handler has not.
+    ShowCommands();
+    QWidget* Focused = focusWidget();
+    ShowOpenControls();
+    KeepFocus(Focused);
     if (EverShown && Now == Shown) {
-        ShowCommands(); // a click may have ticked an entry that its handler has not
         return;
     }
-    const QScopedValueRollback Busy(Showing, true);
-    QWidget* Focused = focusWidget();
     ShowLayout();
     ShowLists();
     ShowTexts();
     ShowLabels();
     ShowProgress();
-    ShowCommands();
     if (!EverShown || Now.Caption != Shown.Caption) {
         setWindowTitle(Text(Now.Caption).trimmed());
     }
@@ -86,7 +90,6 @@ void MainWindow::ShowContents() {
     }
     // The first panel keeps the width of its longest text, or the others would jump when it is cleared.
     Panels.front()->setMinimumWidth(std::max(Panels.front()->minimumWidth(), Panels.front()->sizeHint().width()));
-    KeepFocus(Focused);
     ShowBoard();
     Shown = Now;
     EverShown = true;
@@ -109,16 +112,25 @@ void MainWindow::ShowLists() {
 }
 
 void MainWindow::ShowTexts() {
-    if (!EverShown || State->CommentBox != Shown.CommentBox) {
+    if (CommentBox->toPlainText() != Text(State->CommentText)) {
         const QSignalBlocker Quiet(CommentBox);
-        if (CommentBox->toPlainText() != Text(State->CommentBox.Text)) {
-            CommentBox->setPlainText(Text(State->CommentBox.Text));
-        }
-        CommentBox->setEnabled(State->CommentBox.Enabled);
+        CommentBox->setPlainText(Text(State->CommentText));
     }
-    if (!EverShown || State->MoveBox != Shown.MoveBox) {
-        MoveBox->setText(Text(State->MoveBox.Text));
-        MoveBox->setEnabled(State->MoveBox.Enabled);
+    if (!EverShown || State->TypedText != Shown.TypedText) {
+        MoveBox->setText(Text(State->TypedText));
+    }
+}
+
+void MainWindow::ShowOpenControls() {
+    const std::pair<QWidget*, Control> Closable[] = {{GameList, Control::GameList},
+                                                     {ChoiceList, Control::ChoiceList},
+                                                     {RootList, Control::RootList},
+                                                     {MoveBox, Control::MoveBox}};
+    for (const auto& [Widget, Which] : Closable) {
+        const bool Open = control::IsOpen(*State, Which);
+        if (Widget->isEnabled() != Open) {
+            Widget->setEnabled(Open);
+        }
     }
 }
 
@@ -185,25 +197,22 @@ void MainWindow::ShowProgress() {
 }
 
 void MainWindow::ShowCommands() {
-    for (const view::CommandRow& Row : view::CommandRows()) {
-        if (Row.Id == view::CommandId::None) {
+    for (const control::CommandRow& Row : control::CommandRows()) {
+        if (Row.Id == control::CommandId::None) {
             continue;
         }
-        const view::CommandState& Now = State->CommandOf(Row.Id);
         QMenu* Menu = Menus.at(static_cast<std::size_t>(Row.Id));
         QAction* Entry = Menu != nullptr ? Menu->menuAction() : ActionOf(Row.Id);
         // The entries of a menu that is closed are closed with it: their buttons must not look as if they did
         // something.
-        const bool Enabled = view::CanRun(*State, Row.Id);
+        const bool Enabled = control::IsEnabled(*State, Row.Id);
         if (Entry->isEnabled() != Enabled) {
             Entry->setEnabled(Enabled);
         }
-        if (Entry->isCheckable() && Entry->isChecked() != Now.Ticked) {
-            Entry->setChecked(Now.Ticked);
+        const bool Ticked = control::IsTicked(*State, Row.Id);
+        if (Entry->isCheckable() && Entry->isChecked() != Ticked) {
+            Entry->setChecked(Ticked);
         }
-    }
-    if (Toolbar->isEnabled() != State->ToolbarEnabled) {
-        Toolbar->setEnabled(State->ToolbarEnabled);
     }
 }
 

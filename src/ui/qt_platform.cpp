@@ -134,7 +134,7 @@ bool QtPlatform::Ask(std::string_view Title, std::string_view Words) {
     return Box.exec() == QMessageBox::Yes;
 }
 
-view::CommandId QtPlatform::ShowPopup(view::CommandId Menu) {
+control::CommandId QtPlatform::ShowPopup(control::CommandId Menu) {
     Window.ShowContents();
     return Window.RunPopup(Menu);
 }

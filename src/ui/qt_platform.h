@@ -46,7 +46,7 @@ public:
     bool OpenLog() override;
     void AppendLog(std::string_view Text) override;
     void CloseLog() override;
-    view::CommandId ShowPopup(view::CommandId Menu) override;
+    control::CommandId ShowPopup(control::CommandId Menu) override;
     void OpenDocument(std::string_view Target) override;
     void CloseWindow() override;
     void EndProgram() override;

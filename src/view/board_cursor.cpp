@@ -47,7 +47,7 @@ std::string NameText(const ViewState& State, int Square, bool PlayedOn) {
     if (State.NotationMode == rules::Notation::Algebraic || State.RuleSet.PiecesOnBlack == BothColours) {
         return rules::AlgebraicName(Square);
     }
-    return PlayedOn ? rules::SquareNotation(State, Square, rules::Padding::None) : std::string();
+    return PlayedOn ? rules::SquareNotation(State.NotationMode, Square, rules::Padding::None) : std::string();
 }
 
 template <typename Test>

@@ -4,15 +4,21 @@
 #include "base/text.h"
 #include "formats/variant_file.h"
 #include "rules/generate.h"
-#include "rules/square_names.h"
+#include "view/time_text.h"
 
 namespace zonterbrook::view {
 
 namespace {
 
-constexpr std::size_t RowNumberWidth = 4;
+constexpr std::size_t PairNumberWidth = 4;
 constexpr std::size_t ScoreWidth = 7;
 constexpr std::size_t RootMoveWidth = 6;
+constexpr std::string_view EditedMark = " (M)";
+
+void ShowTitle(ViewState& State) {
+    State.VariantLine.Text = State.VariantTitle;
+    State.Caption = " " + std::string(ProductName) + " - " + State.VariantTitle;
+}
 
 } // namespace
 
@@ -23,8 +29,7 @@ void RefreshMoveChoices(ViewState& State) {
     State.ChoiceList.Lines.clear();
     State.ChoiceList.Selected = -1;
     for (int I = State.StackLimit[State.Ply]; I < State.StackLimit[State.Ply + 1]; ++I) {
-        rules::DisplayMove(State, I);
-        State.ChoiceList.Lines.emplace_back(State.MoveText.View());
+        State.ChoiceList.Lines.push_back(game::MoveName(State, game::NamedMoveOf(State.MoveStack[I])));
     }
 }
 
@@ -35,11 +40,7 @@ void ShowRootMoves(ViewState& State) {
         if (Move.Source == engine::UnsetScore) {
             continue;
         }
-        std::string Line = rules::SquareNotation(State, Move.Source, rules::Padding::None);
-        if (!Line.empty()) {
-            Line += '-';
-        }
-        Line += rules::SquareNotation(State, Move.Dest, rules::Padding::None);
+        std::string Line = game::MoveName(State, {Move.Source, Move.Dest, false, false});
         Line.resize(std::max(Line.size(), RootMoveWidth), ' ');
         if (Move.Score != engine::UnsetScore) {
             Line += base::PadLeft(std::to_string(Move.Score), ScoreWidth);
@@ -48,14 +49,56 @@ void ShowRootMoves(ViewState& State) {
     }
 }
 
-std::string MoveListLine(int HalfMove, std::string_view DisplayText) {
+std::string HalfMoveText(const rules::RulesState& State, const game::HalfMove& Made) {
+    const std::string Name = game::MoveName(State, game::NamedMoveOf(Made.Played.Record));
+    return Made.FromBook ? Name + 'b' : Name;
+}
+
+std::string GameLine(const rules::RulesState& State, const game::GameRecord& Record, int Number) {
     std::string Line;
-    if (HalfMove % 2 == 1) {
-        Line = base::PadLeft(std::to_string((HalfMove + 1) / 2), RowNumberWidth) + ". ";
+    if (Number % 2 == 1) {
+        Line = base::PadLeft(std::to_string((Number + 1) / 2), PairNumberWidth) + ". ";
     } else {
-        Line.assign(RowNumberWidth + 2, ' ');
+        Line.assign(PairNumberWidth + 2, ' ');
     }
-    return Line.append(DisplayText);
+    return Line + HalfMoveText(State, Record.HalfMoves[Number]);
+}
+
+void ListGame(ViewState& State, const game::GameRecord& Record, int First) {
+    State.GameList.Lines.resize(static_cast<std::size_t>(First - 1));
+    for (int Number = First; Number <= Record.Count; ++Number) {
+        State.GameList.Lines.push_back(GameLine(State, Record, Number));
+    }
+    State.GameList.Selected = Record.Cursor - 1;
+}
+
+std::string LineText(const rules::RulesState& State, const CalculationFields& Found) {
+    std::string Text;
+    for (int I = 0; I < Found.LineLength; ++I) {
+        Text += game::MoveName(State, Found.Line[I]) + ' ';
+    }
+    return Text;
+}
+
+void WriteCalculation(ViewState& State) {
+    const CalculationFields& Found = State.Calculated;
+    std::string& Text = State.Calculation.Text;
+    switch (Found.Stands) {
+    case CalculationFields::Stage::None:
+        Text = NoCalculation;
+        return;
+    case CalculationFields::Stage::Begun:
+        Text.clear();
+        break;
+    case CalculationFields::Stage::Found:
+        Text = "Depth:" + SignedText(Found.Depth) + "   Best: " + game::MoveName(State, Found.Best) +
+               "   Score:" + SignedText(Found.Score);
+        Text += Found.FromBook ? "\nBook" : "\nMain: " + LineText(State, Found);
+        break;
+    }
+    if (Found.Seconds >= 0) {
+        Text += "\nTime: " + TimeString(Found.Seconds);
+    }
 }
 
 std::string StrengthText(const ViewState& State) {
@@ -73,14 +116,16 @@ void ShowStrength(ViewState& State) {
 void ShowVariantTitle(ViewState& State) {
     State.VariantTitle = formats::VariantDisplayName(State.VariantName);
     if (!(State.RuleSet == State.LoadedRuleSet)) {
-        State.VariantTitle += " (M)";
+        State.VariantTitle += EditedMark;
     }
     ShowTitle(State);
 }
 
-void ShowTitle(ViewState& State) {
-    State.VariantLine.Text = State.VariantTitle;
-    State.Caption = " " + std::string(ProductName) + " - " + State.VariantTitle;
+void MarkTitle(ViewState& State) {
+    if (!State.VariantTitle.ends_with(EditedMark)) {
+        State.VariantTitle += EditedMark;
+        ShowTitle(State);
+    }
 }
 
 void SetStatus(ViewState& State, std::string_view Text) {

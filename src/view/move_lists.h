@@ -1,7 +1,8 @@
-// The three lists and the texts of the window that are made from the state: moves to choose from, root moves, strength,
-// titles, status.
+// The three lists and the texts of the window that are made from the state: the game, moves to choose from, root moves,
+// calculation, strength, titles, status.
 #pragma once
 
+#include "game/game_record.h"
 #include "view/state.h"
 
 #include <string>
@@ -15,8 +16,22 @@ void RefreshMoveChoices(ViewState& State);
 /// Lists `RootMoves` in `RootList`, one line for each: squares and score.
 void ShowRootMoves(ViewState& State);
 
-/// The line of a half-move in `GameList`: the number of its row before an odd one, six blanks before an even one.
-std::string MoveListLine(int HalfMove, std::string_view DisplayText);
+/// A half-move as lists and log name it, with "b" behind it if the book knows it.
+std::string HalfMoveText(const rules::RulesState& State, const game::HalfMove& Made);
+
+/// The line of half-move `Number` in `GameList`: the number of its pair before an odd one, six blanks before an even
+/// one.
+std::string GameLine(const rules::RulesState& State, const game::GameRecord& Record, int Number);
+
+/// Lists the game's half-moves in `GameList`, from `First` on, and selects the one before the cursor. The lines before
+/// `First` must stand.
+void ListGame(ViewState& State, const game::GameRecord& Record, int First = 1);
+
+/// The calculation's label from `Calculated`, in the notation in force.
+void WriteCalculation(ViewState& State);
+
+/// The same, with the moves of a line in words of their own: "d4-e5 c7xe5 ", a blank behind each.
+std::string LineText(const rules::RulesState& State, const CalculationFields& Found);
 
 /// "Strength:9   Time:2 sec", and the label that shows it.
 std::string StrengthText(const ViewState& State);
@@ -25,8 +40,8 @@ void ShowStrength(ViewState& State);
 /// Caption and variant label, with " (M)" when the rules in force differ from those of the variant's file.
 void ShowVariantTitle(ViewState& State);
 
-/// Caption and variant label from `VariantTitle` as it stands.
-void ShowTitle(ViewState& State);
+/// The same mark for a game that does not begin as the variant does, whatever its rules.
+void MarkTitle(ViewState& State);
 
 /// What the panel in the middle of the status bar says.
 void SetStatus(ViewState& State, std::string_view Text);

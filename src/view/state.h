@@ -7,7 +7,7 @@
 
 #include "base/checked_array.h"
 #include "engine/state.h"
-#include "view/commands.h"
+#include "game/move_name.h"
 
 #include <cstdint>
 #include <string>
@@ -72,17 +72,8 @@ struct EdgeLabel {
 struct ListFields {
     std::vector<std::string> Lines;
     std::int32_t Selected = -1; ///< from 0; -1 for none
-    bool Enabled = true;
-    bool Visible = true;
 
     bool operator==(const ListFields&) const = default;
-};
-
-struct TextBoxFields {
-    std::string Text;
-    bool Enabled = true;
-
-    bool operator==(const TextBoxFields&) const = default;
 };
 
 /// The colours of a label: the window's own, or those of the two player names.
@@ -164,8 +155,8 @@ struct WindowContents {
     ListFields GameList;       ///< the game's moves
     ListFields ChoiceList;     ///< the moves that may be played
     ListFields RootList;       ///< the root moves of the last calculation
-    TextBoxFields CommentBox;  ///< the comment
-    TextBoxFields MoveBox;     ///< the typed move
+    std::string CommentText;   ///< in the box of comments
+    std::string TypedText;     ///< in the box of typed moves
     LabelFields UpperName;     ///< name of the upper player
     LabelFields LowerName;     ///< of the lower one
     LabelFields UpperColour;   ///< colour of the upper player
@@ -182,11 +173,6 @@ struct WindowContents {
     LabelFields ExtraWhiteCount; ///< of White
     ProgressFields Progress;
     base::CheckedArray<std::string, StatusPanelCount> StatusPanels{};
-    base::CheckedArray<CommandState, CommandCount> Commands{};
-    bool ToolbarEnabled = true;
-
-    const CommandState& CommandOf(CommandId Id) const { return Commands[static_cast<int>(Id)]; }
-    CommandState& CommandOf(CommandId Id) { return Commands[static_cast<int>(Id)]; }
     bool operator==(const WindowContents&) const = default;
 };
 
@@ -198,14 +184,28 @@ inline constexpr LabelFields WindowContents::*Labels[] = {
     &WindowContents::ExtraHeading,   &WindowContents::ExtraBlackName, &WindowContents::ExtraBlackCount,
     &WindowContents::ExtraWhiteName, &WindowContents::ExtraWhiteCount};
 
-inline constexpr std::int32_t ComputerPlayer = 0;
-inline constexpr std::int32_t PlayerPlayer = 1;
-inline constexpr std::int32_t ComputerComputer = 2;
+/// Who plays: a person and the computer, two persons, the computer alone.
+enum class GameMode : std::int32_t { ComputerPlayer, PlayerPlayer, ComputerComputer };
+
+/// What the label of the calculation tells, from which its text is made.
+struct CalculationFields {
+    enum class Stage : std::uint8_t { None, Begun, Found };
+    static constexpr int LongestLine = 20;
+
+    Stage Stands = Stage::None;
+    std::int32_t Depth = 0;
+    game::NamedMove Best{};
+    std::int32_t Score = 0;
+    bool FromBook = false;
+    std::int32_t LineLength = 0; ///< moves of `Line`
+    base::CheckedArray<game::NamedMove, LongestLine> Line{};
+    double Seconds = -1; ///< what the whole calculation took; below 0 while it goes on
+};
 
 /// The settings that neither rules nor engine read. The rest of them: `TouchMove` and `NotationMode` in the rules'
 /// slice, strength and search in the engine's.
 struct SettingsFields {
-    std::int32_t PlayMode = ComputerPlayer;
+    GameMode PlayMode = GameMode::ComputerPlayer;
     std::int32_t BoardTurned = 0; ///< 1: Black's side at the bottom
     std::uint8_t ShowAvailableMoves = 1;
     std::string VariantName = "International Checkers"; ///< the file's name
@@ -244,20 +244,18 @@ struct ViewState : engine::EngineState, SettingsFields, WindowContents {
     std::string HelpLink;
     std::string QuickHelpLink;
 
-    // --- game
-    // ----------------------------------------------------------------------------------------------------------
+    // --- game -------------------------------------------------------------------------------------------------------
     std::string WhitePlayerName;
     std::string BlackPlayerName;
+    CalculationFields Calculated;
 
-    // --- written by `DrawBoard`
-    // ----------------------------------------------------------------------------------------
+    // --- written by `DrawBoard` -------------------------------------------------------------------------------------
     std::int32_t WhiteMaterial = 0; ///< men, a king counting two
     std::int32_t BlackMaterial = 0;
     std::int32_t AnyMan = 0;
     std::int32_t KingsOnlyEqual = 0; ///< 1: equal material and no man on the board
 
-    // --- the keyboard's cursor: written through board_cursor.h
-    // ---------------------------------------------------------
+    // --- the keyboard's cursor: written through board_cursor.h ------------------------------------------------------
     std::int32_t CursorSquare = 0; ///< 0 until it is first needed
     bool CursorShown = false;
     bool KeysOnBoard = false; ///< the person plays on the board with the keys; the mouse ends it

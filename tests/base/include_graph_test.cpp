@@ -24,11 +24,12 @@ const std::map<std::string, Folders>& AllowedFolders() {
         {"src/base", {"base"}},
         {"src/rules", {"base", "rules"}},
         {"src/engine", {"base", "rules", "engine"}},
-        {"src/formats", {"base", "rules", "formats"}},
-        {"src/view", {"base", "rules", "engine", "formats", "view"}},
-        {"src/control", {"base", "rules", "engine", "formats", "view", "control"}},
-        {"src/ui", {"base", "rules", "engine", "formats", "view", "control", "ui"}},
-        {"src/app", {"base", "rules", "engine", "formats", "view", "control", "ui", "app"}},
+        {"src/game", {"base", "rules", "game"}},
+        {"src/formats", {"base", "rules", "game", "formats"}},
+        {"src/view", {"base", "rules", "engine", "game", "formats", "view"}},
+        {"src/control", {"base", "rules", "engine", "game", "formats", "view", "control"}},
+        {"src/ui", {"base", "rules", "engine", "game", "formats", "view", "control", "ui"}},
+        {"src/app", {"base", "rules", "engine", "game", "formats", "view", "control", "ui", "app"}},
         {"probe", {"base", "rules", "engine", "formats", "probe"}},
     };
     return Allowed;
@@ -103,6 +104,31 @@ TEST(IncludeGraph, EveryIncludeKeepsTheOrderOfTheFolders) {
         }
     }
     EXPECT_GT(Read, 0) << "no #include was found under " << Root;
+}
+
+// The files of src/control/ from the bottom up: each includes only what stands before it. What a move sets off is so
+// said above the record, and nothing calls upward.
+constexpr const char* ControlOrder[] = {
+    "command_id",    "platform", "state",       "turn_state", "log",      "trap",        "input_state",
+    "record",        "rating",   "ending",      "turn",       "book",     "calculation", "computer_move",
+    "variant_start", "new_game", "person_move", "setup",      "input",    "keyboard",    "navigation",
+    "draw_offer",    "modes",    "notation",    "program",    "commands", "events"};
+
+TEST(IncludeGraph, ControlKeepsTheOrderOfItsFiles) {
+    const fs::path Folder = fs::path(ZONTERBROOK_SOURCE_DIR) / "src/control";
+    const auto PlaceOf = [](const std::string& Name) {
+        return std::find(std::begin(ControlOrder), std::end(ControlOrder), Name) - std::begin(ControlOrder);
+    };
+    for (const fs::path& File : SourceFiles(Folder)) {
+        const std::string Own = File.stem().string();
+        ASSERT_NE(std::ssize(ControlOrder), PlaceOf(Own)) << Own << " has no place";
+        for (const IncludeLine& Include : ReadIncludes(File)) {
+            if (Include.Header.starts_with("control/") && fs::path(Include.Header).stem() != Own) {
+                EXPECT_LT(PlaceOf(fs::path(Include.Header).stem().string()), PlaceOf(Own))
+                    << File.filename().string() << ":" << Include.Line << " includes " << Include.Header;
+            }
+        }
+    }
 }
 
 TEST(IncludeGraph, EveryFolderOfTheSourceTreeHasItsRow) {

@@ -4,8 +4,7 @@
 #include "control/modes.h"
 #include "control/record.h"
 #include "engine/root_search.h"
-#include "support/complaint.h"
-#include "support/turn_world.h"
+#include "support/game_fixture.h"
 
 #include <set>
 
@@ -44,20 +43,19 @@ TEST_F(ComputerMoves, AMoveIsPlayedAndRecorded) {
     Think();
     ASSERT_EQ(1, State.GameMoves);
     EXPECT_EQ(rules::Black, State.Side);
-    EXPECT_EQ(0, State.PlayedMoves[2].Record.Source) << "no end mark";
-    EXPECT_EQ(State.BestScore, State.MoveScores[1]);
-    EXPECT_EQ(3, State.MoveDepths[1]);
-    EXPECT_EQ(9, State.MoveChoices[1]);
-    EXPECT_EQ(control::MovedByComputer, State.GameMoveRow[1].FirstSource);
-    EXPECT_EQ("10", State.GameMoveRow[1].Level);
+    EXPECT_EQ(0, State.Record.HalfMoves[2].Played.Record.Source) << "no end mark";
+    EXPECT_EQ(State.BestScore, State.Record.HalfMoves[1].Score);
+    EXPECT_EQ(3, State.Record.HalfMoves[1].Depth);
+    EXPECT_EQ(9, State.Record.HalfMoves[1].Choices);
+    EXPECT_EQ(game::MadeBy::Computer, State.Record.HalfMoves[1].By);
+    EXPECT_EQ(10, State.Record.HalfMoves[1].Level);
     const std::string Move = State.GameList.Lines.at(0).substr(6);
-    EXPECT_EQ(State.GameMoveRow[1].FirstMove, Move.substr(0, 2) + Move.substr(3, 2) + " " + Move);
     EXPECT_EQ(9U, State.ChoiceList.Lines.size());
     EXPECT_EQ(9U, State.RootList.Lines.size());
     EXPECT_EQ(Move, State.RootList.Lines[0].substr(0, 5)) << "the best move stands first";
     EXPECT_EQ(std::vector<std::string>{"sounds/click.wav"}, World.Sounds);
-    EXPECT_EQ(1, State.GameChanged);
-    EXPECT_EQ("", Complaint(State));
+    EXPECT_TRUE(State.GameChanged);
+    EXPECT_EQ("", control::CheckRest(State));
 }
 
 TEST_F(ComputerMoves, TheComputerTakesTheSideToMoveOver) {
@@ -66,34 +64,33 @@ TEST_F(ComputerMoves, TheComputerTakesTheSideToMoveOver) {
     Think();
     ExpectNames("Player", "Computer");
     // A side that is the computer's stays it.
-    Run(Moveback);
+    Run(Back);
     Think();
     ExpectNames("Player", "Computer");
     BetweenPersons();
     Think();
     ExpectNames("Player", "Player");
-    ExpectCan(false, {Offerdraw, Resign});
+    ExpectCan(false, {OfferDraw, Resign});
 }
 
 TEST_F(ComputerMoves, WhatLayAheadIsDropped) {
     for (int I = 0; I < 4; ++I) {
         Think();
     }
-    State.MoveComment[4] = "late";
+    State.Record.HalfMoves[4].Comment = "late";
     Run(First);
-    Nodes.OnNode = [&] { EXPECT_TRUE(State.GameList.Lines.empty()) << "still listed while the computer thinks"; };
+    World.OnNode = [&] { EXPECT_TRUE(State.GameList.Lines.empty()) << "still listed while the computer thinks"; };
     Think();
-    EXPECT_EQ(1, State.MoveCount);
-    EXPECT_EQ("", State.MoveComment[4]);
-    EXPECT_EQ(0, State.MoveScores[3]);
-    EXPECT_EQ("", State.GameMoveRow[1].SecondMove);
-    ExpectCan(false, {MoveForward});
+    EXPECT_EQ(1, State.Record.Count);
+    EXPECT_EQ("", State.Record.HalfMoves[4].Comment);
+    EXPECT_EQ(0, State.Record.HalfMoves[3].Score);
+    ExpectCan(false, {Forward});
 }
 
 TEST_F(ComputerMoves, TheCalculationIsShown) {
     State.SearchDepth = 4;
     std::set<std::string> Seen;
-    Nodes.OnNode = [&] {
+    World.OnNode = [&] {
         World.Clock += 1;
         Seen.insert(Status());
     };
@@ -111,10 +108,10 @@ TEST_F(ComputerMoves, TheCalculationIsShown) {
 }
 
 TEST_F(ComputerMoves, TheCalculationIsNotShownWhenItIsOff) {
-    Run(calculation);
+    Run(Calculation);
     State.SearchDepth = 3;
     bool Said = false;
-    Nodes.OnNode = [&] { Said |= Status() != "Thinking..."; };
+    World.OnNode = [&] { Said |= Status() != "Thinking..."; };
     Think();
     EXPECT_EQ("no calculation", State.Calculation.Text);
     EXPECT_FALSE(Said) << "the moves under examination are part of the calculation";
@@ -126,8 +123,8 @@ TEST_F(ComputerMoves, ASingleMoveIsNotThoughtAbout) {
     State.SearchDepth = 6;
     Lay("w a3, w j2, b b4, b j6");
     Think();
-    EXPECT_EQ(1, State.MoveChoices[1]);
-    EXPECT_EQ(1, State.MoveDepths[1]);
+    EXPECT_EQ(1, State.Record.HalfMoves[1].Choices);
+    EXPECT_EQ(1, State.Record.HalfMoves[1].Depth);
     EXPECT_EQ(6, State.SearchDepth);
 }
 
@@ -137,7 +134,7 @@ TEST_F(ComputerMoves, ByTimeTheClockStopsTheSearchThroughMidnightToo) {
     for (const double Begin : {1000.0, 86399.0}) {
         World.Clock = Begin;
         double Spent = 0;
-        Nodes.OnNode = [&] {
+        World.OnNode = [&] {
             Spent += 0.001;
             World.Clock += World.Clock >= 86400 ? 0.001 - 86400 : 0.001;
         };
@@ -146,7 +143,7 @@ TEST_F(ComputerMoves, ByTimeTheClockStopsTheSearchThroughMidnightToo) {
         EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
         EXPECT_GE(Spent, 2.0);
         EXPECT_LT(Spent, 10.0) << "stopped long after its time";
-        EXPECT_GT(State.MoveDepths[State.GameMoves], 2);
+        EXPECT_GT(State.Record.HalfMoves[State.GameMoves].Depth, 2);
         EXPECT_EQ(2.0, State.Progress.Value);
         EXPECT_EQ("Strength:10   Time:2 sec", State.StrengthLine.Text);
     }
@@ -156,53 +153,88 @@ TEST_F(ComputerMoves, ByTimeTheClockStopsTheSearchThroughMidnightToo) {
 TEST_F(ComputerMoves, NothingCanBePressedButCancel) {
     State.SearchDepth = 4;
     const auto Look = [&] {
-        ExpectCan(false, {New1, NewVariant, Open1, Save, mnuProblem, Compute, Analyze, First, Moveback, Last, Resign,
-                          MoveForward, Offerdraw, Hint, Cplayer, Pplayer, Options, Turn, mnu_Play_Ccomputer});
-        ExpectCan(true, {mnu_Play_Cancel});
-        EXPECT_FALSE(State.MoveBox.Enabled);
-        EXPECT_FALSE(State.GameList.Enabled || State.ChoiceList.Enabled || State.RootList.Enabled);
-        EXPECT_EQ(1, State.Thinking);
+        ExpectCan(false,
+                  {NewGame, NewVariant, Open, Save, SearchProblems, Compute, Analyze, First, Back, Last, Resign,
+                   Forward, OfferDraw, Hint, ComputerPlayer, PlayerPlayer, Options, TurnBoard, ComputerComputer});
+        ExpectCan(true, {Cancel});
+        EXPECT_FALSE(control::IsOpen(State, view::Control::MoveBox));
+        EXPECT_FALSE(control::IsOpen(State, view::Control::GameList) ||
+                     control::IsOpen(State, view::Control::ChoiceList) ||
+                     control::IsOpen(State, view::Control::RootList));
+        EXPECT_EQ(control::TurnState::Thinking, State.Turn);
     };
-    Nodes.OnNode = Look;
+    World.OnNode = Look;
     World.OnWait = Look;
     Think();
-    ExpectCan(true, {New1, Compute, First, Moveback, Offerdraw, Resign, Cplayer, Pplayer, mnu_Play_Ccomputer, Turn});
-    ExpectCan(false, {mnu_Play_Cancel, MoveForward});
-    EXPECT_TRUE(State.MoveBox.Enabled && State.GameList.Enabled && State.ChoiceList.Enabled && State.RootList.Enabled);
+    ExpectCan(true, {NewGame, Compute, First, Back, OfferDraw, Resign, ComputerPlayer, PlayerPlayer, ComputerComputer,
+                     TurnBoard});
+    ExpectCan(false, {Cancel, Forward});
+    EXPECT_TRUE(control::IsOpen(State, view::Control::MoveBox) && control::IsOpen(State, view::Control::GameList) &&
+                control::IsOpen(State, view::Control::ChoiceList) && control::IsOpen(State, view::Control::RootList));
 }
 
 TEST_F(ComputerMoves, ACommentTypedInMidSearchBelongsToTheMoveThatIsThoughtAbout) {
     State.SearchDepth = 4;
-    State.CommentBox.Text = "deep";
-    Nodes.OnNode = [&] { control::Text1_KeyUp(State); };
+    State.CommentText = "deep";
+    World.OnNode = [&] { control::Text1_KeyUp(State); };
     Think();
-    EXPECT_EQ("deep", State.MoveComment[1]);
-    EXPECT_EQ("", State.MoveComment[2]) << "the search makes moves of its own";
+    EXPECT_EQ("deep", State.Record.HalfMoves[1].Comment);
+    EXPECT_EQ("", State.Record.HalfMoves[2].Comment) << "the search makes moves of its own";
 }
 
 TEST_F(ComputerMoves, AFaultInMidSearchEndsTheProgramInOrder) {
-    Nodes.OnNode = [] { throw base::Fault("broken"); };
+    World.OnNode = [] { throw base::Fault("broken"); };
     World.ExpectMessage("Error", "broken");
     Think();
     EXPECT_TRUE(World.Ended);
     EXPECT_FALSE(World.LogIsOpen);
 }
 
-TEST_F(ComputerMoves, ClosingTheWindowInMidSearchWaitsForTheMove) {
+struct CloseCase {
+    const char* Name;
+    bool ByCommand;
+    int ConfirmExit;
+    bool Closes;
+};
+
+using ClosedInMidSearch = RowsOf<ComputerMoves, CloseCase>;
+
+TEST_P(ClosedInMidSearch, AsksFirstAndStopsOnlyAfterAYes) {
+    const CloseCase& Row = GetParam();
     State.SearchDepth = 6;
-    State.ConfirmExit = 0;
-    bool Stayed = false;
-    Nodes.OnNode = [&] {
-        if (Nodes.Nodes == 500) {
-            control::Form_QueryUnload(State, Stayed);
+    State.ConfirmExit = Row.ConfirmExit;
+    if (Row.ConfirmExit != 0) {
+        World.ExpectQuestion("Confirmation", "Are you sure you want to exit?", Row.Closes);
+    }
+    World.OnNode = [&] {
+        if (World.Nodes < 500 || World.Nodes > 501) {
+            return;
         }
+        bool Cancel = true;
+        if (Row.ByCommand && World.Nodes == 500) {
+            Run(Exit);
+        } else if (World.Nodes == 500 || Row.Closes) { // a second click asks nothing
+            control::Form_QueryUnload(State, Cancel);
+        }
+        EXPECT_TRUE(Cancel) << "the window went in mid-search";
     };
     Think();
-    EXPECT_TRUE(Stayed) << "the window went in mid-search";
-    EXPECT_EQ(1, World.Closings) << "and is not told to close afterwards";
-    EXPECT_LT(Nodes.Nodes, 600U) << "searched on";
+    EXPECT_EQ(Row.Closes ? 1 : 0, World.Closings);
+    EXPECT_EQ(Row.Closes, World.Nodes < 600U) << "No stops nothing, Yes at once";
     EXPECT_EQ(1, State.GameMoves);
+    bool Cancel = true;
+    if (Row.Closes) {
+        control::Form_QueryUnload(State, Cancel);
+        EXPECT_FALSE(Cancel) << "what has been agreed is not asked again";
+    }
 }
+
+constexpr CloseCase CloseRows[] = {{"window_asked_and_agreed", false, 1, true},
+                                   {"window_asked_and_refused", false, 1, false},
+                                   {"window_unasked", false, 0, true},
+                                   {"command_asked_and_agreed", true, 1, true},
+                                   {"command_asked_and_refused", true, 1, false}};
+INSTANTIATE_TEST_SUITE_P(Rows, ClosedInMidSearch, testing::ValuesIn(CloseRows), RowName);
 
 // --- announcements -----------------------------------------------------------------------------------------------
 
@@ -223,13 +255,13 @@ TEST_P(Forced, ResultsAreAnnounced) {
     State.SearchDepth = Row.Depth;
     Think();
     EXPECT_EQ(Row.Text, Status());
-    EXPECT_EQ(*Row.Text != '\0' ? 1 : 0, State.ForcedAnnounced);
-    EXPECT_EQ(0, State.GameEnded);
+    EXPECT_EQ(*Row.Text != '\0', State.ForcedAnnounced);
+    EXPECT_FALSE(control::IsOver(State));
     // It comes back with the last position, and not before.
-    Run(Moveback);
+    Run(Back);
     EXPECT_EQ("", Status());
-    Run(MoveForward);
-    EXPECT_EQ(*Row.Text != '\0' ? Row.Text : control::StoredDisplay(State, 1), Status());
+    Run(Forward);
+    EXPECT_EQ(*Row.Text != '\0' ? Row.Text : view::HalfMoveText(State, State.Record.HalfMoves[1]), Status());
 }
 
 using rules::Black;
@@ -293,7 +325,7 @@ TEST_F(ComputerMoves, TheLastMovesOfTheLongestGameAreSearchedLikeAnyOther) {
     State.SearchDepth = 4;
     PlayUntil(998);
     Think();
-    EXPECT_EQ(0, State.GameEnded);
+    EXPECT_FALSE(control::IsOver(State));
     EXPECT_EQ(0, State.DrawPending) << "later evaluations would answer 0";
     ExpectCongratulation("It's a draw!");
     Think();
@@ -353,7 +385,7 @@ TEST_P(Offers, AreMadeWhenEverythingAgrees) {
     if (Row.Asked == Answer::Yes) {
         ExpectOver("It's a draw!", "1/2-1/2");
     } else {
-        EXPECT_EQ(0, State.GameEnded);
+        EXPECT_FALSE(control::IsOver(State));
     }
 }
 
@@ -369,15 +401,15 @@ INSTANTIATE_TEST_SUITE_P(Rows, Offers, testing::ValuesIn(OfferRows), RowName);
 TEST_F(ComputerMoves, FlatScoresAreCounted) {
     PlayUntil(80);
     Think();
-    const int Score = State.MoveScores[81];
+    const int Score = State.Record.HalfMoves[81].Score;
     // How much higher the score was 78 half-moves ago, or that there was none, and the count then.
     for (const auto& [Before, Count] : {std::pair{99, 2}, {100, 0}, {-99, 2}, {-100, 0}, {-Score, 0}}) {
-        Run(Moveback);
+        Run(Back);
         State.ScoreFlatCount = 1;
-        State.MoveScores[3] = static_cast<std::int16_t>(Score + Before);
+        State.Record.HalfMoves[3].Score = static_cast<std::int16_t>(Score + Before);
         Think();
         ASSERT_EQ(81, State.GameMoves);
-        ASSERT_EQ(Score, State.MoveScores[81]);
+        ASSERT_EQ(Score, State.Record.HalfMoves[81].Score);
         EXPECT_EQ(Count, State.ScoreFlatCount) << Before;
     }
 }
@@ -386,17 +418,17 @@ TEST_F(ComputerMoves, FlatScoresAreCounted) {
 
 TEST_F(ComputerMoves, CancelPlaysTheBestMoveSoFar) {
     State.SearchDepth = 12;
-    Nodes.OnNode = [&] {
-        if (Nodes.Nodes == 3000) {
-            Run(mnu_Play_Cancel);
-            ExpectCan(false, {mnu_Play_Cancel});
+    World.OnNode = [&] {
+        if (World.Nodes == 3000) {
+            Run(Cancel);
+            ExpectCan(false, {Cancel});
         }
     };
     Think();
     EXPECT_EQ(1, State.GameMoves);
-    EXPECT_LT(Nodes.Nodes, 3100U);
-    EXPECT_GT(State.MoveDepths[1], 1);
-    EXPECT_LT(State.MoveDepths[1], 12);
+    EXPECT_LT(World.Nodes, 3100U);
+    EXPECT_GT(State.Record.HalfMoves[1].Depth, 1);
+    EXPECT_LT(State.Record.HalfMoves[1].Depth, 12);
     EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
     ExpectConsistent();
 }
@@ -405,11 +437,11 @@ TEST_F(ComputerMoves, CancelBeforeAnythingIsKnownPlaysTheFirstMove) {
     const std::string First = State.ChoiceList.Lines.at(0);
     State.SearchDepth = 5;
     State.BestScore = 17;
-    World.OnWait = [&] { Run(mnu_Play_Cancel); };
+    World.OnWait = [&] { Run(Cancel); };
     Think();
     ASSERT_EQ(1, State.GameMoves);
     EXPECT_EQ("   1. " + First, State.GameList.Lines[0]);
-    EXPECT_EQ(0, State.MoveScores[1]) << "what an unwinding search says of it";
+    EXPECT_EQ(0, State.Record.HalfMoves[1].Score) << "what an unwinding search says of it";
     EXPECT_EQ(1, State.StopAutoPlay);
     EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
 }
@@ -421,7 +453,7 @@ TEST_F(ComputerMoves, AnOldCancelDoesNotStopTheNextSearchAndNoneIsAskedForWithou
     State.SearchDepth = 3;
     State.UseBook = 1;
     Think();
-    EXPECT_EQ(3, State.MoveDepths[1]);
+    EXPECT_EQ(3, State.Record.HalfMoves[1].Depth);
     EXPECT_EQ(0, State.BookOpen) << "a book that is not there is asked again at every move";
     EXPECT_NE('b', State.GameList.Lines[0].back());
 }
@@ -432,19 +464,19 @@ using Stopped = RowsOf<ComputerMoves, const char*>;
 TEST_P(Stopped, SearchesLeaveTheRootExactly) {
     PlayVariant(GetParam());
     engine::RootObserver Nobody;
-    const auto Before = std::make_unique<control::GameState>();
+    const auto Before = std::make_unique<control::GameState>(World);
     std::uint64_t StopAt = 1;
-    for (int Position = 0; Position < 8 && State.GameEnded == 0; ++Position) {
+    for (int Position = 0; Position < 8 && !control::IsOver(State); ++Position) {
         for (int I = 0; I < 40; ++I, StopAt = StopAt % 1900 + 37) {
             rules::GenerateGameMoves(State);
             *Before = State;
             engine::PrepareSearch(State);
-            Nodes.Nodes = 0;
-            Nodes.OnNode = [&] {
-                State.CancelRequested = Nodes.Nodes == StopAt ? rules::StopRequest::Person : State.CancelRequested;
+            World.Nodes = 0;
+            World.OnNode = [&] {
+                State.CancelRequested = World.Nodes == StopAt ? rules::StopRequest::Person : State.CancelRequested;
             };
             engine::RootSearch(State, {6, false, 0}, 0, Nobody);
-            Nodes.OnNode = nullptr;
+            World.OnNode = nullptr;
             State.CancelRequested = rules::StopRequest::None;
             ASSERT_TRUE(engine::SameRoot(*Before, State)) << "stopped at node " << StopAt;
             ASSERT_EQ("", rules::CheckPosition(State)) << "stopped at node " << StopAt;

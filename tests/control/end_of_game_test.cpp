@@ -1,5 +1,5 @@
 // How a game ends: each rule of the draw with its option on and off, wins by every goal, results and their words.
-#include "control/end_of_game.h"
+#include "control/ending.h"
 #include "support/game_fixture.h"
 
 namespace zonterbrook::tests {
@@ -20,7 +20,7 @@ protected:
 
     // Plays until the game ends or so many half-moves have been made; returns how many were.
     int Shuffle(int HalfMoves) {
-        while (State.GameMoves < HalfMoves && State.GameEnded == 0 && !HasFatalFailure()) {
+        while (State.GameMoves < HalfMoves && !control::IsOver(State) && !HasFatalFailure()) {
             Play(BackAndForth[State.GameMoves % 4]);
         }
         return State.GameMoves;
@@ -31,14 +31,15 @@ protected:
 
 struct DrawCase {
     const char *Name, *Pieces, *Rules;
-    int HalfMoves; ///< that are made; a rule speaks at the last of them
-    int Code;      ///< what it says
+    int HalfMoves;          ///< that are made; a rule speaks at the last of them
+    control::DrawRule Code; ///< what it says
     const char* Text;
     std::uint8_t ChessDrawRules = 0; ///< in force at the last half-move alone: long games repeat themselves
     std::uint8_t MoveLimitChoice = 1;
     const char* Moves = ""; ///< with which the game begins
 };
 
+using enum control::DrawRule;
 using DrawRules = RowsOf<EndOfGame, DrawCase>;
 
 TEST_P(DrawRules, EndTheGameOnlyWhenInForce) {
@@ -48,7 +49,7 @@ TEST_P(DrawRules, EndTheGameOnlyWhenInForce) {
     Lay(Row.Pieces);
     Play(Row.Moves);
     Shuffle(Row.HalfMoves - 1);
-    EXPECT_TRUE(Row.Code == 0 || State.DrawCode != Row.Code) << "too early";
+    EXPECT_TRUE(Row.Code == None || State.DrawCode != Row.Code) << "too early";
     State.ChessDrawRules = Row.ChessDrawRules;
     const bool Ends = *Row.Text != '\0';
     if (Ends) {
@@ -56,7 +57,7 @@ TEST_P(DrawRules, EndTheGameOnlyWhenInForce) {
     }
     EXPECT_EQ(Row.HalfMoves, Shuffle(Row.HalfMoves));
     EXPECT_EQ(Row.Code, State.DrawCode);
-    EXPECT_EQ(Ends ? 1 : 0, State.GameEnded);
+    EXPECT_EQ(Ends, control::IsOver(State));
     if (Ends) {
         ExpectOver(Row.Text, "1/2-1/2");
     }
@@ -68,25 +69,25 @@ constexpr const char* LimitText = "It's a draw! 50 Moves Rule";
 
 constexpr DrawCase DrawRows[] = {
     // The start position is in nobody's record, so it counts from its first return on.
-    {"third_time", KingsAndMen, "", 9, 1, "It's a draw! Triple Repetition", 1},
-    {"third_time_off", KingsAndMen, "", 9, 1, ""},
-    {"second_time_is_none", KingsAndMen, "", 8, 0, "", 1},
-    {"three_kings_at_once", ThreeToOne, "ThreeKings=1|NumberKings=0", 2, 4, ThreeText},
-    {"three_kings_one_move", ThreeToOne, "ThreeKings=1|NumberKings=1", 2, 4, ThreeText},
-    {"three_kings_two_moves", ThreeToOne, "ThreeKings=1|NumberKings=2", 4, 4, ThreeText},
-    {"three_kings_off", ThreeToOne, "ThreeKings=0|NumberKings=1", 7, 0, ""},
-    {"three_kings_are_not_two", ThreeToOne, "TwoKings=1|NumberKings2=1", 7, 0, ""},
-    {"two_kings", TwoToOne, "TwoKings=1|NumberKings2=3", 6, 5, TwoText},
-    {"a_man_is_no_king_ending", "W e1, w j2, B f0", "TwoKings=1|NumberKings2=1", 7, 0, ""},
+    {"third_time", KingsAndMen, "", 9, Repetition, "It's a draw! Triple Repetition", 1},
+    {"third_time_off", KingsAndMen, "", 9, Repetition, ""},
+    {"second_time_is_none", KingsAndMen, "", 8, None, "", 1},
+    {"three_kings_at_once", ThreeToOne, "ThreeKings=1|NumberKings=0", 2, ThreeKingsAgainstOne, ThreeText},
+    {"three_kings_one_move", ThreeToOne, "ThreeKings=1|NumberKings=1", 2, ThreeKingsAgainstOne, ThreeText},
+    {"three_kings_two_moves", ThreeToOne, "ThreeKings=1|NumberKings=2", 4, ThreeKingsAgainstOne, ThreeText},
+    {"three_kings_off", ThreeToOne, "ThreeKings=0|NumberKings=1", 7, None, ""},
+    {"three_kings_are_not_two", ThreeToOne, "TwoKings=1|NumberKings2=1", 7, None, ""},
+    {"two_kings", TwoToOne, "TwoKings=1|NumberKings2=3", 6, TwoKingsAgainstOne, TwoText},
+    {"a_man_is_no_king_ending", "W e1, w j2, B f0", "TwoKings=1|NumberKings2=1", 7, None, ""},
     // The repetition, which has long been there, gives way to the limit, and both to the kings.
-    {"limit_of_50", KingsAndMen, "", 100, 2, LimitText, 1, 1},
-    {"limit_of_16", KingsAndMen, "", 32, 2, LimitText, 1, 2},
-    {"limit_of_40", KingsAndMen, "", 80, 2, LimitText, 1, 4},
-    {"unknown_limit_is_50", KingsAndMen, "", 100, 2, LimitText, 1, 5},
-    {"limit_off", KingsAndMen, "", 32, 2, "", 0, 2},
-    {"capture", "W e1, w j2, w c3, b d4, B f0, b a9", "", 33, 2, "", 0, 2, "c3e5 a9b8 e5f6 b8a7"},
-    {"promotion", "W e1, w j2, w c9, B f0, b a9", "", 33, 2, "", 0, 2, "c9b0 a9b8 j2i3 b8a7"},
-    {"a_mans_step_does_not", "W e1, w j2, B f0, b a9", "", 32, 2, "", 0, 2, "j2i3 a9b8 i3h4 b8a7"}};
+    {"limit_of_50", KingsAndMen, "", 100, MoveLimit, LimitText, 1, 1},
+    {"limit_of_16", KingsAndMen, "", 32, MoveLimit, LimitText, 1, 2},
+    {"limit_of_40", KingsAndMen, "", 80, MoveLimit, LimitText, 1, 4},
+    {"unknown_limit_is_50", KingsAndMen, "", 100, MoveLimit, LimitText, 1, 5},
+    {"limit_off", KingsAndMen, "", 32, MoveLimit, "", 0, 2},
+    {"capture", "W e1, w j2, w c3, b d4, B f0, b a9", "", 33, MoveLimit, "", 0, 2, "c3e5 a9b8 e5f6 b8a7"},
+    {"promotion", "W e1, w j2, w c9, B f0, b a9", "", 33, MoveLimit, "", 0, 2, "c9b0 a9b8 j2i3 b8a7"},
+    {"a_mans_step_does_not", "W e1, w j2, B f0, b a9", "", 32, MoveLimit, "", 0, 2, "j2i3 a9b8 i3h4 b8a7"}};
 INSTANTIATE_TEST_SUITE_P(Rows, DrawRules, testing::ValuesIn(DrawRows), RowName);
 
 TEST_F(EndOfGame, TheCountOfAnEndingBeginsWhereItArose) {
@@ -95,7 +96,7 @@ TEST_F(EndOfGame, TheCountOfAnEndingBeginsWhereItArose) {
     Play("c3e5");
     EXPECT_EQ(0, State.TwoKingsStart) << "a man stands";
     Play("f0d8 e1d2 d8f0");
-    EXPECT_EQ(0, State.DrawCode);
+    EXPECT_EQ(None, State.DrawCode);
     State.ThreeKingsStart = State.TwoKingsStart = 3;
     Run(First);
     EXPECT_EQ(0, State.ThreeKingsStart + State.TwoKingsStart) << "it has not begun yet";
@@ -113,8 +114,8 @@ TEST_F(EndOfGame, ACaptureThatWaitsIsMadeBeforeKingAgainstKingIsDrawn) {
     State.KingVersusKing = 1;
     Lay("W c3, B h0");
     Play("c3b4");
-    EXPECT_EQ(3, State.DrawCode);
-    EXPECT_EQ(0, State.GameEnded);
+    EXPECT_EQ(KingAgainstKing, State.DrawCode);
+    EXPECT_FALSE(control::IsOver(State));
     ExpectCongratulation("Black wins!");
     Play("h0a3");
     ExpectOver("Black wins!", "0-1");
@@ -123,8 +124,8 @@ TEST_F(EndOfGame, ACaptureThatWaitsIsMadeBeforeKingAgainstKingIsDrawn) {
 TEST_F(EndOfGame, KingAgainstKingOverwritesLimitAndRepetition) {
     Lay("W e1, B f0");
     Shuffle(101);
-    EXPECT_EQ(3, State.DrawCode);
-    EXPECT_EQ(0, State.GameEnded) << "a rule that is not in force";
+    EXPECT_EQ(KingAgainstKing, State.DrawCode);
+    EXPECT_FALSE(control::IsOver(State)) << "a rule that is not in force";
 }
 
 // --- ends by one move --------------------------------------------------------------------------------------------
@@ -146,13 +147,13 @@ TEST_P(Wins, AreAnnouncedOnceTheMoveHasBeenSeen) {
     ExpectCongratulation(Row.Text);
     const double Before = World.Waited;
     World.OnWait = [&] {
-        ExpectCan(false, {New1, Moveback});
-        EXPECT_FALSE(State.MoveBox.Enabled);
-        EXPECT_NE(0, State.Thinking);
+        ExpectCan(false, {NewGame, Back});
+        EXPECT_FALSE(control::IsOpen(State, view::Control::MoveBox));
+        EXPECT_EQ(control::TurnState::Ending, State.Turn);
     };
     World.OnMessage = [&] {
         EXPECT_EQ(0.5, World.Waited - Before) << "the last move must be seen first";
-        EXPECT_EQ(Row.Result, State.ResultText);
+        EXPECT_EQ(Row.Result, game::ResultText(State.Result));
     };
     Type(Row.Move);
     ExpectOver(Row.Text, Row.Result);
@@ -181,9 +182,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, Wins, testing::ValuesIn(WinRows), RowName);
 TEST_F(EndOfGame, APositionThatGoesOnIsLeftAlone) {
     const auto Before = std::make_unique<control::GameState>(State);
     control::DrawRuleCheck(State);
-    control::GameEndCheck(State);
-    EXPECT_EQ(0, State.GameEnded);
-    EXPECT_EQ(0.0, World.Waited);
+    EXPECT_FALSE(control::FindEnding(State));
     EXPECT_TRUE(engine::SameRoot(*Before, State));
     EXPECT_TRUE(static_cast<const view::WindowContents&>(*Before) == static_cast<const view::WindowContents&>(State));
 }
@@ -205,10 +204,11 @@ TEST_P(Results, FollowPiecesMovesAndWhoBegan) {
     Lay(Row.Pieces, Row.Side);
     State.RuleSet.BlackStarts = Row.BlackStarts;
     State.RuleSet.AntiMode = Row.Anti;
-    control::SetResultText(State, control::DecisiveResult);
-    EXPECT_EQ(Row.Result, State.ResultText);
-    control::SetResultText(State, control::DrawnResult);
-    EXPECT_EQ("1/2-1/2", State.ResultText);
+    control::EndGame(State, control::Ending::Resigned, control::Announcement::Silent);
+    EXPECT_EQ(Row.Result, game::ResultText(State.Result));
+    control::ReopenGame(State);
+    control::EndGame(State, control::Ending::Drawn, control::Announcement::Silent);
+    EXPECT_EQ("1/2-1/2", game::ResultText(State.Result));
 }
 
 constexpr const char* WhiteBlocked = "w a3, b b4, b c5";

@@ -13,15 +13,10 @@ using view::Picture;
 
 class Input : public PersonsFixture {
 protected:
-    void Hover(std::string_view Name) { control::c_MouseMove(State, Cell(Name), 0, 10, 10); }
-    void Down(std::string_view Name) { control::c_MouseDown(State, Cell(Name), LeftButton, 10, 10); }
+    void Hover(std::string_view Name) { control::c_MouseMove(State, Cell(Name)); }
+    void Down(std::string_view Name) { control::c_MouseDown(State, Cell(Name), LeftButton); }
     void Up(std::string_view Name) { control::c_MouseUp(State, Cell(Name), LeftButton, 10, 10); }
     void UpRight(std::string_view Name, int X = 10) { control::c_MouseUp(State, Cell(Name), RightButton, X, 10); }
-    void DoubleClickLine(std::string_view Line) {
-        State.ChoiceList.Lines = {std::string(Line)};
-        State.ChoiceList.Selected = 0;
-        control::List2_DblClick(State);
-    }
     void ExpectNothingPlayed(std::string_view Square, std::int32_t Piece) {
         EXPECT_EQ(0, State.GameMoves);
         EXPECT_EQ(Piece, PieceOn(Square));
@@ -39,7 +34,7 @@ TEST_F(Input, ADragPlaysTheMoveEitherWayRound) {
     EXPECT_EQ(Picture::dark_white_man, CellOn("e5").Shows);
     EXPECT_EQ(Picture::dark_square, CellOn("d4").Shows);
     EXPECT_EQ(Picture::None, CellOn("d4").Pointer);
-    Run(Turn);
+    Run(TurnBoard);
     Drag("c7", "b6");
     ASSERT_EQ(2, State.GameMoves);
     EXPECT_EQ(Picture::dark_black_man, State.Cells[(7 - 2) * 10 + (10 - 2)].Shows);
@@ -160,16 +155,14 @@ TEST_F(Input, OfTwoCapturesWithTheSameEndsTheFirstIsPlayed) {
     ASSERT_EQ(2U, State.ChoiceList.Lines.size());
     const rules::CapturePath First = State.MoveStack[0].Captures;
     Drag("c3", "c7");
-    EXPECT_EQ(First, State.PlayedMoves[1].Record.Captures);
+    EXPECT_EQ(First, State.Record.HalfMoves[1].Played.Record.Captures);
 }
 
 TEST_F(Input, NobodyPlaysWhileTheComputerThinksOrAfterTheGame) {
-    for (std::int32_t* Flag : {&State.Thinking, &State.GameEnded}) {
-        *Flag = 1;
+    for (const control::TurnState Closed : {control::TurnState::Thinking, control::TurnState::Over}) {
+        State.Turn = Closed;
         const view::WindowContents Before = State;
         Drag("d4", "e5");
-        Type("d4e5");
-        State.MoveBox.Text.clear();
         DoubleClickMove("d4-e5");
         State.ChoiceList.Selected = -1;
         State.RootList.Selected = 0;
@@ -177,13 +170,13 @@ TEST_F(Input, NobodyPlaysWhileTheComputerThinksOrAfterTheGame) {
         State.RootList.Selected = -1;
         EXPECT_EQ(0, State.GameMoves);
         EXPECT_TRUE(Before == static_cast<const view::WindowContents&>(State));
-        *Flag = 0;
+        State.Turn = control::TurnState::Resting;
     }
 }
 
 TEST_F(Input, EveryWayOutOfADragPutsThePieceBack) {
     Press("d4");
-    Run(calculation);
+    Run(Calculation);
     EXPECT_EQ(Picture::dark_white_man, CellOn("d4").Shows);
     EXPECT_EQ(-1, State.SourceCell);
     Release("d4", "e5");
@@ -203,8 +196,8 @@ TEST_F(Input, EveryWayOutOfADragPutsThePieceBack) {
 
 TEST_F(Input, CellsThatDoNotExistAreIgnored) {
     for (const int Index : {-1, 100}) {
-        control::c_MouseMove(State, Index, 0, 0, 0);
-        control::c_MouseDown(State, Index, LeftButton, 0, 0);
+        control::c_MouseMove(State, Index);
+        control::c_MouseDown(State, Index, LeftButton);
         control::c_MouseUp(State, Index, LeftButton, 0, 0);
     }
     EXPECT_FALSE(World.Ended);
@@ -242,7 +235,7 @@ TEST_F(Input, TheTouchedPieceMustMoveWhereMovesAreShown) {
     World.ExpectMessage("Error", "Illegal move");
     Drag("f4", "g5");
     World.ExpectMessage("Error", "Illegal move");
-    Run(Turn);
+    Run(TurnBoard);
     Drag("f4", "g5");
     EXPECT_EQ(0, State.GameMoves) << "a turn of the board frees nobody";
     Drag("d4", "e5");
@@ -261,7 +254,7 @@ TEST_F(Input, TheTouchedPieceMayChangeWhereTheyAreNot) {
 }
 
 TEST_F(Input, TheTouchedPieceIsForgottenWhenTheComputerMovesInstead) {
-    Run(Cplayer);
+    Run(ComputerPlayer);
     State.TouchMove = 1;
     Drag("d4", "d4");
     ASSERT_EQ(Square("d4"), State.TouchedSquare);
@@ -288,14 +281,14 @@ TEST_P(Typed, MovesAreReadAsPeopleWriteThem) {
         Lay(Row.Pieces);
     }
     State.NotationMode = static_cast<rules::Notation>(Row.Notation);
-    State.MoveBox.Text = Row.Text;
+    State.TypedText = Row.Text;
     control::Text2_KeyUp(State, 'e');
-    EXPECT_EQ(Row.Text, State.MoveBox.Text) << "only Enter plays";
+    EXPECT_EQ(Row.Text, State.TypedText) << "only Enter plays";
     if (*Row.Line == '\0') {
         World.ExpectMessage("Error", "Illegal move");
     }
     control::Text2_KeyUp(State, control::EnterKey);
-    EXPECT_EQ("", State.MoveBox.Text);
+    EXPECT_EQ("", State.TypedText);
     ASSERT_EQ(*Row.Line == '\0' ? 0U : 1U, State.GameList.Lines.size());
     if (*Row.Line != '\0') {
         EXPECT_EQ(Row.Line, State.GameList.Lines[0]);
@@ -308,14 +301,16 @@ constexpr const char* NearCrown = "w e9, b j0"; // its step is from 8 to 3
 constexpr TypedCase TypedRows[] = {{"joined", "", 0, "d4e5", "   1. d4-e5"},
                                    {"with_hyphen", "", 0, "d4-e5", "   1. d4-e5"},
                                    {"capitals_and_blanks", "", 0, " D4-E5 ", "   1. d4-e5"},
+                                   {"letters_with_a_blank_between", "", 0, "d4 e5", "   1. d4-e5"},
+                                   {"numbers_with_a_blank_between", "", 1, "32 28", "   1. 32-28"},
                                    {"numbers", "", 1, "32-28", "   1. 32-28"},
                                    {"without_notation_numbers_count", "", 2, "32-28", "   1. 32-28"},
                                    {"digit_to_digit", NearCrown, 1, "8-3", "   1. 8-3K"},
                                    {"jump", Jumper, 0, "c3xe5", "   1. c3xe5"},
+                                   {"jump_by_the_other_sign", Jumper, 0, "C3:e5", "   1. c3xe5"},
                                    {"jump_with_hyphen", Jumper, 0, "c3-e5", "   1. c3xe5"},
                                    {"jump_from_a_digit", "W e9, b d8, b j2", 1, "8x17", "   1. 8x17"},
                                    {"no_jump_where_one_waits", Jumper, 0, "c3-b4", ""},
-                                   {"empty", "", 0, "", ""},
                                    {"one_square", "", 0, "d4", ""},
                                    {"numbers_in_letters", "", 0, "32-28", ""},
                                    {"very_long", "", 1, "123456789012345678901234567890", ""}};
@@ -328,21 +323,16 @@ TEST_F(Input, TheColonStandsForACaptureIfSoChosen) {
     EXPECT_EQ("   1. c3:e5", State.GameList.Lines.at(0));
 }
 
-TEST_F(Input, ALineOfSixCharactersLosesItsMark) {
-    DoubleClickLine("d4-e5b");
-    ASSERT_EQ(1, State.GameMoves);
-    Run(mnu_Board_Notation_Checkers);
-    DoubleClickLine("18-229"); // whatever the mark is
-    EXPECT_EQ(2, State.GameMoves);
-}
-
-TEST_F(Input, ARefusedLineShutsTheListWhileItIsSaid) {
-    bool EnabledMeanwhile = true;
-    World.OnMessage = [&] { EnabledMeanwhile = State.ChoiceList.Enabled; };
-    World.ExpectMessage("Error", "Illegal move");
-    DoubleClickLine("a1-b2");
-    EXPECT_FALSE(EnabledMeanwhile);
-    EXPECT_TRUE(State.ChoiceList.Enabled);
+TEST_F(Input, EnterInAnEmptyBoxAndAMoveAfterTheEndAreNoMistakes) {
+    Type("  ");
+    Lay("w c3, b d4");
+    ExpectCongratulation("White wins!");
+    Type("c3e5");
+    Run(ComputerPlayer);
+    EXPECT_EQ("Computer-Player mode", Status());
+    Type("e5f6");
+    EXPECT_EQ("", State.TypedText);
+    EXPECT_EQ("White wins!", Status());
 }
 
 TEST_F(Input, ARootMoveIsPlayedByItsPlace) {
@@ -374,8 +364,8 @@ TEST_F(Input, APieceInHandEntersByItsSquareAlone) {
 
 TEST_F(Input, TheRightButtonEditsTheSquare) {
     Lay("w c3, b j0");
-    World.ExpectPopup(mnu_PopUp_BlackKing);
-    control::c_MouseDown(State, Cell("d4"), RightButton, 100, 100);
+    World.ExpectPopup(BlackKing);
+    control::c_MouseDown(State, Cell("d4"), RightButton);
     UpRight("d4");
     EXPECT_EQ(rules::BlackKing, PieceOn("d4"));
     EXPECT_EQ(rules::BlackKing, State.StartBoard[Square("d4")]);
@@ -407,18 +397,18 @@ TEST_F(Input, TheRightButtonIsRefusedInSilence) {
 }
 
 TEST_F(Input, TheBoardIsClearedAndTheSideChosen) {
-    World.ExpectPopup(mnu_PopUp_BlackM);
+    World.ExpectPopup(BlackMoves);
     UpRight("e5");
     EXPECT_EQ(rules::Black, State.Side);
     EXPECT_EQ(1, State.RuleSet.BlackStarts);
     EXPECT_EQ("Black moves", Status());
-    EXPECT_TRUE(State.CommandOf(empty1).Ticked) << "what stood on the square";
-    EXPECT_TRUE(State.CommandOf(WhiteM).Ticked) << "who was to move";
+    EXPECT_TRUE(control::IsTicked(State, EmptySquare)) << "what stands on the square";
+    EXPECT_TRUE(control::IsTicked(State, BlackMoves)) << "who is to move";
     Hover("c7");
     Drag("c7", "b6");
     EXPECT_EQ(1, State.GameMoves);
 
-    World.ExpectPopup(mnu_PopUp_ClearBoard);
+    World.ExpectPopup(ClearBoard);
     UpRight("e5");
     EXPECT_EQ(0, State.GameMoves);
     EXPECT_TRUE(rules::AllPieces(State).None());

@@ -120,7 +120,7 @@ TEST_F(Keyboard, TheFirstStepBoxesWhatCanMove) {
 
 TEST_F(Keyboard, TheEditorOpensOnTheCursorsSquare) {
     WalkTo("e5");
-    World.ExpectPopup(Whiteking);
+    World.ExpectPopup(WhiteKing);
     Stroke(BoardKey::Menu);
     EXPECT_EQ(2, PieceOn("e5"));
     PickAt("e5"); // at once, without a touch of the mouse
@@ -152,12 +152,12 @@ TEST_F(Keyboard, TheCursorIsShownWhereTheKeysAre) {
 
 TEST_F(Keyboard, NothingMovesWhileTheComputerThinksOrAfterTheEnd) {
     const int Before = State.CursorCell;
-    for (std::int32_t control::GameState::*Closed : {&control::GameState::Thinking, &control::GameState::GameEnded}) {
-        State.*Closed = 1;
+    for (const control::TurnState Closed : {control::TurnState::Thinking, control::TurnState::Over}) {
+        State.Turn = Closed;
         PickAt("d4");
         EXPECT_EQ(-1, State.SourceCell);
         EXPECT_EQ("d4, White man", control::c_Text(State, Cell("d4")));
-        State.*Closed = 0;
+        State.Turn = control::TurnState::Resting;
     }
     EXPECT_NE(Before, State.CursorCell); // but the cursor walks
     EXPECT_EQ("d4, White man, can move", control::c_Text(State, Cell("d4")));
@@ -170,7 +170,7 @@ TEST_F(Keyboard, AChosenCellPicksAndDrops) {
     control::c_Choose(State, Cell("e5"));
     EXPECT_EQ(1, PieceOn("e5"));
     control::c_Choose(State, Cell("d6"));
-    EXPECT_EQ(0, State.NumbersShown); // nothing holds the key
+    EXPECT_FALSE(State.NumbersShown); // nothing holds the key
 }
 
 } // namespace

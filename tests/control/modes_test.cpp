@@ -1,18 +1,17 @@
 // The three modes: names, ticks and commands, the computer against itself to the end of its games, and Cancel.
 #include "control/modes.h"
 #include "formats/variant_file.h"
-#include "support/complaint.h"
-#include "support/turn_world.h"
+#include "support/game_fixture.h"
 
 namespace zonterbrook::tests {
 namespace {
 
 class Modes : public ThinkingFixture {
 protected:
-    void ExpectMode(std::int32_t Mode, CommandId Ticked) {
+    void ExpectMode(view::GameMode Mode, CommandId Ticked) {
         EXPECT_EQ(Mode, State.PlayMode);
-        for (const CommandId Id : {Cplayer, Pplayer, mnu_Play_Ccomputer}) {
-            EXPECT_EQ(Id == Ticked, State.CommandOf(Id).Ticked) << view::RowOf(Id).Name;
+        for (const CommandId Id : {ComputerPlayer, PlayerPlayer, ComputerComputer}) {
+            EXPECT_EQ(Id == Ticked, control::IsTicked(State, Id)) << control::RowOf(Id).Name;
         }
     }
     void ExpectPersonToMove() {
@@ -27,13 +26,13 @@ protected:
 TEST_F(Modes, APersonGetsTheSideToMove) {
     for (const std::int32_t Starts : {rules::White, rules::Black}) {
         for (const int Moves : {0, 1}) {
-            Run(Pplayer);
+            Run(PlayerPlayer);
             Lay("w c3, w e3, b d8, b f8", Starts);
             EXPECT_EQ("PlayerPlayer", State.WhitePlayerName + State.BlackPlayerName);
             if (Moves == 1) {
                 DoubleClickMove(State.ChoiceList.Lines.at(0));
             }
-            Run(Cplayer);
+            Run(ComputerPlayer);
             ExpectPersonToMove();
             EXPECT_EQ(Moves, State.GameMoves) << "the game stays as it is";
         }
@@ -42,20 +41,20 @@ TEST_F(Modes, APersonGetsTheSideToMove) {
 
 TEST_F(Modes, APersonAgainstAPersonNeitherResignsNorOffers) {
     BetweenPersons();
-    ExpectMode(view::PlayerPlayer, Pplayer);
-    ExpectCan(false, {Offerdraw, Resign});
+    ExpectMode(view::GameMode::PlayerPlayer, PlayerPlayer);
+    ExpectCan(false, {OfferDraw, Resign});
     EXPECT_EQ("Player-Player mode", Status());
-    Run(Cplayer);
-    ExpectMode(view::ComputerPlayer, Cplayer);
-    ExpectCan(true, {Offerdraw, Resign});
+    Run(ComputerPlayer);
+    ExpectMode(view::GameMode::ComputerPlayer, ComputerPlayer);
+    ExpectCan(true, {OfferDraw, Resign});
     EXPECT_EQ("Computer-Player mode", Status());
     // A change of mode does not reopen a game.
     BetweenPersons();
     Lay("w c3, b d4");
     ExpectCongratulation("White wins!");
     Type("c3e5");
-    Run(Cplayer);
-    ExpectCan(false, {Offerdraw, Resign, Hint});
+    Run(ComputerPlayer);
+    ExpectCan(false, {OfferDraw, Resign, Hint});
 }
 
 // --- the computer against itself ---------------------------------------------------------------------------------
@@ -77,46 +76,47 @@ TEST_P(OwnPlayStops, WhenAsked) {
     int Asked = 0;
     const auto Stop = [&] {
         EXPECT_EQ("ComputerComputer", State.WhitePlayerName + State.BlackPlayerName);
-        EXPECT_TRUE(State.CommandOf(mnu_Play_Ccomputer).Ticked);
+        EXPECT_TRUE(control::IsTicked(State, ComputerComputer));
         EXPECT_TRUE(State.ChoiceList.Lines.empty() && State.RootList.Lines.empty());
-        EXPECT_FALSE(State.ChoiceList.Enabled || State.RootList.Enabled);
+        EXPECT_FALSE(control::IsOpen(State, view::Control::ChoiceList) ||
+                     control::IsOpen(State, view::Control::RootList));
         if (State.GameMoves != Row.InMove || Asked++ > 0) {
             return;
         }
-        EXPECT_EQ(1, State.Thinking);
-        ExpectCan(true, {mnu_Play_Cancel});
-        ExpectCan(false, {New1});
+        EXPECT_EQ(control::TurnState::Thinking, State.Turn);
+        ExpectCan(true, {Cancel});
+        ExpectCan(false, {NewGame});
         if (Row.ByWindow) {
             bool Cancel = false;
             control::Form_QueryUnload(State, Cancel);
             EXPECT_TRUE(Cancel) << "closed in the midst of it";
         } else {
-            Run(mnu_Play_Cancel);
+            Run(Cancel);
         }
     };
     if (Row.InWait) {
         World.OnWait = Stop;
     } else {
         // A search is under way: nodes are made at plies below the root, and the root's move counts.
-        Nodes.OnNode = [&] {
+        World.OnNode = [&] {
             if (State.Ply == 2 && State.GameMoves - 2 == Row.InMove && Asked++ == 0) {
-                Run(mnu_Play_Cancel);
+                Run(Cancel);
             }
         };
     }
-    Run(mnu_Play_Ccomputer);
+    Run(ComputerComputer);
     EXPECT_LT(0, Asked);
     EXPECT_EQ(Row.Moves, State.GameMoves);
-    ExpectMode(view::ComputerPlayer, Cplayer);
+    ExpectMode(view::GameMode::ComputerPlayer, ComputerPlayer);
     EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
-    EXPECT_EQ(0, State.RatingAllowed) << "such a game must not be rated";
+    EXPECT_FALSE(State.RatingAllowed) << "such a game must not be rated";
     ExpectPersonToMove();
     EXPECT_EQ(Row.ByWindow ? 1 : 0, World.Closings);
-    ExpectCan(true, {New1, Compute, Moveback, Offerdraw, Resign, Pplayer, mnu_Play_Ccomputer});
-    ExpectCan(false, {mnu_Play_Cancel});
-    EXPECT_TRUE(State.MoveBox.Enabled && State.ChoiceList.Enabled && State.RootList.Enabled);
+    ExpectCan(true, {NewGame, Compute, Back, OfferDraw, Resign, PlayerPlayer, ComputerComputer});
+    ExpectCan(false, {Cancel});
+    EXPECT_TRUE(control::IsOpen(State, view::Control::MoveBox) && control::IsOpen(State, view::Control::ChoiceList));
     EXPECT_EQ(static_cast<std::size_t>(rules::MoveCountOfPly(State)), State.ChoiceList.Lines.size());
-    EXPECT_EQ("", Complaint(State));
+    EXPECT_EQ("", control::CheckRest(State));
 }
 
 constexpr StopCase StopRows[] = {{"in_the_third_search", 2, false, false, 3},
@@ -129,11 +129,11 @@ INSTANTIATE_TEST_SUITE_P(Rows, OwnPlayStops, testing::ValuesIn(StopRows), RowNam
 TEST_F(Modes, TheClockDoesNotEndOwnPlay) {
     State.FixedDepth = 0;
     State.TimeLimit = 1;
-    Nodes.OnNode = [&] { World.Clock += 0.01; };
+    World.OnNode = [&] { World.Clock += 0.01; };
     World.OnWait = [&] {
         State.CancelRequested = State.GameMoves == 6 ? rules::StopRequest::Person : State.CancelRequested;
     };
-    Run(mnu_Play_Ccomputer);
+    Run(ComputerComputer);
     EXPECT_EQ(6, State.GameMoves);
 }
 
@@ -163,15 +163,15 @@ TEST_P(OwnGames, EndByARule) {
         State.SearchDepth = Depth;
         PlayVariant(GetParam());
         const std::string Start = rules::SetupText(State.Board);
-        Run(mnu_Play_Ccomputer);
+        Run(ComputerComputer);
         EXPECT_FALSE(World.Ended);
-        EXPECT_EQ(1, State.GameEnded) << "stopped at half-move " << State.GameMoves;
+        EXPECT_TRUE(control::IsOver(State)) << "stopped at half-move " << State.GameMoves;
         EXPECT_EQ(1, Said);
         EXPECT_EQ(1, std::ranges::count(Endings, World.LastSaid)) << World.LastSaid;
-        EXPECT_EQ(State.GameMoves, State.MoveCount);
+        EXPECT_EQ(State.GameMoves, State.Record.Count);
         const bool BlackMoves = (State.GameMoves % 2 == 1) == (State.RuleSet.BlackStarts == 0);
         EXPECT_EQ(BlackMoves ? rules::Black : rules::White, State.Side);
-        EXPECT_EQ("", Complaint(State));
+        EXPECT_EQ("", control::CheckRest(State));
         // The way back leads to the start.
         Run(First);
         ExpectConsistent();

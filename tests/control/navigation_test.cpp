@@ -15,16 +15,16 @@ protected:
         const int Moves = State.GameMoves;
         while (State.GameMoves > 0) {
             const int Before = State.GameMoves;
-            Run(Moveback);
+            Run(Back);
             ASSERT_EQ(Before - 1, State.GameMoves);
-            EXPECT_EQ(State.TotalMaterialAt[Before - 1], State.TotalMaterial[State.Ply]);
+            EXPECT_EQ(State.Record.HalfMoves[Before - 1].TotalMaterial, State.TotalMaterial[State.Ply]);
             ExpectConsistent();
         }
         EXPECT_EQ(State.StartBoard, State.Board);
         Run(Last);
         EXPECT_EQ(Moves, State.GameMoves);
         EXPECT_EQ(End, State.Board);
-        EXPECT_EQ(State.TotalMaterialAt[Moves], State.TotalMaterial[State.Ply]);
+        EXPECT_EQ(State.Record.HalfMoves[Moves].TotalMaterial, State.TotalMaterial[State.Ply]);
         ExpectConsistent();
     }
 };
@@ -34,24 +34,24 @@ TEST_F(Navigation, FirstAndLastReachTheEndsAndBackAgain) {
     Run(First);
     EXPECT_EQ(rules::White, State.Side);
     EXPECT_EQ(-1, State.GameList.Selected);
-    ExpectCan(false, {First, Moveback});
-    ExpectCan(true, {MoveForward, Last});
+    ExpectCan(false, {First, Back});
+    ExpectCan(true, {Forward, Last});
     EXPECT_EQ(9U, State.ChoiceList.Lines.size());
-    EXPECT_FALSE(State.RootList.Enabled);
+    EXPECT_FALSE(control::IsOpen(State, view::Control::RootList));
     Run(Last);
     EXPECT_EQ(3, State.GameList.Selected);
-    ExpectCan(true, {First, Moveback});
-    ExpectCan(false, {MoveForward, Last});
+    ExpectCan(true, {First, Back});
+    ExpectCan(false, {Forward, Last});
     ExpectTheWholeWay();
 }
 
 TEST_F(Navigation, StepsShowTheirMove) {
     Play("d4e5 e7d6");
     State.HintSource = Square("f4"); // expected in another position
-    Run(Moveback);
+    Run(Back);
     EXPECT_EQ(0, State.HintSource);
     EXPECT_EQ("", Status());
-    Run(MoveForward);
+    Run(Forward);
     EXPECT_EQ("e7-d6", Status());
 }
 
@@ -75,19 +75,19 @@ TEST_F(Navigation, AClickGoesBehindItsLine) {
 
 TEST_F(Navigation, AtTheEndsAndWhileTheComputerThinksNothingHappens) {
     control::Last_Click(State);
-    control::NavigateMoves(State, 1, false, false);
-    control::NavigateMoves(State, -1, false, false);
+    control::NavigateMoves(State, 1);
+    control::NavigateMoves(State, -1);
     EXPECT_EQ(0, State.GameMoves);
     Play("d4e5");
     control::Last_Click(State);
-    control::NavigateMoves(State, -5, false, false);
+    control::NavigateMoves(State, -5);
     EXPECT_EQ(1, State.GameMoves);
-    control::NavigateMoves(State, 5, false, false);
+    control::NavigateMoves(State, 5);
     EXPECT_EQ(0, State.GameMoves);
     Play("d4e5 e7d6");
-    State.Thinking = 1;
-    control::First_Click(State);
-    control::Moveback_Click(State);
+    control::EnterTurn(State, control::TurnState::Thinking);
+    Run(First);
+    Run(Back);
     State.GameList.Selected = 0;
     control::List1_MouseUp(State);
     EXPECT_EQ(2, State.GameMoves);
@@ -107,7 +107,7 @@ TEST_F(Navigation, OfTwoCapturesWithTheSameEndsThePlayedOneIsPlayedAgain) {
     Run(First);
     // As if the computer had played the second one.
     ASSERT_EQ(2, State.StackLimit[1]);
-    State.PlayedMoves[1] = rules::RememberMove(State, 1);
+    State.Record.HalfMoves[1].Played = rules::RememberMove(State, 1);
     Run(Last);
     EXPECT_NE(FirstWay, State.Board);
     EXPECT_EQ(rules::BlackMan, PieceOn(FirstWay[Square("d4")] == rules::Empty ? "d4" : "b4"));
@@ -120,34 +120,34 @@ TEST_F(Navigation, AKingTakenOffByItsOwnCircleStandsAgain) {
     ASSERT_EQ(1, State.GameMoves);
     EXPECT_EQ(rules::Empty, PieceOn("c3")) << "a circle takes its king along";
     ExpectTheWholeWay();
-    Run(Moveback);
+    Run(Back);
     EXPECT_EQ(rules::WhiteKing, PieceOn("c3"));
 }
 
 TEST_F(Navigation, CommentsFollowTheCursor) {
-    State.CommentBox.Text = "first";
+    State.CommentText = "first";
     control::Text1_KeyUp(State);
     Play("d4e5 e7d6");
-    Run(Moveback);
-    EXPECT_EQ("first", State.CommentBox.Text);
-    Run(Moveback);
-    EXPECT_EQ("", State.CommentBox.Text);
-    Run(MoveForward);
-    EXPECT_EQ("first", State.CommentBox.Text);
+    Run(Back);
+    EXPECT_EQ("first", State.CommentText);
+    Run(Back);
+    EXPECT_EQ("", State.CommentText);
+    Run(Forward);
+    EXPECT_EQ("first", State.CommentText);
 }
 
 TEST_F(Navigation, BackFromAResignationTheGameGoesOn) {
-    Run(Cplayer);
+    Run(ComputerPlayer);
     Drag("d4", "e5");
     ASSERT_EQ(2, State.GameMoves);
     State.UseRating = 0;
     ExpectCongratulation("OK... Computer wins!");
     Run(Resign);
     ExpectOver("Computer wins!", "");
-    Run(Moveback);
-    EXPECT_EQ(0, State.GameEnded);
+    Run(Back);
+    EXPECT_FALSE(control::IsOver(State));
     ExpectCan(true, {Resign, Compute});
-    EXPECT_TRUE(State.ChoiceList.Enabled);
+    EXPECT_TRUE(control::IsOpen(State, view::Control::ChoiceList));
 }
 
 TEST_F(Navigation, ALostPositionIsLostAgainAtTheEndOfTheRecord) {
@@ -155,12 +155,12 @@ TEST_F(Navigation, ALostPositionIsLostAgainAtTheEndOfTheRecord) {
     ExpectCongratulation("White wins!");
     Type("c3e5");
     ExpectOver("White wins!", "1-0");
-    Run(Moveback);
-    EXPECT_EQ(0, State.GameEnded);
-    EXPECT_EQ("", State.ResultText);
+    Run(Back);
+    EXPECT_FALSE(control::IsOver(State));
+    EXPECT_EQ("", game::ResultText(State.Result));
     // Said once is enough.
-    Run(MoveForward);
-    ExpectOver("c3xe5", "1-0");
+    Run(Forward);
+    ExpectOver("White wins!", "1-0");
 }
 
 TEST_F(Navigation, ATouchedPieceDoesNotHoldTheCursor) {
@@ -168,7 +168,7 @@ TEST_F(Navigation, ATouchedPieceDoesNotHoldTheCursor) {
     Play("d4e5 e7d6");
     Run(First);
     Drag("f4", "f4");
-    Run(MoveForward);
+    Run(Forward);
     EXPECT_EQ(1, State.GameMoves);
 }
 
@@ -177,7 +177,7 @@ TEST_F(Navigation, ALongGameOfKingsRunsToTheLimitOfTheRecord) {
     Lay("W a1, W c1, B h0, B j0");
     // There is no room for more, and nobody has won.
     ExpectCongratulation("It's a draw!");
-    while (State.GameMoves < rules::MaxGameMoves && State.GameEnded == 0) {
+    while (State.GameMoves < rules::MaxGameMoves && !control::IsOver(State)) {
         Play("c1d2 h0g9 d2c1 g9h0");
         ASSERT_FALSE(HasFatalFailure());
     }
@@ -187,7 +187,7 @@ TEST_F(Navigation, ALongGameOfKingsRunsToTheLimitOfTheRecord) {
     Run(First);
     Run(Last);
     EXPECT_EQ(1000, State.GameMoves);
-    EXPECT_EQ(1, State.GameEnded);
+    EXPECT_TRUE(control::IsOver(State));
 }
 
 } // namespace

@@ -8,14 +8,11 @@ namespace {
 class Ratings : public GameFixture {
 protected:
     // A game of so many half-moves, White by a person, Black by the computer of this level.
-    void Record(int HalfMoves, std::string_view Level) {
-        State.GameStarted = 1;
-        State.GameMoves = HalfMoves;
-        State.MoveCount = HalfMoves;
-        for (int Row = 1; 2 * Row <= HalfMoves; ++Row) {
-            State.GameMoveRow[Row].FirstSource = control::MovedByPerson;
-            State.GameMoveRow[Row].SecondSource = control::MovedByComputer;
-            State.GameMoveRow[Row].Level = Level;
+    void Record(int HalfMoves, int Level) {
+        State.Record.Cursor = State.Record.Count = HalfMoves;
+        for (int Number = 1; Number <= HalfMoves; ++Number) {
+            State.Record.HalfMoves[Number].By = Number % 2 == 1 ? game::MadeBy::Person : game::MadeBy::Computer;
+            State.Record.HalfMoves[Number].Level = static_cast<std::uint8_t>(Level);
         }
     }
     void ExpectComputerRating(std::string_view Rating) const {
@@ -27,7 +24,7 @@ protected:
 struct EloCase {
     const char* Name;
     std::int16_t Before;
-    const char* Level;
+    int Level;
     double Score;
     std::int16_t After;
     const char* ComputerRating;
@@ -43,13 +40,13 @@ TEST_P(Elo, FollowsExpectationAndFactor) {
     ExpectComputerRating(GetParam().ComputerRating);
 }
 
-constexpr EloCase EloRows[] = {{"win_over_an_equal", 1200, "5", 1, 1215, "1200"},
-                               {"loss_to_an_equal", 1200, "5", 0, 1185, "1200"},
-                               {"below_2000_thirty", 1999, "10", 0, 1974, "1700"},
+constexpr EloCase EloRows[] = {{"win_over_an_equal", 1200, 5, 1, 1215, "1200"},
+                               {"loss_to_an_equal", 1200, 5, 0, 1185, "1200"},
+                               {"below_2000_thirty", 1999, 10, 0, 1974, "1700"},
                                // 400 points ahead: expected 10/11 of a point.
-                               {"at_2000_thirty", 2000, "9", 0, 1973, "1600"},
-                               {"at_2100_twenty_five", 2100, "10", 0, 2077, "1700"},
-                               {"at_2400_ten", 2400, "10", 0, 2390, "1700"}};
+                               {"at_2000_thirty", 2000, 9, 0, 1973, "1600"},
+                               {"at_2100_twenty_five", 2100, 10, 0, 2077, "1700"},
+                               {"at_2400_ten", 2400, 10, 0, 2390, "1700"}};
 INSTANTIATE_TEST_SUITE_P(Rows, Elo, testing::ValuesIn(EloRows), RowName);
 
 struct CountCase {
@@ -59,19 +56,19 @@ struct CountCase {
     const char* Rating;  ///< of the computer; empty: the game does not count
     int HalfMoves = 6;
     std::uint8_t UseRating = 1;
-    std::int32_t Allowed = 1;
+    bool Allowed = true;
 };
 
 using Counted = RowsOf<Ratings, CountCase>;
 
 TEST_P(Counted, IsWhatTheComputerPlayedHere) {
     const CountCase& Row = GetParam();
-    Record(6, "");
-    State.GameMoves = Row.HalfMoves;
-    for (int I = 0; I < 3; ++I) {
-        State.GameMoveRow[I + 1].FirstSource = Row.Columns[I];
-        State.GameMoveRow[I + 1].SecondSource = Row.Columns[I + 4];
-        State.GameMoveRow[I + 1].Level = Row.Levels[I];
+    Record(6, 0);
+    State.Record.Cursor = Row.HalfMoves;
+    for (int I = 0; I < 6; ++I) {
+        game::HalfMove& Made = State.Record.HalfMoves[I + 1];
+        Made.By = static_cast<game::MadeBy>(Row.Columns[I / 2 + 4 * (I % 2)] - '0');
+        Made.Level = static_cast<std::uint8_t>(Row.Levels[I / 2] - '0');
     }
     State.UseRating = Row.UseRating;
     State.RatingAllowed = Row.Allowed;
@@ -90,7 +87,7 @@ constexpr CountCase CountRows[] = {
     {"levels_before_a_load_are_asked_in_the_first_column", "332 111", "119", "1600"},
     {"taken_back_by_half", "222 121", "599", "1200", 3},
     {"not_wanted", "222 111", "555", "", 6, 0},
-    {"not_allowed", "222 111", "555", "", 6, 1, 0},
+    {"not_allowed", "222 111", "555", "", 6, 1, false},
     {"between_persons", "222 222", "555", ""},
     {"all_from_a_file", "333 333", "555", ""},
     {"sides_changed_hands", "221 111", "555", ""},
@@ -109,11 +106,11 @@ TEST_F(Ratings, AGameIsGreatUnlessTheComputerWasOnceAhead) {
                 {"looked_one_ply_only", 5, 2, 1, 500, "  Great game"},
                 {"last_mover_won_as_the_second", 4, 1, 2, 500, "  Good game"}};
     for (const auto& Row : Rows) {
-        State.MoveDepths.Fill(0);
-        State.GameMoves = Row.HalfMoves;
-        State.MoveDepths[Row.Half] = Row.Depth;
-        State.MoveScores[Row.Half] = Row.Score;
-        EXPECT_EQ(Row.Text, control::GameCompliment(State)) << Row.Fault;
+        State.Record = {};
+        State.Record.Cursor = Row.HalfMoves;
+        State.Record.HalfMoves[Row.Half].Depth = Row.Depth;
+        State.Record.HalfMoves[Row.Half].Score = Row.Score;
+        EXPECT_EQ(Row.Text, control::GameCompliment(State.Record)) << Row.Fault;
     }
 }
 
@@ -121,8 +118,8 @@ TEST_F(Ratings, ADrawIsTakenByWhoIsNotAhead) {
     const auto Offer = [&](std::int32_t Score) {
         State.BestScore = Score;
         World.ExpectMessage("Draw Offer", "Offer rejected... Play on!");
-        Run(Offerdraw);
-        EXPECT_EQ(0, State.GameEnded);
+        Run(OfferDraw);
+        EXPECT_FALSE(control::IsOver(State));
     };
     Offer(0); // before the first move
     Drag("d4", "e5");
@@ -130,7 +127,7 @@ TEST_F(Ratings, ADrawIsTakenByWhoIsNotAhead) {
     State.BestScore = 0;
     State.UseRating = 0;
     ExpectCongratulation("OK... It's a draw!");
-    Run(Offerdraw);
+    Run(OfferDraw);
     ExpectOver("It's a draw!", "1/2-1/2");
 }
 

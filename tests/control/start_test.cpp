@@ -1,6 +1,4 @@
 // The beginning and the end of a run, what a fault does, and the small commands.
-#include "control/start.h"
-#include "control/time_text.h"
 #include "control/trap.h"
 #include "support/game_fixture.h"
 
@@ -25,12 +23,12 @@ TEST_F(Start, TheFirstStartOffersAGame) {
     EXPECT_EQ("Player", State.UpperName.Text);
     EXPECT_EQ("Computer", State.LowerName.Text);
     EXPECT_EQ(9U, State.ChoiceList.Lines.size());
-    EXPECT_FALSE(State.RootList.Enabled);
+    EXPECT_FALSE(control::IsOpen(State, view::Control::RootList));
     EXPECT_EQ("20", State.UpperMaterial.Text);
-    for (const CommandId Id : {Cplayer, mnu_Board_Notation_Chess, calculation}) {
-        EXPECT_TRUE(State.CommandOf(Id).Ticked) << view::RowOf(Id).Name;
+    for (const CommandId Id : {ComputerPlayer, Algebraic, Calculation}) {
+        EXPECT_TRUE(control::IsTicked(State, Id)) << control::RowOf(Id).Name;
     }
-    ExpectCan(false, {mnu_Play_Cancel, First});
+    ExpectCan(false, {Cancel, First});
     EXPECT_FALSE(State.HelpText.empty());
     EXPECT_EQ("\nZonterbrook 1.20   01/02/2003  04:05:06\n", World.Log);
     ExpectConsistent();
@@ -44,14 +42,13 @@ TEST(BadFiles, EndTheProgram) {
             std::ofstream(Folder / "variants" / "International Checkers.ini") << Text;
         }
         ScriptedPlatform World(Folder);
-        const auto State = std::make_unique<control::GameState>();
-        State->Outside = &World;
+        const auto State = std::make_unique<control::GameState>(World);
         World.ExpectMessage("Error", FileFailure);
         control::Form_Load(*State);
         EXPECT_TRUE(World.Ended);
         EXPECT_FALSE(World.LogIsOpen);
         // Whatever the window still says goes unheard.
-        control::c_MouseDown(*State, 0, control::LeftButton, 0, 0);
+        control::c_MouseDown(*State, 0, control::LeftButton);
         bool Cancel = true;
         control::Form_QueryUnload(*State, Cancel);
         EXPECT_FALSE(Cancel);
@@ -62,7 +59,7 @@ TEST(BadFiles, EndTheProgram) {
 TEST_F(Start, AFileThatGoesLostEndsTheProgramAtTheNextGame) {
     World.Directory = testing::TempDir();
     World.ExpectMessage("Error", FileFailure);
-    Run(New1);
+    Run(NewGame);
     EXPECT_TRUE(World.Ended);
 }
 
@@ -79,7 +76,7 @@ TEST_F(Start, AFaultInAHandlerIsSaidInItsOwnWords) {
 
 TEST_F(Start, WithoutALogTheProgramRuns) {
     World.LogCanBeOpened = false;
-    State = *std::make_unique<control::GameState>();
+    State = *std::make_unique<control::GameState>(World);
     SetUp();
     Drag("d4", "e5");
     EXPECT_EQ(2, State.GameMoves);
@@ -118,38 +115,23 @@ INSTANTIATE_TEST_SUITE_P(Rows, Closing, testing::ValuesIn(CloseRows), RowName);
 TEST_F(Start, CalculationIsToggled) {
     State.Calculation.Text = "Depth:1";
     for (const bool On : {false, true}) {
-        Run(calculation);
+        Run(Calculation);
         EXPECT_EQ(On ? 1 : 0, State.ShowCalculation);
-        EXPECT_EQ(On, State.CommandOf(calculation).Ticked);
+        EXPECT_EQ(On, control::IsTicked(State, Calculation));
         EXPECT_EQ("no calculation", State.Calculation.Text);
     }
 }
 
 TEST_F(Start, TheRatingIsSaid) {
     World.ExpectMessage("Rating", "Your currrent rating is 1200");
-    Run(rating);
+    Run(Rating);
 }
 
 TEST_F(Start, DisabledCommandsDoNothing) {
-    for (const CommandId Id : {Analyze, NewVariant, mnu_Play_Cancel, None}) {
+    for (const CommandId Id : {Analyze, NewVariant, Cancel, None}) {
         Run(Id);
     }
     EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
-}
-
-TEST(Durations, AsText) {
-    constexpr std::tuple<double, const char*, const char*> Rows[] = {
-        {0, "00:00.00", "0 seconds"},
-        {1.4, "00:00.01", "1 second"},
-        {5.5, "00:00.06", "6 seconds"},
-        {59.6, "00:01.00", "1 minute and 0 seconds"},
-        {3599.5, "01:00.00", "1 hour, 0 minutes, and 0 seconds"},
-        {7322, "02:02.02", "2 hours, 2 minutes, and 2 seconds"},
-        {360060, "100:01.00", "100 hours, 1 minute, and 0 seconds"}};
-    for (const auto& [Seconds, Plain, Words] : Rows) {
-        EXPECT_EQ(Plain, control::TimeString(Seconds, false));
-        EXPECT_EQ(Words, control::TimeString(Seconds, true));
-    }
 }
 
 } // namespace

@@ -1,14 +1,13 @@
 // Random events of mouse, keyboard and commands: no fault, and after each of them a state that is in order.
-#include "support/complaint.h"
 #include "support/game_fixture.h"
 
 namespace zonterbrook::tests {
 namespace {
 
 // What the tree of commands offers without opening a dialog, and without ending the run.
-constexpr CommandId Choices[] = {Compute,  First,       Last,     Offerdraw,   Resign,     Cplayer,
-                                 Pplayer,  Turn,        rating,   calculation, Nonotation, New1,
-                                 Moveback, MoveForward, Moveback, MoveForward};
+constexpr CommandId Choices[] = {Compute,      First,     Last,   OfferDraw,   Resign,     ComputerPlayer,
+                                 PlayerPlayer, TurnBoard, Rating, Calculation, NoNotation, NewGame,
+                                 Back,         Forward,   Back,   Forward};
 
 class WildEvents : public RowsOf<GameFixture, const char*> {
 protected:
@@ -49,9 +48,9 @@ protected:
         const int Button = Below(60) == 0 ? control::RightButton : control::LeftButton;
         const int Pitch = State.Layout.DragPitch;
         if (Below(5) != 0) {
-            control::c_MouseMove(State, From, 0, 10, 10);
+            control::c_MouseMove(State, From);
         }
-        control::c_MouseDown(State, From, Button, 10, 10);
+        control::c_MouseDown(State, From, Button);
         if (Below(8) == 0) {
             return; // the release comes in the middle of something else, or never
         }
@@ -66,7 +65,7 @@ protected:
             Text += Signs[static_cast<std::size_t>(Below(static_cast<int>(Signs.size())))];
         }
         if (Below(2) == 0) {
-            State.CommentBox.Text = Text;
+            State.CommentText = Text;
             control::Text1_KeyUp(State);
         } else {
             Type(Text);
@@ -94,7 +93,7 @@ protected:
             control::List3_DblClick(State);
             break;
         case 5:
-            Run(Below(2) == 0 ? mnu_Board_Notation_Chess : mnu_Board_Notation_Checkers);
+            Run(Below(2) == 0 ? Algebraic : Numeric);
             break;
         default:
             DragSomething();
@@ -107,9 +106,10 @@ TEST_P(WildEvents, LeaveTheStateInOrder) {
     int MovesSeen = 0;
     for (int Event = 0; Event < 3000; ++Event) {
         DoSomething();
-        MovesSeen = std::max(MovesSeen, State.MoveCount);
+        MovesSeen = std::max(MovesSeen, State.Record.Count);
         ASSERT_FALSE(World.Ended) << World.LastSaid;
-        ASSERT_EQ("", Complaint(State)) << "after event " << Event << ", position " << rules::SetupText(State.Board);
+        ASSERT_EQ("", control::CheckRest(State))
+            << "after event " << Event << ", position " << rules::SetupText(State.Board);
     }
     EXPECT_GT(MovesSeen, 10) << "hardly a move was made";
 }

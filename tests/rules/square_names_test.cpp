@@ -1,4 +1,4 @@
-// Square names in both notations, the text of a move, and a typed move. Rows are named by the fault they would catch.
+// Square names in both notations, and a move named by its squares. Rows are named by the fault they would catch.
 #include "rules/generate.h"
 #include "rules/input.h"
 #include "rules/square_names.h"
@@ -15,11 +15,13 @@ TEST(SquareNames, GoBothWays) {
         for (CellSet Cells = PlayingCells; Cells.Any();) {
             const int Square = Cells.TakeFirst();
             State->NotationMode = rules::Notation::Algebraic;
-            EXPECT_EQ(Square, SquareNumber(*State, base::ToUpper(SquareNotation(*State, Square, Padding::None))));
+            EXPECT_EQ(Square,
+                      SquareNumber(*State, base::ToUpper(SquareNotation(State->NotationMode, Square, Padding::None))));
             State->NotationMode = rules::Notation::Numeric;
             const bool Plays = (RowOf(Square) + ColumnOf(Square)) % 2 == Colour;
             for (const Padding Pad : {Padding::Blank, Padding::None, Padding::Zero}) {
-                EXPECT_EQ(Plays, Square == SquareNumber(*State, SquareNotation(*State, Square, Pad))) << Square;
+                EXPECT_EQ(Plays, Square == SquareNumber(*State, SquareNotation(State->NotationMode, Square, Pad)))
+                    << Square;
             }
         }
     }
@@ -51,7 +53,7 @@ TEST(SquareNames, AreTheUsualOnes) {
         const auto State = Game("PiecesOnBlack=" + std::to_string(R.Colour));
         State->NotationMode = static_cast<rules::Notation>(R.Mode);
         for (const Padding Pad : {Padding::Blank, Padding::None, Padding::Zero}) {
-            EXPECT_EQ(R.Padded[static_cast<int>(Pad)], SquareNotation(*State, R.Square, Pad)) << R.Fault;
+            EXPECT_EQ(R.Padded[static_cast<int>(Pad)], SquareNotation(State->NotationMode, R.Square, Pad)) << R.Fault;
         }
         if (R.Typed != nullptr) {
             EXPECT_EQ(R.Square, SquareNumber(*State, R.Typed)) << R.Fault;
@@ -70,76 +72,42 @@ TEST(SquareNames, NonsenseIsNoSquare) {
     }
 }
 
-TEST(MoveTexts, NameEndsKindAndPromotion) {
-    const struct {
-        const char *Fault, *Rules, *Position, *Move;
-        int Mode;
-        char CaptureChar;
-        const char *Text, *Padded;
-    } Rows[] = {
-        {"plain", "", "W:Wc3:Bj0", "c3-d4", 0, 'x', "c3-d4", "c3-d4"},
-        {"capture_by_its_sign", "", "W:Wc3:Bd4", "c3xe5(d4)", 0, ':', "c3:e5", "c3:e5"},
-        {"promotion_not_marked", "", "W:Wb8:Bc9", "b8xd0(c9)K", 0, 'x', "b8xd0K", "b8xd0K"},
-        {"numbers_not_padded", "", "W:Wa9:Bj8", "a9-b0K", 1, 'x', "6-1K", " 6- 1K"},
-        {"entry_has_a_source", "canContract=1|ContractNumber=1|ContractW1=2|ContractW2=2", "W:W:Bj0", "*a1", 0, 'x',
-         "a1", "a1"},
-    };
-    for (const auto& R : Rows) {
-        const auto State = Game(R.Rules, R.Position);
-        State->NotationMode = static_cast<rules::Notation>(R.Mode);
-        State->CaptureChar = R.CaptureChar;
-        GenerateGameMoves(*State);
-        DisplayMove(*State, FindMove(*State, R.Move));
-        EXPECT_EQ(R.Text, State->MoveText.View()) << R.Fault;
-        EXPECT_EQ(R.Padded, State->MoveTextPadded.View()) << R.Fault;
-    }
-}
-
 TEST(InputMove, PlaysWhatItsEndsName) {
     constexpr const char* Entry = "canContract=1|ContractNumber=1|ContractW1=2|ContractW2=2";
     const struct {
-        const char *Fault, *Rules, *Position, *Input;
+        const char *Fault, *Rules, *Position, *Source, *Dest;
         const char* Touched; ///< under the option that the piece first touched must move
         const char* After;   ///< nullptr: refused
-        int Capture, Promotion;
     } Rows[] = {
-        {"legal_move_refused", "", "W:Wc3:Bj0", "C3D4", "", "B:Wd4:Bj0", 0, 0},
-        {"lower_case_taken", "", "W:Wc3:Bj0", "c3d4", "", nullptr, 0, 0},
-        {"illegal_end_taken", "", "W:Wc3:Bj0", "C3C4", "", nullptr, 0, 0},
-        {"one_end_moves_a_piece", "", "W:Wc3:Bj0", "C3", "", nullptr, 0, 0},
-        {"plain_move_beside_a_capture", "", "W:Wc3:Bd4", "C3B4", "", nullptr, 0, 0},
-        {"capture_not_told", "", "W:Wc3:Bd4", "C3E5", "", "B:We5:B", 1, 0},
-        {"promotion_not_told", "", "W:Wa9:Bj8", "A9B0", "", "B:WKb0:Bj8", 0, 1},
-        {"both_not_told", "", "W:Wb8:Bc9", "B8D0", "", "B:WKd0:B", 1, 1},
-        {"second_of_equal_ends_played", "MulJumps=0|MaxCapMove=0", "W:Wc3:Bd2,f2,d4,f4", "C3G3", "", "B:Wg3:Bd2,f2", 1,
-         0},
-        {"other_piece_than_touched", "", "W:Wc3,g3:Bj0", "C3D4", "g3", nullptr, 0, 0},
-        {"touched_piece_refused", "", "W:Wc3,g3:Bj0", "G3H4", "g3", "B:Wc3,h4:Bj0", 0, 0},
-        {"entry_by_one_square_refused", Entry, "W:Wc3:Bj0", "E1", "", "B:We1,c3:Bj0", 0, 0},
-        {"entry_off_its_row", Entry, "W:Wc3:Bj0", "E3", "", nullptr, 0, 0},
-        {"empty_text_moves", "", "W:Wc3:Bj0", "", "", nullptr, 0, 0},
+        {"legal_move_refused", "", "W:Wc3:Bj0", "c3", "d4", "", "B:Wd4:Bj0"},
+        {"illegal_end_taken", "", "W:Wc3:Bj0", "c3", "c4", "", nullptr},
+        {"one_end_moves_a_piece", "", "W:Wc3:Bj0", "c3", "c3", "", nullptr},
+        {"plain_move_beside_a_capture", "", "W:Wc3:Bd4", "c3", "b4", "", nullptr},
+        {"capture_not_told", "", "W:Wc3:Bd4", "c3", "e5", "", "B:We5:B"},
+        {"promotion_not_told", "", "W:Wa9:Bj8", "a9", "b0", "", "B:WKb0:Bj8"},
+        {"both_not_told", "", "W:Wb8:Bc9", "b8", "d0", "", "B:WKd0:B"},
+        {"second_of_equal_ends_played", "MulJumps=0|MaxCapMove=0", "W:Wc3:Bd2,f2,d4,f4", "c3", "g3", "",
+         "B:Wg3:Bd2,f2"},
+        {"other_piece_than_touched", "", "W:Wc3,g3:Bj0", "c3", "d4", "g3", nullptr},
+        {"touched_piece_refused", "", "W:Wc3,g3:Bj0", "g3", "h4", "g3", "B:Wc3,h4:Bj0"},
+        {"entry_by_one_square_refused", Entry, "W:Wc3:Bj0", "e1", "e1", "", "B:We1,c3:Bj0"},
+        {"entry_off_its_row", Entry, "W:Wc3:Bj0", "e3", "e3", "", nullptr},
     };
     for (const auto& R : Rows) {
         const auto State = Game(R.Rules, R.Position);
         State->TouchMove = 1;
         State->TouchedSquare = *R.Touched == '\0' ? 0 : Cell(R.Touched);
-        State->MoveWasCapture = State->MoveWasPromotion = 1;
-        bool Found = false;
-        InputMove(*State, R.Input, Found);
-        EXPECT_EQ(R.After != nullptr, Found) << R.Fault;
-        EXPECT_EQ(R.After != nullptr ? R.After : R.Position, PositionText(*State)) << R.Fault;
-        EXPECT_EQ(R.Capture, State->MoveWasCapture) << R.Fault;
-        EXPECT_EQ(R.Promotion, State->MoveWasPromotion) << R.Fault;
-        if (Found) {
+        const int Move = FindMove(*State, Cell(R.Source), Cell(R.Dest));
+        EXPECT_EQ(R.After != nullptr, Move >= 0) << R.Fault;
+        if (Move >= 0) {
+            PlayMove(*State, Move);
             EXPECT_EQ(0, State->TouchedSquare) << R.Fault;
-            EXPECT_FALSE(State->MoveText.Empty()) << R.Fault;
         }
+        EXPECT_EQ(R.After != nullptr ? R.After : R.Position, PositionText(*State)) << R.Fault;
     }
     const auto State = Game("", "W:Wc3,g3:Bj0");
     State->TouchedSquare = Cell("g3");
-    bool Found = false;
-    InputMove(*State, "C3D4", Found);
-    EXPECT_TRUE(Found) << "touch_rule_in_force_without_its_option";
+    EXPECT_GE(FindMove(*State, Cell("c3"), Cell("d4")), 0) << "touch_rule_in_force_without_its_option";
 }
 
 } // namespace

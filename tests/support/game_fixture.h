@@ -3,9 +3,9 @@
 
 #include "base/text.h"
 #include "control/events.h"
-#include "control/new_game.h"
+#include "control/turn_state.h"
+#include "control/variant_start.h"
 #include "rules/generate.h"
-#include "rules/install.h"
 #include "support/position_text.h"
 #include "support/rows.h"
 #include "support/scripted_platform.h"
@@ -20,17 +20,16 @@
 
 namespace zonterbrook::tests {
 
-using view::CommandId;
-using enum view::CommandId;
+using control::CommandId;
+using enum control::CommandId;
 
 class GameFixture : public testing::Test {
 protected:
     ScriptedPlatform World{ZONTERBROOK_DATA_DIR};
-    std::unique_ptr<control::GameState> Owned = std::make_unique<control::GameState>();
+    std::unique_ptr<control::GameState> Owned = std::make_unique<control::GameState>(World);
     control::GameState& State = *Owned;
 
     void SetUp() override {
-        State.Outside = &World;
         control::Form_Load(State);
         // The computer answers at once.
         State.FixedDepth = 1;
@@ -38,14 +37,13 @@ protected:
     }
 
     /// Two persons at the board, so that no reply comes.
-    void BetweenPersons() { control::RunCommand(State, Pplayer); }
+    void BetweenPersons() { control::RunCommand(State, PlayerPlayer); }
 
     static int Square(std::string_view Name) { return rules::AlgebraicCell(base::ToUpper(Name)); }
     int Cell(std::string_view Name) const { return view::CellOfSquare(State, Square(Name)); }
 
     /// A game from a position: pieces as "w c3", "B d6" (capital: a king), separated by commas.
     void Lay(std::string_view Pieces, std::int32_t Side = rules::White) {
-        State.RuleSet.BlackStarts = Side == rules::Black ? 1 : 0;
         for (int Cell = rules::FirstCell; Cell <= rules::LastCell; ++Cell) {
             if (rules::IsOnBoard(Cell)) {
                 State.Board[Cell] = rules::Empty;
@@ -57,29 +55,22 @@ protected:
             const std::int32_t Value = (Code == 'w' || Code == 'W' ? 1 : -1) * (Code == 'W' || Code == 'B' ? 2 : 1);
             State.Board[Square(Piece.substr(2))] = Value;
         }
-        State.StartBoard = State.Board;
         State.Side = Side;
-        State.KeepBoard = 1;
-        control::NewGame(State);
-        view::DrawBoard(State, 0);
+        control::StartPosition(State);
     }
 
     /// A game of a shipped variant, with its rules.
     void PlayVariant(std::string_view Name) {
         State.VariantName = Name;
-        State.KeepBoard = 0;
-        control::NewGame(State);
-        State.RuleSet = State.LoadedRuleSet;
-        control::NewGame(State);
-        view::DrawBoard(State, 0);
+        control::StartVariant(State, control::ReadChosenVariant(State), control::RulesFrom::File);
     }
 
     void Run(CommandId Id) { control::RunCommand(State, Id); }
 
     void Press(std::string_view From) {
         const int Index = Cell(From);
-        control::c_MouseMove(State, Index, 0, 100, 100);
-        control::c_MouseDown(State, Index, control::LeftButton, 100, 100);
+        control::c_MouseMove(State, Index);
+        control::c_MouseDown(State, Index, control::LeftButton);
     }
 
     /// Lets go over the middle of a square, as the window tells it: in twips from the cell that was pressed.
@@ -89,7 +80,7 @@ protected:
         const int Pitch = State.Layout.DragPitch;
         const int X = (Target % 10 - Pressed % 10) * Pitch + Pitch / 2;
         const int Y = (Target / 10 - Pressed / 10) * Pitch + Pitch / 2;
-        control::c_MouseMove(State, Pressed, control::LeftButton, X, Y);
+        control::c_MouseMove(State, Pressed);
         control::c_MouseUp(State, Pressed, control::LeftButton, X, Y);
     }
 
@@ -99,7 +90,7 @@ protected:
     }
 
     void Type(std::string_view Move) {
-        State.MoveBox.Text = Move;
+        State.TypedText = Move;
         control::Text2_KeyUp(State, control::EnterKey);
     }
 
@@ -127,7 +118,7 @@ protected:
 
     void ExpectCan(bool Can, std::initializer_list<CommandId> Ids) const {
         for (const CommandId Id : Ids) {
-            EXPECT_EQ(Can, view::CanRun(State, Id)) << view::RowOf(Id).Name;
+            EXPECT_EQ(Can, control::IsEnabled(State, Id)) << control::RowOf(Id).Name;
         }
     }
 
@@ -135,19 +126,25 @@ protected:
 
     /// The game is over, and nothing but a new one or the way back is open.
     void ExpectOver(std::string_view Text, std::string_view Result) const {
-        using view::CommandId;
-        EXPECT_EQ(1, State.GameEnded);
+        EXPECT_TRUE(control::IsOver(State));
         EXPECT_EQ(Text, Status());
-        EXPECT_EQ(Result, State.ResultText);
-        EXPECT_FALSE(State.ChoiceList.Enabled);
-        EXPECT_EQ(0, State.Thinking);
-        EXPECT_EQ(0, State.SearchActive);
-        ExpectCan(false, {Compute, Analyze, Offerdraw, Resign, Hint, mnu_Play_Ccomputer, mnu_Play_Cancel});
-        ExpectCan(true, {New1});
+        EXPECT_EQ(Result, game::ResultText(State.Result));
+        EXPECT_FALSE(control::IsOpen(State, view::Control::ChoiceList));
+        ExpectCan(false, {Compute, Analyze, OfferDraw, Resign, Hint, ComputerComputer, Cancel});
+        ExpectCan(true, {NewGame});
         ExpectConsistent();
     }
 
     void ExpectConsistent() const { EXPECT_EQ("", rules::CheckPosition(State)); }
+};
+
+/// The computer plays without noise.
+class ThinkingFixture : public GameFixture {
+protected:
+    void SetUp() override {
+        GameFixture::SetUp();
+        State.Strength = 0;
+    }
 };
 
 /// The same between two persons.

@@ -25,7 +25,9 @@ public:
     std::function<void()> OnWait;    ///< runs while the program waits
     std::function<void()> OnMessage; ///< runs while a message stands
     std::function<void()> OnClose;   ///< what the window does when it is told to close
-    std::deque<double> Chances;      ///< random numbers to come; behind them a fixed row goes on
+    std::function<void()> OnNode;    ///< runs at every node of a search
+    std::uint64_t Nodes = 0;
+    std::deque<double> Chances; ///< random numbers to come; behind them a fixed row goes on
     std::vector<std::string> Sounds;
     std::string Log;
     bool LogCanBeOpened = true;
@@ -36,7 +38,8 @@ public:
     double Waited = 0;
     std::string LastSaid;
 
-    explicit ScriptedPlatform(std::filesystem::path ApplicationFolder) : Directory(std::move(ApplicationFolder)) {}
+    explicit ScriptedPlatform(std::filesystem::path ApplicationFolder)
+        : Platform(1), Directory(std::move(ApplicationFolder)) {}
 
     ~ScriptedPlatform() override {
         for (const Expected& Left : Script) {
@@ -50,7 +53,7 @@ public:
     void ExpectQuestion(std::string_view Title, std::string_view Text, bool Yes) {
         Script.push_back({Kind::Question, std::string(Title), std::string(Text), Yes});
     }
-    void ExpectPopup(view::CommandId Choice) { Script.push_back({Kind::Popup, "popup", "", false, Choice}); }
+    void ExpectPopup(control::CommandId Choice) { Script.push_back({Kind::Popup, "popup", "", false, Choice}); }
 
     bool ScriptIsDone() const { return Script.empty(); }
 
@@ -61,7 +64,7 @@ public:
         }
     }
     bool Ask(std::string_view Title, std::string_view Text) override { return Take(Kind::Question, Title, Text).Yes; }
-    view::CommandId ShowPopup(view::CommandId) override { return Take(Kind::Popup, "popup", "").Choice; }
+    control::CommandId ShowPopup(control::CommandId) override { return Take(Kind::Popup, "popup", "").Choice; }
 
     void PlaySound(std::string_view File) override { Sounds.emplace_back(File); }
     void Wait(double Seconds) override {
@@ -103,7 +106,12 @@ public:
     }
 
 protected:
-    void TakeTurn() override {}
+    void TakeTurn() override {
+        ++Nodes;
+        if (OnNode) {
+            OnNode();
+        }
+    }
 
 private:
     enum class Kind { Message, Question, Popup };
@@ -111,15 +119,15 @@ private:
         Kind Sort;
         std::string Title, Text;
         bool Yes = false;
-        view::CommandId Choice = view::CommandId::None;
+        control::CommandId Choice = control::CommandId::None;
     };
 
     Expected Take(Kind Sort, std::string_view Title, std::string_view Text) {
         if (Script.empty() && TakesAnything) {
             LastSaid = Text;
-            const int First = static_cast<int>(view::CommandId::mnu_PopUp_ClearBoard);
-            const int Choice = First + static_cast<int>(Random() * (view::CommandCount - First));
-            return {Sort, "", "", Random() < 0.5, static_cast<view::CommandId>(Choice)};
+            const int First = static_cast<int>(control::CommandId::ClearBoard);
+            const int Choice = First + static_cast<int>(Random() * (control::CommandCount - First));
+            return {Sort, "", "", Random() < 0.5, static_cast<control::CommandId>(Choice)};
         }
         if (Script.empty()) {
             ADD_FAILURE() << "unexpected: " << Title << ": " << Text;

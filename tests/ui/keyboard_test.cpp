@@ -36,7 +36,7 @@ protected:
 };
 
 TEST_F(Keys, TabGoesRoundTheWindow) {
-    Game().RootList.Enabled = true; // as after a calculation
+    Game().RootList.Lines = {"d4-e5"}; // as after a calculation
     Window->ShowContents();
     for (const char* Name : {"c", "List1", "List2", "List3", "Text2", "Text1", "c"}) {
         ASSERT_EQ(Name, Window->focusWidget()->objectName());
@@ -135,7 +135,7 @@ TEST_F(Keys, EditorOpensAtTheCursor) {
                       [&] {
                           const QRect Around = Board().CellRect(Cell("e5")).adjusted(-2, -2, 2, 2);
                           EXPECT_TRUE(Around.contains(Board().mapFromGlobal(Menu()->pos())));
-                          Menu()->setActiveAction(Entry(CommandId::Whiteking));
+                          Menu()->setActiveAction(Entry(CommandId::WhiteKing));
                           QTest::keyClick(Menu(), Qt::Key_Return);
                       });
     Walk("e5", Qt::Key_Menu);
@@ -149,7 +149,7 @@ TEST_F(Keys, ClosedBoxLeavesNoFrame) {
     InMidSearch(
         [&] {
             EXPECT_EQ(-1, Board().CursorCell());
-            Run(CommandId::mnu_Play_Cancel);
+            Run(CommandId::Cancel);
         },
         true);
     EXPECT_TRUE(TypedMove()->hasFocus());

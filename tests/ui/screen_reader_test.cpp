@@ -52,22 +52,22 @@ protected:
         const auto Found = Tree();
         const auto Check = [&](const QString& Name, CommandId Id) {
             ASSERT_TRUE(Found.contains(Name)) << qPrintable(Name);
-            EXPECT_NE(view::CanRun(Game(), Id), Found[Name]->state().disabled) << qPrintable(Name);
-            EXPECT_EQ(Game().CommandOf(Id).Ticked, Found[Name]->state().checked) << qPrintable(Name);
+            EXPECT_NE(control::IsEnabled(Game(), Id), Found[Name]->state().disabled) << qPrintable(Name);
+            EXPECT_EQ(control::IsTicked(Game(), Id), Found[Name]->state().checked) << qPrintable(Name);
         };
-        for (const view::CommandRow& Row : view::CommandRows()) {
-            if (InTree(Row) && Row.Kind != view::CommandKind::Menu) {
+        for (const control::CommandRow& Row : control::CommandRows()) {
+            if (InTree(Row) && Row.Kind != control::CommandKind::Menu) {
                 Check(Text(Row.Name), Row.Id);
             }
         }
-        for (const view::ToolbarButton& Button : view::ToolbarButtons()) {
+        for (const control::ToolbarButton& Button : control::ToolbarButtons()) {
             Check("Toolbar1_" + Text(Button.Key), Button.Command);
         }
     }
     // The editor's menu is in the tree while it is open.
-    static bool InTree(const view::CommandRow& Row) {
-        return Row.Kind != view::CommandKind::Separator && Row.Id != CommandId::mnuSetup &&
-               Row.Menu != CommandId::mnuSetup && Row.Menu != CommandId::mnuPopup;
+    static bool InTree(const control::CommandRow& Row) {
+        return Row.Kind != control::CommandKind::Separator && Row.Id != CommandId::SetupMenu &&
+               Row.Menu != CommandId::SetupMenu && Row.Menu != CommandId::PopupMenu;
     }
 
     std::unique_ptr<QSignalSpy> Changes;
@@ -171,7 +171,7 @@ TEST_F(ScreenReader, FindsEverythingByItsName) {
     EXPECT_EQ("20", Found["Label5"]->text(QAccessible::Name));
     EXPECT_EQ(QAccessible::StaticText, Found["Label9"]->role());
     EXPECT_EQ(9, Found["List2"]->childCount());
-    for (const view::CommandRow& Row : view::CommandRows()) {
+    for (const control::CommandRow& Row : control::CommandRows()) {
         const QString Name = Text(Row.Name);
         EXPECT_NE(nullptr, Find<QObject>(Name)) << qPrintable(Name);
         if (InTree(Row)) {
@@ -179,7 +179,7 @@ TEST_F(ScreenReader, FindsEverythingByItsName) {
             EXPECT_EQ(Text(Row.Caption).remove('&'), Found[Name]->text(QAccessible::Name));
         }
     }
-    for (const view::ToolbarButton& Row : view::ToolbarButtons()) {
+    for (const control::ToolbarButton& Row : control::ToolbarButtons()) {
         ASSERT_TRUE(Found.contains("Toolbar1_" + Text(Row.Key))) << Row.Key;
         EXPECT_EQ(Text(Row.Tip), Found["Toolbar1_" + Text(Row.Key)]->text(QAccessible::Name));
         EXPECT_FALSE(Find<QToolButton>("Toolbar1_" + Text(Row.Key))->icon().isNull()) << Row.Key;
@@ -191,12 +191,12 @@ TEST_F(ScreenReader, EntriesFollowTheState) {
     InMidSearch([&] {
         ExpectEntriesAsInState();
         EXPECT_TRUE(Tree()["Text2"]->state().disabled);
-        Run(CommandId::mnu_Play_Cancel);
+        Run(CommandId::Cancel);
         ExpectEntriesAsInState();
     });
-    for (const CommandId Id : {CommandId::Pplayer, CommandId::Moveback, CommandId::First, CommandId::MoveForward,
-                               CommandId::Last, CommandId::Cplayer}) {
-        SCOPED_TRACE(view::RowOf(Id).Name);
+    for (const CommandId Id : {CommandId::PlayerPlayer, CommandId::Back, CommandId::First, CommandId::Forward,
+                               CommandId::Last, CommandId::ComputerPlayer}) {
+        SCOPED_TRACE(control::RowOf(Id).Name);
         Run(Id);
         ExpectEntriesAsInState();
     }

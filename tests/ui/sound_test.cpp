@@ -44,8 +44,8 @@ TEST_F(NoDevice, NothingIsSaid) {
     const QtMessageHandler Before =
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) { ++Warnings; });
     Drag("d4", "e5");
-    Game().Outside->PlaySound("sounds/missing.wav");
-    Game().Outside->PlaySound("sounds/roll.wav");
+    Game().Outside().PlaySound("sounds/missing.wav");
+    Game().Outside().PlaySound("sounds/roll.wav");
     QCoreApplication::processEvents();
     qInstallMessageHandler(Before);
     EXPECT_EQ(0, Warnings);

@@ -2,9 +2,9 @@
 //
 // A few seconds of it in every run of the tests. With ZONTERBROOK_WILD_SECONDS set it goes on for as long, with ever
 // new seeds, and with deep searches that are cancelled and the computer against itself.
-#include "control/new_game.h"
+#include "control/turn_state.h"
+#include "control/variant_start.h"
 #include "rules/generate.h"
-#include "support/complaint.h"
 #include "window_hands.h"
 
 #include <QElapsedTimer>
@@ -104,10 +104,10 @@ void WildWindow::AnswerWhatIsOpen() {
         } else {
             QTest::mouseClick(OneOf(Box->buttons()), Qt::LeftButton);
         }
-    } else if (Window != nullptr && Game().SearchActive != 0 && WithSearches) {
+    } else if (Window != nullptr && Game().Turn == control::TurnState::Thinking && WithSearches) {
         const int What = Below(6);
         if (What == 0) {
-            Run(CommandId::mnu_Play_Cancel);
+            Run(CommandId::Cancel);
         } else if (What == 1) {
             UseMouse();
         } else if (What == 2) {
@@ -119,7 +119,7 @@ void WildWindow::AnswerWhatIsOpen() {
 // A square with a move more often than not: events at random hardly ever make one.
 int WildWindow::SomeCell() {
     const int Moves = rules::MoveCountOfPly(Game());
-    if (Game().Thinking == 0 && Moves > 0 && !Now(4)) {
+    if (!control::IsBusy(Game()) && Moves > 0 && !Now(4)) {
         const rules::MoveRecord& Move = Game().MoveStack[Game().StackLimit[Game().Ply] + Below(Moves)];
         if (Move.Source != rules::FromHand) {
             return view::CellOfSquare(Game(), Move.Source);
@@ -129,7 +129,7 @@ int WildWindow::SomeCell() {
 }
 
 int WildWindow::SomeTarget(int From) {
-    const int Moves = Game().Thinking == 0 ? rules::MoveCountOfPly(Game()) : 0;
+    const int Moves = !control::IsBusy(Game()) ? rules::MoveCountOfPly(Game()) : 0;
     for (int I = 0; I < Moves && !Now(4); ++I) {
         const rules::MoveRecord& Move = Game().MoveStack[Game().StackLimit[Game().Ply] + I];
         if (Move.Source == view::SquareOfCell(Game(), From)) {
@@ -198,16 +198,16 @@ void WildWindow::UseKeys() {
 }
 
 void WildWindow::UseCommand() {
-    const CommandId Id = OneOf(view::CommandRows()).Id;
-    const bool Slow = Id == CommandId::mnu_Play_Ccomputer; // it waits between its moves
+    const CommandId Id = OneOf(control::CommandRows()).Id;
+    const bool Slow = Id == CommandId::ComputerComputer; // it waits between its moves
     if (Entry(Id) != nullptr && (!Slow || (WithSearches && Now(20)))) {
         Run(Id);
     }
 }
 
 void WildWindow::UseButton() {
-    const view::ToolbarButton& Chosen = OneOf(view::ToolbarButtons());
-    if (Chosen.Command != CommandId::mnu_Play_Ccomputer) {
+    const control::ToolbarButton& Chosen = OneOf(control::ToolbarButtons());
+    if (Chosen.Command != CommandId::ComputerComputer) {
         QTest::mouseClick(Button(std::string(Chosen.Key).c_str()), Qt::LeftButton);
     }
 }
@@ -251,9 +251,9 @@ void WildWindow::DoSomething() {
 
 // Beside the state itself: the widgets show it, and the board shows the position.
 std::string WildWindow::WindowComplaint() {
-    std::string Found = Complaint(Game());
-    for (const view::CommandRow& Row : view::CommandRows()) {
-        if (Entry(Row.Id) != nullptr && Entry(Row.Id)->isEnabled() != view::CanRun(Game(), Row.Id)) {
+    std::string Found = control::CheckRest(Game());
+    for (const control::CommandRow& Row : control::CommandRows()) {
+        if (Entry(Row.Id) != nullptr && Entry(Row.Id)->isEnabled() != control::IsEnabled(Game(), Row.Id)) {
             Found += " an entry is not as the state says: " + std::string(Row.Name);
         }
     }
@@ -290,13 +290,10 @@ void WildWindow::Play(unsigned Seed, int Events) {
     World = std::make_unique<QuickPlatform>(*Window, Folders(), Seed);
     World->OpenLog();
     Game().World = World.get();
-    Game().Outside = World.get();
     Game().UseSound = 1;
     Game().ConfirmExit = 1;
     Game().VariantName = GetParam();
-    control::NewGame(Game());
-    Game().RuleSet = Game().LoadedRuleSet;
-    control::NewGame(Game());
+    control::StartVariant(Game(), control::ReadChosenVariant(Game()), control::RulesFrom::File);
     Game().SizeClass = Now(2) ? 2 : 0;
     view::LayoutWindow(Game());
     view::DrawBoard(Game(), 0);
@@ -307,7 +304,7 @@ void WildWindow::Play(unsigned Seed, int Events) {
         ASSERT_EQ("", World->Fault);
         if (Event % 20 == 0 && !Window->HasEnded()) {
             QCoreApplication::processEvents();
-            MovesSeen = std::max(MovesSeen, Game().MoveCount);
+            MovesSeen = std::max(MovesSeen, Game().Record.Count);
             ASSERT_EQ("", WindowComplaint());
         }
     }

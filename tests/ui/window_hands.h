@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/text.h"
+#include "control/turn_state.h"
 #include "rules/square_names.h"
 #include "support/rows.h"
 #include "ui/main_window.h"
@@ -29,7 +30,7 @@ inline void PrintTo(const QString& Text, std::ostream* Out) {
 
 namespace zonterbrook::tests {
 
-using view::CommandId;
+using control::CommandId;
 using view::Picture;
 
 /// Does something once, as soon as it can, from within whatever gives the event loop a turn; it must come to it.
@@ -121,13 +122,14 @@ protected:
         QTest::keyClick(TypedMove(), Qt::Key_Return);
     }
     void Run(CommandId Id) { Entry(Id)->trigger(); }
-    void PlayBothSides() { Run(CommandId::Pplayer); }
+    void PlayBothSides() { Run(CommandId::PlayerPlayer); }
 
     /// Makes the move d4-e5, and does something while the computer thinks about it for long.
     void InMidSearch(const std::function<void()>& What, bool Typed = false) {
         Game().SearchDepth = 20;
         int Turns = 0;
-        const Soon Look([&] { return Game().SearchActive != 0 && Game().NodeCount > 0 && ++Turns == 5; }, What);
+        const Soon Look(
+            [&] { return Game().Turn == control::TurnState::Thinking && Game().NodeCount > 0 && ++Turns == 5; }, What);
         Typed ? Type("d4e5") : Drag("d4", "e5");
     }
 

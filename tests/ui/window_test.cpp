@@ -82,13 +82,13 @@ TEST_F(MainWindow, MovablePiecesAreBoxed) {
 TEST_F(MainWindow, TurnedBoardIsMirrored) {
     const QImage Before = Seen();
     const QPoint Corner = Middle("a1");
-    Run(CommandId::Turn);
+    Run(CommandId::TurnBoard);
     const QImage Turned = Seen();
     EXPECT_EQ(Corner, Middle("j0"));
     EXPECT_LT(Turned.pixelColor(Corner).lightness(), Before.pixelColor(Corner).lightness());
     const QRect Letters(0, Board().CellRect(99).bottom() + 6, Board().width(), 30);
     EXPECT_NE(Before.copy(Letters), Turned.copy(Letters));
-    Run(CommandId::Turn);
+    Run(CommandId::TurnBoard);
     EXPECT_EQ(Before, Seen());
 }
 
@@ -165,11 +165,11 @@ TEST_F(MainWindow, ToolbarButtonsAreTheCommands) {
 }
 
 TEST_F(MainWindow, RefusedChoiceKeepsItsTick) {
-    EXPECT_TRUE(Entry(CommandId::mnu_Board_Notation_Chess)->isChecked());
+    EXPECT_TRUE(Entry(CommandId::Algebraic)->isChecked());
     Game().RuleSet.PiecesOnBlack = 2; // squares of both colours have no numbers
-    Run(CommandId::mnu_Board_Notation_Checkers);
-    EXPECT_TRUE(Entry(CommandId::mnu_Board_Notation_Chess)->isChecked());
-    EXPECT_FALSE(Entry(CommandId::mnu_Board_Notation_Checkers)->isChecked());
+    Run(CommandId::Numeric);
+    EXPECT_TRUE(Entry(CommandId::Algebraic)->isChecked());
+    EXPECT_FALSE(Entry(CommandId::Numeric)->isChecked());
 }
 
 TEST_F(MainWindow, ArrowsStepThroughTheGame) {
@@ -203,7 +203,7 @@ TEST_F(MainWindow, CommentsStayWithTheirMove) {
     EXPECT_EQ("A quiet start", Comment->toPlainText());
     Drag("d4", "e5");
     EXPECT_EQ("", Comment->toPlainText());
-    EXPECT_EQ("A quiet start", Game().MoveComment[1]);
+    EXPECT_EQ("A quiet start", Game().Record.HalfMoves[1].Comment);
 }
 
 // --- The computer
@@ -230,7 +230,7 @@ TEST_F(MainWindow, CancelStopsTheSearch) {
         QTest::mouseClick(Button("Cancel"), Qt::LeftButton);
         EXPECT_FALSE(Button("Cancel")->isEnabled());
     });
-    EXPECT_EQ(0, Game().Thinking);
+    EXPECT_FALSE(control::IsBusy(Game()));
     EXPECT_EQ(2, Game().GameMoves);
     EXPECT_EQ(20, Game().SearchDepth);
     EXPECT_TRUE(TypedMove()->isEnabled());
@@ -243,7 +243,7 @@ TEST_F(MainWindow, ClosingInMidSearchEndsCleanly) {
     });
     EXPECT_TRUE(QTest::qWaitFor([&] { return !Window->isVisible(); }));
     EXPECT_TRUE(Window->HasEnded());
-    EXPECT_EQ(0, Game().HandlerDepth);
+    EXPECT_EQ(0, Game().HandlersAtWork);
 }
 
 TEST_F(MainWindow, ClosingCanBeRefused) {

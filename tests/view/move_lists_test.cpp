@@ -2,6 +2,7 @@
 #include "rules/square_names.h"
 #include "support/view_fixture.h"
 #include "view/move_lists.h"
+#include "view/time_text.h"
 
 #include <gtest/gtest.h>
 
@@ -13,11 +14,16 @@ namespace {
 class Lists : public tests::ViewFixture {};
 
 TEST_F(Lists, LinesAlignAtTheFullStop) {
-    EXPECT_EQ("   1. c3-d4", MoveListLine(1, "c3-d4"));
-    EXPECT_EQ("      c3-d4", MoveListLine(2, "c3-d4"));
-    EXPECT_EQ("   9. c3-d4", MoveListLine(17, "c3-d4"));
-    EXPECT_EQ("  10. c3-d4", MoveListLine(19, "c3-d4"));
-    EXPECT_EQ(" 100. c3-d4", MoveListLine(199, "c3-d4"));
+    const auto Record = std::make_unique<game::GameRecord>();
+    for (const auto& [Number, Line] : {std::pair{1, "   1. c3-d4"},
+                                       {2, "      c3-d4"},
+                                       {17, "   9. c3-d4"},
+                                       {19, "  10. c3-d4"},
+                                       {199, " 100. c3-d4"}}) {
+        Record->HalfMoves[Number].Played.Record.Source = rules::AlgebraicCell("C3");
+        Record->HalfMoves[Number].Played.Record.Dest = rules::AlgebraicCell("D4");
+        EXPECT_EQ(Line, GameLine(State, *Record, Number));
+    }
 }
 
 TEST_F(Lists, TheFirstMovesOfTheGameAreNine) {
@@ -55,6 +61,14 @@ TEST_F(Lists, AChangedRuleMarksTheName) {
     ShowVariantTitle(State);
     EXPECT_EQ("Russian Checkers (M)", State.VariantLine.Text);
     EXPECT_TRUE(State.Caption.ends_with("Russian Checkers (M)"));
+}
+
+TEST(Durations, AsText) {
+    constexpr std::pair<double, const char*> Rows[] = {
+        {0, "00:00.00"}, {1.4, "00:00.01"}, {59.6, "00:01.00"}, {3599.5, "01:00.00"}, {360060, "100:01.00"}};
+    for (const auto& [Seconds, Text] : Rows) {
+        EXPECT_EQ(Text, TimeString(Seconds));
+    }
 }
 
 } // namespace

@@ -1,0 +1,64 @@
+// The commands of the main window by name. What each is called, when it is enabled and what it runs stands in
+// commands.h.
+#pragma once
+
+#include <cstdint>
+
+namespace zonterbrook::control {
+
+/// Every menu and entry.
+enum class CommandId : std::uint8_t {
+    None, ///< no command; the parent of the menus of the bar
+    GameMenu,
+    NewGame,
+    NewVariant,
+    Open,
+    Save,
+    SearchProblems,
+    Details,
+    Exit,
+    PlayMenu,
+    Compute,
+    Cancel,
+    First,
+    Back,
+    Forward,
+    Last,
+    OfferDraw,
+    Resign,
+    Hint,
+    ComputerPlayer,
+    PlayerPlayer,
+    ComputerComputer,
+    Options,
+    Analyze,
+    BoardMenu,
+    TurnBoard,
+    NotationMenu,
+    NoNotation,
+    Algebraic,
+    Numeric,
+    CreateDiagram,
+    ViewMenu,
+    Calculation,
+    Rating,
+    ExtraMenu,
+    PlyValueTable,
+    HelpMenu,
+    QuickRules,
+    Rules,
+    About,
+    SetupMenu,
+    PopupMenu,
+    ClearBoard,
+    EmptySquare,
+    BlackMan,
+    BlackKing,
+    WhiteMan,
+    WhiteKing,
+    BlackMoves,
+    WhiteMoves,
+};
+inline constexpr int CommandCount = static_cast<int>(CommandId::WhiteMoves) + 1;
+
+} // namespace zonterbrook::control

@@ -1,0 +1,33 @@
+// The end of a drag.
+#include "control/input_state.h"
+
+namespace zonterbrook::control {
+
+namespace {
+
+void RemovePointers(view::WindowContents& Contents) {
+    for (view::BoardCell& Cell : Contents.Cells) {
+        Cell.Pointer = view::Picture::None;
+    }
+}
+
+} // namespace
+
+void ClearDrag(GameState& State) {
+    RemovePointers(State);
+    State.SourceCell = -1;
+    State.RightCell = -1;
+    State.HoverSquare = 0;
+    State.HoverCell = -1;
+    State.DragIconSet = false;
+    State.SetupLatch = false;
+    State.PopupLatch = false;
+}
+
+void ClearInput(GameState& State) {
+    RemovePointers(State);
+    static_cast<InputFields&>(State) = {};
+    State.TouchedSquare = 0;
+}
+
+} // namespace zonterbrook::control

@@ -1,0 +1,67 @@
+// A person's move.
+#include "control/person_move.h"
+
+#include "base/checked_number.h"
+#include "control/computer_move.h"
+#include "control/input_state.h"
+#include "control/log.h"
+#include "control/record.h"
+#include "control/turn.h"
+#include "engine/root_search.h"
+#include "engine/search.h"
+#include "rules/generate.h"
+#include "view/draw_board.h"
+#include "view/move_lists.h"
+
+#include <utility>
+
+namespace zonterbrook::control {
+
+namespace {
+
+// The position after a move from its mover's side, as the computer's moves have their scores: by the evaluator of the
+// routine that would play it, since the tables of a rule set are made for that one.
+std::int16_t EvaluationForMover(GameState& State) {
+    engine::InitEngineThresholds(State);
+    const rules::GamePositionScope Scope(State);
+    const engine::EvaluateFunction Evaluate = engine::PlayingRoutine(State).Evaluate;
+    return base::Narrow<std::int16_t>(-Evaluate(State, engine::WindowLow, engine::WindowHigh, State.Side));
+}
+
+void ForgetCalculation(GameState& State) {
+    State.Calculated = {};
+    view::WriteCalculation(State);
+    State.StatusPanels[view::ProductPanel].clear();
+    State.StatusText.clear();
+    State.HintSource = 0;
+    State.HintDest = 0;
+}
+
+} // namespace
+
+bool PlayPersonMove(GameState& State, int Source, int Dest) {
+    // 1. The move. What the last calculation said is over.
+    auto Made = EnterMove(State, Source, Dest);
+    if (!Made) {
+        return false;
+    }
+    ForgetCalculation(State);
+
+    // 2. Record, list, sound and log.
+    if (State.PlayMode == view::GameMode::PlayerPlayer) {
+        Made->Score = EvaluationForMover(State);
+    }
+    RecordMove(State, std::move(*Made), game::MadeBy::Person);
+    PlayMoveSound(State);
+    LogMove(State);
+    ClearInput(State);
+    view::DrawBoard(State, 0);
+
+    // 3. Who is next.
+    if (FollowMove(State) == Follows::Computer) {
+        ComputeNow(State);
+    }
+    return true;
+}
+
+} // namespace zonterbrook::control

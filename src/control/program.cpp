@@ -1,0 +1,97 @@
+// The beginning and the end of a run.
+//
+// Start-up brings everything that a game needs into being, in an order that matters: settings, pictures, log, game,
+// layout, board. What the window is asked at its end stands here, too.
+#include "control/program.h"
+
+#include "control/log.h"
+#include "control/new_game.h"
+#include "control/trap.h"
+#include "control/turn_state.h"
+#include "control/variant_start.h"
+#include "view/layout.h"
+#include "view/move_lists.h"
+
+namespace zonterbrook::control {
+
+namespace {
+
+constexpr std::uint8_t LeastDepth = 2;
+constexpr std::int32_t SmallPictures = 0;
+constexpr std::int32_t MediumPictures = 2;
+
+// The settings of a first start.
+void LoadSettings(GameState& State) {
+    static_cast<view::SettingsFields&>(State) = {};
+    if (State.SearchDepth == 0) {
+        State.SearchDepth = LeastDepth;
+    }
+    // A run never begins with the computer playing itself.
+    if (State.PlayMode == view::GameMode::ComputerComputer) {
+        State.PlayMode = view::GameMode::ComputerPlayer;
+    }
+}
+
+// One of the two picture sets that the program brings along; any other name falls back on the medium one.
+void LoadSkin(view::SettingsFields& Settings) {
+    Settings.SizeClass = Settings.SkinName == "Classic Small" ? SmallPictures : MediumPictures;
+}
+
+bool PersonAgrees(const GameState& State) {
+    return State.ConfirmExit == 0 || State.Outside().Ask("Confirmation", "Are you sure you want to exit?");
+}
+
+// Whatever is at work unwinds; the window closes when the last handler has returned.
+void CloseSoon(GameState& State) {
+    State.CloseWanted = true;
+    if (IsBusy(State)) {
+        State.CancelRequested = rules::StopRequest::Person;
+    }
+}
+
+} // namespace
+
+void StartProgram(GameState& State) {
+    engine::ResetEngine(State, State.Outside());
+    LoadSettings(State);
+    LoadSkin(State);
+    OpenLog(State);
+    StartVariant(State, ReadChosenVariant(State), RulesFrom::Hand);
+    view::LayoutWindow(State);
+    State.StatusPanels[view::ProductPanel] = view::ProductLine;
+    view::ShowStrength(State);
+    DrawOpeningByLot(State);
+}
+
+bool MayClose(GameState& State) {
+    const bool AtWork = State.HandlersAtWork > 0;
+    if (State.ProgramEnds || (State.CloseWanted && !AtWork)) {
+        return true;
+    }
+    if (State.CloseWanted) {
+        return false; // agreed, and still unwinding
+    }
+    bool Agreed = false;
+    RunTrapped(State, [&] { Agreed = PersonAgrees(State); });
+    if (Agreed && AtWork) {
+        CloseSoon(State);
+    }
+    return Agreed && !AtWork;
+}
+
+void Exit_Click(GameState& State) {
+    if (!State.CloseWanted && PersonAgrees(State)) {
+        CloseSoon(State);
+    }
+}
+
+void EndProgram(GameState& State) {
+    if (State.ProgramEnds) {
+        return;
+    }
+    State.ProgramEnds = true;
+    CloseLog(State);
+    State.Outside().EndProgram();
+}
+
+} // namespace zonterbrook::control

@@ -1,0 +1,30 @@
+// The start of a game: of a variant, from its file or by the rules in hand, or of a position.
+//
+// Program, console and tests begin every game here.
+#pragma once
+
+#include "control/state.h"
+#include "formats/variant_file.h"
+
+namespace zonterbrook::control {
+
+/// Whose rules a variant is played by: those of its file, or those in force, which may have been edited.
+enum class RulesFrom : std::uint8_t { File, Hand };
+
+/// Reads the variant that the settings name. Throws a `FileFault` when it can't be read.
+formats::VariantDocument ReadChosenVariant(const GameState& State);
+
+/// Begins a game from the start position of `Variant`. Draws the side that begins if the rules leave it to the lot.
+void StartVariant(GameState& State, const formats::VariantDocument& Variant, RulesFrom From);
+
+/// Begins a game from the position on the board, with the side to move as the one that begins, by the rules in force.
+/// The next game of the variant begins as its rules say again.
+void StartPosition(GameState& State);
+
+/// Begins the game in hand once more, from its own start position.
+void RestartGame(GameState& State);
+
+/// The names beside the board where a person and the computer play on: the person gets the side to move.
+void NamePersonToMove(view::ViewState& State);
+
+} // namespace zonterbrook::control
