@@ -81,7 +81,7 @@ void Search(benchmark::State& Run, const std::string& Variant, int Depth, bool R
     Played->NodeCount = 0;
     for ([[maybe_unused]] const auto _ : Run) {
         // Nothing learnt by the search before: every run searches the same tree.
-        Played->Killers.Fill({});
+        Played->Wanted.Fill({});
         for (auto& Row : Played->MainVariantTable) {
             Row.Fill({});
         }

@@ -114,7 +114,7 @@ std::string MainLineText(const EngineState& State) {
 }
 
 void ForgetLines(EngineState& State) {
-    State.Killers.Fill({});
+    State.Wanted.Fill({});
     for (auto& Row : State.MainVariantTable) {
         Row.Fill({});
     }
@@ -323,6 +323,7 @@ std::string Console::Board(const Words& Arguments) {
     RecountPosition(*State);
     State->PositionHistory.Fill({});
     State->HistoryFingerprint.Fill(0);
+    ForgetLines(*State);
     ForgetMoves();
     return {};
 }

@@ -2,7 +2,6 @@
 #include "base/text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 
 namespace zonterbrook::base {
@@ -55,22 +54,28 @@ bool IsUtf8(std::string_view Bytes) {
 } // namespace
 
 std::int64_t LenientNumber(std::string_view Text) {
-    const std::size_t Start = Text.find_first_not_of(" \t");
-    if (Start == std::string_view::npos) {
-        return 0;
+    constexpr std::int64_t Largest = std::numeric_limits<std::int64_t>::max();
+    const auto IsBlank = [](char C) { return C == ' ' || C == '\t'; };
+    std::size_t At = 0;
+    while (At < Text.size() && IsBlank(Text[At])) {
+        ++At;
     }
-    Text.remove_prefix(Start);
-    const bool Negative = Text.front() == '-';
-    if (Text.front() == '-' || Text.front() == '+') {
-        Text.remove_prefix(1);
-    }
-    if (Text.empty() || Text.front() < '0' || Text.front() > '9') {
-        return 0;
+    const bool Negative = At < Text.size() && Text[At] == '-';
+    if (At < Text.size() && (Text[At] == '-' || Text[At] == '+')) {
+        ++At;
     }
     std::int64_t Value = 0;
-    const auto Result = std::from_chars(Text.data(), Text.data() + Text.size(), Value);
-    if (Result.ec == std::errc::result_out_of_range) {
-        Value = std::numeric_limits<std::int64_t>::max();
+    int Digits = 0;
+    for (; At < Text.size(); ++At) {
+        if (Digits > 0 && IsBlank(Text[At])) {
+            continue; // digits in groups are one number
+        }
+        if (Text[At] < '0' || Text[At] > '9') {
+            break;
+        }
+        const int Digit = Text[At] - '0';
+        ++Digits;
+        Value = Value > (Largest - Digit) / 10 ? Largest : Value * 10 + Digit;
     }
     return Negative ? -Value : Value;
 }

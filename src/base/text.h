@@ -10,7 +10,7 @@
 
 namespace zonterbrook::base {
 
-/// The number that `Text` begins with: blanks, a sign, digits. Anything else, an empty text included, is 0; what
+/// The number that `Text` begins with: blanks, a sign, digits, which may have blanks between them. Anything else, an empty text included, is 0; what
 /// follows the digits is ignored. A number too large for 64 bits stays at the limit.
 std::int64_t LenientNumber(std::string_view Text);
 

@@ -21,7 +21,7 @@ bool IsShown(const view::SettingsFields& Settings) {
     return Settings.ShowCalculation == 1;
 }
 
-game::NamedMove NamedMoveOf(const rules::MainLineMove& Move) {
+game::NamedMove NamedMoveOf(const engine::MainLineMove& Move) {
     return {Move.Source, Move.Dest, Move.Tag % PromotionTag == CaptureTag, Move.Tag > CaptureTag};
 }
 

@@ -110,7 +110,7 @@ private:
 
     /// One root move of an iteration. Returns false when the loop over the moves is to end.
     bool SearchMove(int Move) {
-        State.MainVariantTable[0][0].Source = 0;
+        ClearMainVariant(State, 0);
         Observer.MoveStarts(Iteration, Move, false);
         std::int32_t Score = TryMove(Move, Move == 0 ? WindowLow - 1 : WindowHigh);
         if (MustLeave()) {

@@ -78,8 +78,9 @@ std::int32_t ScoreWithoutMoves(const EngineState& State, std::int32_t Best) {
 }
 
 void StoreKiller(EngineState& State, const MoveRecord& Record) {
-    KillerPair& Killer = State.Killers[State.Ply];
-    Killer = {Record.Source, Record.Dest, Killer.Source1, Killer.Dest1};
+    auto& Killers = State.Wanted[State.Ply].Killers;
+    Killers[1] = Killers[0];
+    Killers[0] = {Record.Source, Record.Dest};
 }
 
 template <SearchPolicy P>
@@ -97,7 +98,7 @@ std::int32_t SearchNode(EngineState& State, std::int32_t& Alpha, std::int32_t Be
 
     // 3. No line from here yet.
     const std::int32_t Ply = State.Ply;
-    State.MainVariantTable[Ply][Ply].Source = 0;
+    ClearMainVariant(State, Ply);
 
     // 4. Evaluation.
     const std::int32_t Score = EvaluatorOf<P.Evaluator>()(State, Alpha, Beta, State.Side);
@@ -265,6 +266,7 @@ void UpdateMainVariant(EngineState& State, int Move) {
     const int Ply = State.Ply;
     const MoveRecord& Record = State.MoveStack[Move];
     auto& Line = State.MainVariantTable[Ply];
+    State.Wanted[Ply].MainLine = {Record.Source, Record.Dest};
     Line[Ply] = {Record.Source, Record.Dest, (Record.Captures.Count != 0 ? 1 : 0) + (Record.Kind != 0 ? 10 : 0)};
     if (Ply == MaxPly) {
         return;

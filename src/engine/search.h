@@ -39,6 +39,12 @@ const SearchRoutine& QuickRoutine(const EngineState& State);
 void QuickScore(EngineState& State, std::int32_t& Value);
 void QuickScoreDepth(EngineState& State, std::int32_t& Depth, std::int32_t& Value);
 
+/// No line leads on from a ply, and no move of it is wanted.
+inline void ClearMainVariant(EngineState& State, int Ply) {
+    State.MainVariantTable[Ply][Ply].Source = 0;
+    State.Wanted[Ply].MainLine.Source = 0;
+}
+
 /// Stores record `Move` as the best of this ply and appends the line below it.
 void UpdateMainVariant(EngineState& State, int Move);
 

@@ -23,6 +23,10 @@ void ResetEngine(EngineState& State, base::OutsideWorld& World) {
 
 void ResetEngineGame(EngineState& State) {
     State.LazyMargin = DefaultLazyMargin;
+    State.Wanted.Fill({});
+    for (auto& Line : State.MainVariantTable) {
+        Line.Fill({});
+    }
     State.PositionHistory.Fill({});
     State.HistoryFingerprint.Fill(0);
     State.DrawPending = 0;

@@ -40,6 +40,15 @@ struct RootMove {
     std::int32_t Score;
 };
 
+/// Source, Dest and a tag: 1 for a capture, 10 added for a promotion.
+struct MainLineMove {
+    std::int32_t Source;
+    std::int32_t Dest;
+    std::int32_t Tag;
+
+    bool operator==(const MainLineMove&) const = default;
+};
+
 /// Points by cell, one column for each colour.
 using CellValues = base::CheckedArray<base::CheckedArray<std::int32_t, 2>, rules::BoardCells>;
 
@@ -113,6 +122,8 @@ struct EngineState : rules::RulesState {
 
     // --- search: written by the routines that start one
     // ----------------------------------------------------------------
+    /// The principal variation from each ply on, row by row; kept from one search to the next.
+    base::CheckedArray<rules::ByPly<MainLineMove>, rules::PlyEntries> MainVariantTable;
     std::int32_t PatternTermEnabled;
     std::int32_t MenThresholdWhite;
     std::int32_t MenThresholdBlack;
@@ -146,7 +157,7 @@ void InstallEngineRules(EngineState& State);
 /// Begins a game by `RuleSet` from `StartBoard`: the position, the tables and all that a new game forgets.
 void StartEngineGame(EngineState& State);
 
-/// What a new game forgets: keys, main line, killers, margins.
+/// What a new game forgets: keys, main line, margins.
 void ResetEngineGame(EngineState& State);
 
 /// True if two states are at the same place of the same game: board, side, pieces in hand, plies and counters.

@@ -14,14 +14,13 @@ namespace zonterbrook::rules {
 class MoveOrdering {
 public:
     explicit MoveOrdering(const RulesState& State) {
-        const MainLineMove& Line = State.MainVariantTable[State.Ply][State.Ply];
-        const KillerPair& Killer = State.Killers[State.Ply];
-        MainLine = Ends(Line.Source, Line.Dest);
-        FirstKiller = Ends(Killer.Source1, Killer.Dest1);
-        SecondKiller = Ends(Killer.Source2, Killer.Dest2);
+        const WantedMoves& Wanted = State.Wanted[State.Ply];
+        MainLine = Ends(Wanted.MainLine.Source, Wanted.MainLine.Dest);
+        FirstKiller = Ends(Wanted.Killers[0].Source, Wanted.Killers[0].Dest);
+        SecondKiller = Ends(Wanted.Killers[1].Source, Wanted.Killers[1].Dest);
         // The index is the one before the ply's own: the square that the mover's last move but one reached.
         RecaptureDest = State.Ply > 0 ? State.PlyDest[State.Ply - 1] : 0;
-        Sources = BitOf(Line.Source) | BitOf(Killer.Source1) | BitOf(Killer.Source2);
+        Sources = BitOf(Wanted.MainLine.Source) | BitOf(Wanted.Killers[0].Source) | BitOf(Wanted.Killers[1].Source);
     }
 
     /// False if no move from there has a bonus of its own.

@@ -113,10 +113,7 @@ void ResetMoves(RulesState& State) {
     State.CaptureRow.Count = 0;
     State.PlyIrreversible.Fill(0);
     State.PlyDest.Fill(0);
-    State.Killers.Fill({});
-    for (auto& Row : State.MainVariantTable) {
-        Row.Fill({});
-    }
+    State.Wanted.Fill({});
     State.MoveDest.Fill(0);
     State.MoveKingDemoted.Fill(0);
     State.MoveLastManCrowned.Fill(0);

@@ -62,8 +62,8 @@ void RecountMaterial(RulesState& State);
 /// The men and weights of `StartBoard`, which the engine's thresholds and the draw figures are taken from.
 void CountStartPosition(RulesState& State);
 
-/// Puts back to a game's first moment whatever belongs to the moves made: plies, counters, killers, main line, pieces
-/// in hand. Leaves the board, the side and the rules alone.
+/// Puts back to a game's first moment whatever belongs to the moves made: plies, counters, wanted moves, pieces in
+/// hand. Leaves the board, the side and the rules alone.
 void ResetMoves(RulesState& State);
 
 /// Derives every figure that is kept beside the board anew and compares; empty if all agree, else what differs. For

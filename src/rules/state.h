@@ -133,22 +133,18 @@ struct alignas(16) CellWeights {
     bool operator==(const CellWeights&) const = default;
 };
 
-/// Source, Dest and a tag: 1 for a capture, 10 added for a promotion.
-struct MainLineMove {
+/// A move by its ends; source 0 is none.
+struct MoveEnds {
     std::int32_t Source;
     std::int32_t Dest;
-    std::int32_t Tag;
 
-    bool operator==(const MainLineMove&) const = default;
+    bool operator==(const MoveEnds&) const = default;
 };
 
-struct KillerPair {
-    std::int32_t Source1;
-    std::int32_t Dest1;
-    std::int32_t Source2;
-    std::int32_t Dest2;
-
-    bool operator==(const KillerPair&) const = default;
+/// The moves of a ply that are scored up as they are generated, so that they are tried first. A search writes them.
+struct WantedMoves {
+    MoveEnds MainLine;
+    MoveEnds Killers[2];
 };
 
 using BoardCellsArray = base::CheckedArray<std::int32_t, BoardCells>;
@@ -181,8 +177,7 @@ struct RulesState {
     ByPly<CellWeights> WeightSums;     ///< of all pieces where they stand; what they mean is the engine's business
     ByPly<std::int32_t> PlyIrreversible;
     ByPly<std::int32_t> PlyDest;
-    ByPly<KillerPair> Killers;
-    base::CheckedArray<ByPly<MainLineMove>, PlyEntries> MainVariantTable;
+    ByPly<WantedMoves> Wanted;
 
     // --- by performed move -----------------------------------------------------------------------------------------
     ByGameMove<std::int16_t> MoveDest;

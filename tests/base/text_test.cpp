@@ -22,6 +22,7 @@ TEST(Text, NumbersAreReadLeniently) {
         {"sign_alone_is_a_number", "-", 0},
         {"two_signs_taken_for_one", "--5", 0},
         {"blank_between_sign_and_digits_skipped", "- 5", 0},
+        {"blanks_between_digits_end_the_number", "1 2\t3 x4", 123},
         {"hexadecimal_prefix_understood", "0x10", 0},
         {"leading_zeros_read_as_octal", "010", 10},
         {"largest_number_lost", "9223372036854775807", Most},

@@ -151,9 +151,9 @@ TEST(Search, KillersAndMainLine) {
     Table[1][4] = {1, 2, 3};
     Table[0][4] = {8, 8, 8};
     UpdateMainVariant(*Game, FindMove(*Game, "c3-d4"));
-    EXPECT_EQ((rules::MainLineMove{Cell("c3"), Cell("d4"), 0}), Table[0][0]);
-    EXPECT_EQ((rules::MainLineMove{99, 88, 0}), Table[0][1]);
-    EXPECT_EQ((rules::MainLineMove{51, 64, 1}), Table[0][2]);
+    EXPECT_EQ((MainLineMove{Cell("c3"), Cell("d4"), 0}), Table[0][0]);
+    EXPECT_EQ((MainLineMove{99, 88, 0}), Table[0][1]);
+    EXPECT_EQ((MainLineMove{51, 64, 1}), Table[0][2]);
     EXPECT_EQ(0, Table[0][3].Source) << "the end of the line below is not copied";
     EXPECT_EQ(8, Table[0][4].Source) << "copied beyond the end of the line";
     constexpr std::tuple<const char*, const char*, int> Tags[] = {
@@ -172,14 +172,15 @@ TEST(Search, KillersAndMainLine) {
     // Only a cut stores a killer, and it pushes the one before into the second place.
     EngineGame Cut("TwoKings=1", "W:Wc3,a1:Bd4,j0");
     SearchBy(*Cut, "SearchPlain", 2, -32000, -31000);
-    EXPECT_EQ(Cell("c3"), Cut->Killers[0].Source1);
+    EXPECT_EQ(Cell("c3"), Cut->Wanted[0].Killers[0].Source);
     Lay(*Cut, "W:Wc3,g3:Bh4,j0");
-    Cut->Killers[0] = {Cell("c3"), Cell("e5"), 0, 0};
+    Cut->Wanted[0].Killers[0] = {Cell("c3"), Cell("e5")};
     SearchBy(*Cut, "SearchPlain", 2, -32000, -31000);
-    EXPECT_EQ((rules::KillerPair{Cell("g3"), Cell("i5"), Cell("c3"), Cell("e5")}), Cut->Killers[0]);
+    EXPECT_EQ((rules::MoveEnds{Cell("g3"), Cell("i5")}), Cut->Wanted[0].Killers[0]);
+    EXPECT_EQ((rules::MoveEnds{Cell("c3"), Cell("e5")}), Cut->Wanted[0].Killers[1]);
     Lay(*Cut, "W:Wc3,a1:Bd4,j0");
     SearchBy(*Cut, "SearchPlain", 1);
-    EXPECT_EQ(0, Cut->Killers[0].Source1) << "a move that only raises the bound is a killer";
+    EXPECT_EQ(0, Cut->Wanted[0].Killers[0].Source) << "a move that only raises the bound is a killer";
 }
 
 TEST(Search, AThousandStopsLeaveTheExactRoot) {

@@ -152,8 +152,8 @@ TEST(Ordering, ScoresTellWhatToTryFirst) {
         State->PlyDest[1] = *R.LandedAt == '\0' ? 0 : Cell(R.LandedAt);
         // The move just made never counts.
         State->PlyDest[2] = *R.LandedAt == '\0' ? Cell("e5") : 0;
-        State->MainVariantTable[2][2] = {End(R.Wanted[0], 0), End(R.Wanted[0], 2), 0};
-        State->Killers[2] = {End(R.Wanted[1], 0), End(R.Wanted[1], 2), End(R.Wanted[2], 0), End(R.Wanted[2], 2)};
+        const auto Ends = [&](const char* Move) { return MoveEnds{End(Move, 0), End(Move, 2)}; };
+        State->Wanted[2] = {Ends(R.Wanted[0]), {Ends(R.Wanted[1]), Ends(R.Wanted[2])}};
         GenerateLegalMoves(*State);
         EXPECT_EQ(R.Score, State->MoveStack[FindMove(*State, R.Move)].Score) << R.Fault;
     }
