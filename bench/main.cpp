@@ -63,7 +63,7 @@ void ForgetRecognition(engine::EngineState& State) {
 
 void Perft(benchmark::State& Run, const std::string& Variant, int Depth, bool Special) {
     Game Played(Variant);
-    const rules::Generator& Moves = rules::GeneratorOf(Special ? Played->SpecialRuleSet : 0);
+    const rules::Generator& Moves = rules::GeneratorOf(Special ? Played->SpecialRuleSet : rules::KnownRules::None);
     std::uint64_t Leaves = 0;
     for ([[maybe_unused]] const auto _ : Run) {
         Leaves += rules::Perft(*Played, Depth, Moves);

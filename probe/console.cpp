@@ -77,7 +77,7 @@ std::int32_t WideNumber(std::string_view Text) {
 const Generator& ChosenGenerator(const RulesState& State, const std::vector<std::string_view>& Words,
                                  std::size_t Index) {
     if (Words.size() <= Index || Words[Index] == "generic") {
-        return GeneratorOf(0);
+        return GeneratorOf(KnownRules::None);
     }
     if (Words[Index] != "special") {
         throw CommandError("'" + std::string(Words[Index]) + "' is no generator");
@@ -330,9 +330,9 @@ std::string Console::Board(const Words& Arguments) {
 
 std::string Console::Show() const {
     return "board " + SetupText(State->Board) + ' ' + SideLetter(State->Side) + "\nspecial " +
-           std::to_string(State->SpecialRuleSet) + "\nmaterial " + std::to_string(State->Material[State->Ply]) + ' ' +
-           std::to_string(State->TotalMaterial[State->Ply]) + "\nhand " + std::to_string(State->PiecesInHandWhite) +
-           ' ' + std::to_string(State->PiecesInHandBlack) + '\n';
+           std::to_string(static_cast<int>(State->SpecialRuleSet)) + "\nmaterial " +
+           std::to_string(State->Material[State->Ply]) + ' ' + std::to_string(State->TotalMaterial[State->Ply]) +
+           "\nhand " + std::to_string(State->PiecesInHandWhite) + ' ' + std::to_string(State->PiecesInHandBlack) + '\n';
 }
 
 std::string Console::Key(std::string_view Name) const {

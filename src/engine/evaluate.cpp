@@ -324,14 +324,16 @@ int PositionalSum(const EngineState& State, const Census& Figures, std::int32_t 
     };
     if constexpr (!P.Generic) {
         constexpr int Lane = static_cast<int>(P.Kind);
-        return SumOfPlaces(State, State.SpecialValues[Lane], State.SpecialRuleSet > 0, Lane) + Pull();
+        return SumOfPlaces(State, State.SpecialValues[Lane], State.SpecialRuleSet != rules::KnownRules::None, Lane) +
+               Pull();
     } else {
         const int Combination = (Figures.Early[0] ? 1 : 0) + (Figures.Early[1] ? 2 : 0);
         if (State.RuleSet.KingWin == 1) {
             return KingWinSum(State, Figures, Combination, Side);
         }
         int Sum = State.EmptyPrefix[Combination][LastCell] +
-                  SumOfPlaces(State, State.GenericValues[Combination], State.SpecialRuleSet == 0, Combination);
+                  SumOfPlaces(State, State.GenericValues[Combination], State.SpecialRuleSet == rules::KnownRules::None,
+                              Combination);
         if (State.DistanceTermEnabled != 0) {
             Sum += Pull();
         }

@@ -166,8 +166,8 @@ void InitPieceWeights(EngineState& State) {
         ForEachPlayingCell([&](int Cell) {
             auto& Lanes = State.PieceWeights[Cell][Index].Lanes;
             for (int Lane = 0; Lane < 4; ++Lane) {
-                Lanes[Lane] = State.SpecialRuleSet > 0 ? State.SpecialValues[Lane][Index][Cell]
-                                                       : State.GenericValues[Lane][Index][Cell];
+                Lanes[Lane] = State.SpecialRuleSet != rules::KnownRules::None ? State.SpecialValues[Lane][Index][Cell]
+                                                                              : State.GenericValues[Lane][Index][Cell];
             }
         });
     }
@@ -387,7 +387,7 @@ void InitPromotionCounts(EngineState& State) {
 void InstallEngineRules(EngineState& State) {
     InstallRuleSet(State);
     InitSquareValues(State);
-    if (State.SpecialRuleSet > 0) {
+    if (State.SpecialRuleSet != rules::KnownRules::None) {
         InitSpecialSquareValues(State);
     }
     InitManReachable(State);

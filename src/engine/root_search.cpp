@@ -42,8 +42,8 @@ class RootLoop {
 public:
     RootLoop(EngineState& InState, const RootLimits& InLimits, double InStarted, RootObserver& InObserver)
         : State(InState), Limits(InLimits), Started(InStarted), Observer(InObserver), Routine(PlayingRoutine(InState)),
-          VerifiesFullWindow(InState.SpecialRuleSet == 1 ||
-                             (InState.SpecialRuleSet == 0 && InState.RuleSet.AntiMode == 1)) {}
+          VerifiesFullWindow(InState.SpecialRuleSet == KnownRules::American ||
+                             (InState.SpecialRuleSet == KnownRules::None && InState.RuleSet.AntiMode == 1)) {}
 
     RootOutcome Run() {
         State.RootSide = State.Side;

@@ -25,25 +25,24 @@ enum class NoMoves {
 
 /// What a search routine differs in.
 struct SearchPolicy {
-    EvaluatorKind Evaluator = EvaluatorKind::Generic;
-    int GeneratorIndex = 0; ///< see `GeneratorOf`
-    bool Quick = false;     ///< for hints and tools: stops at the horizon, knows no brute force
+    KnownRules Rules = KnownRules::None; ///< whose generator and evaluator it uses
+    bool Quick = false;                  ///< for hints and tools: stops at the horizon, knows no brute force
     NoMoves Blocked = NoMoves::Loses;
     bool ExtendsAtHorizonOnly = false; ///< no extension of irreversible moves below depth 0
 };
 
 constexpr std::int32_t CaptureHorizon = -4;
 
-template <EvaluatorKind Kind>
-constexpr EvaluateFunction EvaluatorOf() {
-    switch (Kind) {
-    case EvaluatorKind::American:
+constexpr EvaluateFunction EvaluatorOf(KnownRules Rules) {
+    switch (Rules) {
+    case KnownRules::American:
         return EvaluateAmerican;
-    case EvaluatorKind::German:
-        return EvaluateGerman;
-    case EvaluatorKind::Italian:
+    case KnownRules::Italian:
         return EvaluateItalian;
-    case EvaluatorKind::Generic:
+    case KnownRules::German:
+    case KnownRules::Russian:
+        return EvaluateGerman;
+    case KnownRules::None:
         break;
     }
     return EvaluatePosition;
@@ -101,7 +100,7 @@ std::int32_t SearchNode(EngineState& State, std::int32_t& Alpha, std::int32_t Be
     ClearMainVariant(State, Ply);
 
     // 4. Evaluation.
-    const std::int32_t Score = EvaluatorOf<P.Evaluator>()(State, Alpha, Beta, State.Side);
+    const std::int32_t Score = EvaluatorOf(P.Rules)(State, Alpha, Beta, State.Side);
 
     // 5. Extension.
     if (Extends<P>(State, Score, Alpha, Beta, Depth)) {
@@ -125,7 +124,7 @@ std::int32_t SearchNode(EngineState& State, std::int32_t& Alpha, std::int32_t Be
 
     // 8. Moves. At the horizon the mover may stop at any time and keep the evaluation.
     std::int32_t Best = -WindowHigh;
-    const Generator& Moves = GeneratorOf(P.GeneratorIndex);
+    const Generator& Moves = GeneratorOf(P.Rules);
     if (Depth > 0) {
         Moves.GenerateBoth(State);
     } else {
@@ -180,22 +179,21 @@ std::int32_t SearchNode(EngineState& State, std::int32_t& Alpha, std::int32_t Be
 
 template <SearchPolicy P>
 constexpr SearchRoutine Routine(std::string_view Name) {
-    return {Name, SearchNode<P>, EvaluatorOf<P.Evaluator>()};
+    return {Name, SearchNode<P>, EvaluatorOf(P.Rules)};
 }
 
-using enum EvaluatorKind;
 constexpr SearchPolicy Plain{};
 constexpr SearchPolicy AntiPolicy{.Blocked = NoMoves::Wins, .ExtendsAtHorizonOnly = true};
 constexpr SearchPolicy Goal{.Blocked = NoMoves::LosesByPly};
-constexpr SearchPolicy AmericanPolicy{.Evaluator = American, .GeneratorIndex = 1};
-constexpr SearchPolicy ItalianPolicy{.Evaluator = Italian, .GeneratorIndex = 2};
-constexpr SearchPolicy GermanPolicy{.Evaluator = German, .GeneratorIndex = 3};
-constexpr SearchPolicy RussianPolicy{.Evaluator = German, .GeneratorIndex = 4};
+constexpr SearchPolicy AmericanPolicy{.Rules = KnownRules::American};
+constexpr SearchPolicy ItalianPolicy{.Rules = KnownRules::Italian};
+constexpr SearchPolicy GermanPolicy{.Rules = KnownRules::German};
+constexpr SearchPolicy RussianPolicy{.Rules = KnownRules::Russian};
 constexpr SearchPolicy QuickPlain{.Quick = true, .Blocked = NoMoves::WinsInAntiMode};
-constexpr SearchPolicy QuickAmerican{.Evaluator = American, .GeneratorIndex = 1, .Quick = true};
-constexpr SearchPolicy QuickItalian{.Evaluator = Italian, .GeneratorIndex = 2, .Quick = true};
-constexpr SearchPolicy QuickGerman{.Evaluator = German, .GeneratorIndex = 3, .Quick = true};
-constexpr SearchPolicy QuickRussian{.Evaluator = German, .GeneratorIndex = 4, .Quick = true};
+constexpr SearchPolicy QuickAmerican{.Rules = KnownRules::American, .Quick = true};
+constexpr SearchPolicy QuickItalian{.Rules = KnownRules::Italian, .Quick = true};
+constexpr SearchPolicy QuickGerman{.Rules = KnownRules::German, .Quick = true};
+constexpr SearchPolicy QuickRussian{.Rules = KnownRules::Russian, .Quick = true};
 
 /// The rows of the recognised rule sets stand in the order of `SpecialRuleSet`, in both families.
 constexpr SearchRoutine Routines[] = {
@@ -233,7 +231,7 @@ const SearchRoutine* FindSearchRoutine(std::string_view Name) {
 }
 
 const SearchRoutine& PlayingRoutine(const EngineState& State) {
-    if (State.SpecialRuleSet == 0) {
+    if (State.SpecialRuleSet == KnownRules::None) {
         if (State.RuleSet.AntiMode == 1) {
             return Routines[AntiRow];
         }
@@ -249,12 +247,12 @@ const SearchRoutine& QuickRoutine(const EngineState& State) {
 }
 
 void QuickScore(EngineState& State, std::int32_t& Value) {
-    std::int32_t Depth = State.SpecialRuleSet > 0 ? 1 : State.RuleSet.PiecesOnBlack == 2 ? 2 : 3;
+    std::int32_t Depth = State.SpecialRuleSet != KnownRules::None ? 1 : State.RuleSet.PiecesOnBlack == 2 ? 2 : 3;
     Value = QuickValue(State, Depth);
 }
 
 void QuickScoreDepth(EngineState& State, std::int32_t& Depth, std::int32_t& Value) {
-    if (State.SpecialRuleSet > 0) {
+    if (State.SpecialRuleSet != KnownRules::None) {
         Value = QuickValue(State, Depth);
     } else {
         std::int32_t Own = Depth - (State.RuleSet.PiecesOnBlack == 2 ? 1 : 0);

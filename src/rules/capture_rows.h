@@ -55,10 +55,10 @@ public:
         ++Table.Count;
         Kings = Text.Kings;
         L = std::max<int>(L, Text.Count);
-        if (Rule.MaxCapMoveKings) {
+        if (Rule.Is.MaxCapMoveKings) {
             MostKings[Text.Count] = std::max(MostKings[Text.Count], Text.Kings);
         }
-        if (Rule.KingsLengthCounts || Rule.KingFirstOnly) {
+        if (Rule.Is.KingsLengthCounts || Rule.Is.KingFirstOnly) {
             Best = Piece > 0 ? std::max(Best, Piece) : std::min(Best, Piece);
             int& ByKind = LongestByKind[std::abs(Piece)];
             ByKind = std::max<int>(ByKind, Text.Count);
@@ -79,22 +79,23 @@ public:
     /// `Shown` is the table in which the rule `LastCap` clears the texts that it drops.
     template <typename Rules, typename Sink>
     bool Filter(const Rules& Rule, CaptureTable& Shown, Sink&& Keep) {
-        if (Rule.KingsLengthCounts && std::abs(Best) == 2) {
+        if (Rule.Is.KingsLengthCounts && std::abs(Best) == 2) {
             L = LongestByKind[2];
         }
         for (int I = 0; I < Table.Count; ++I) {
             CaptureRowFields& Row = Table.Rows[I];
-            if (Rule.EveryPrefix) {
+            if (Rule.Is.EveryPrefix) {
                 ClearRepeats(I);
             }
-            if (Rule.KingsFinish && IsKing(Row.Piece) && Row.Text.Count != Row.LongestPath) {
+            if (Rule.Is.KingsFinish && IsKing(Row.Piece) && Row.Text.Count != Row.LongestPath) {
                 Row.Text.Count = 0;
             }
-            if (Rule.LastCap && LastCapCount > 0 && !IsLastCapRow(I)) {
+            if (Rule.Is.LastCap && LastCapCount > 0 && !IsLastCapRow(I)) {
                 Shown.Rows[I].Text.Count = 0;
             }
-            if (Row.Text.Count == 0 || (Rule.MaxCapMove && Row.Text.Count != L) ||
-                (Rule.MaxCapMoveKings && Row.Text.Kings != MostKings[L]) || (Rule.KingFirstOnly && Row.Piece != Best)) {
+            if (Row.Text.Count == 0 || (Rule.Is.MaxCapMove && Row.Text.Count != L) ||
+                (Rule.Is.MaxCapMoveKings && Row.Text.Kings != MostKings[L]) ||
+                (Rule.Is.KingFirstOnly && Row.Piece != Best)) {
                 continue;
             }
             if (Keep(Row)) {

@@ -23,7 +23,7 @@ public:
     void Run(int Cell) {
         Begin(Cell);
         // A piece that can't fly and won't learn it on its way needs none of what flying takes.
-        if (Flying || (Rule.CrownsOnTheWay && IsMan(Piece))) {
+        if (Flying || (Rule.Is.CrownsOnTheWay && IsMan(Piece))) {
             Walk<true>();
         } else {
             Walk<false>();
@@ -50,7 +50,7 @@ private:
         Position = Cell;
         Piece = State.Board[Cell];
         Turn(Piece);
-        Flying = (Rule.LongKings && IsKing(Piece)) || (Rule.ManCapMoveKing && IsMan(Piece));
+        Flying = (Rule.Is.LongKings && IsKing(Piece)) || (Rule.Is.ManCapMoveKing && IsMan(Piece));
         Path.Clear();
         LastSaved.Clear();
         PathLongest = 0;
@@ -103,13 +103,13 @@ private:
         Code = NewCode;
         Steps = State.MoveDirections[PieceIndex(Code) + 4].begin();
         PreyMan = Code > 0 ? BlackMan : WhiteMan;
-        PreyKing = IsKing(Code) || Rule.ManCapKing ? 2 * PreyMan : PreyMan;
+        PreyKing = IsKing(Code) || Rule.Is.ManCapKing ? 2 * PreyMan : PreyMan;
     }
 
     /// After a capture has been looked into: a flying piece may land further behind the same piece.
     template <bool MayFly>
     bool TriesNextLanding() const {
-        return MayFly && Flying && !Rule.KingFirst;
+        return MayFly && Flying && !Rule.Is.KingFirst;
     }
 
     bool CanTake(std::int32_t Value) const { return Value == PreyMan || Value == PreyKing; }
@@ -138,12 +138,12 @@ private:
     Outcome ProbeFlying(Level& Here, int Step) {
         const int Taken = FirstPieceOnLine(Here, Step);
         if (Taken == 0 || !CanTake(State.Board[Taken])) {
-            if (Taken == 0 || !Rule.KingFirst) {
+            if (Taken == 0 || !Rule.Is.KingFirst) {
                 Here.Reach = 0;
             }
             return Outcome::Failed;
         }
-        if (Rule.KingFirst) {
+        if (Rule.Is.KingFirst) {
             return CanLand(Taken + Step) ? Jump(Here, Step, Taken, Taken + Step) : Outcome::Failed;
         }
         for (;; ++Here.Reach) {
@@ -154,7 +154,7 @@ private:
                 return Jump(Here, Step, Taken, Landing);
             }
             // Jumped pieces may be passed over if they do not block.
-            if (Rule.RemovePieces || Value >= BlackKing) {
+            if (Rule.Is.RemovePieces || Value >= BlackKing) {
                 Here.Reach = 0;
                 return Outcome::Failed;
             }
@@ -173,13 +173,13 @@ private:
                 return 0;
             }
             if (Value < BlackKing) {
-                if (Rule.RemovePieces) {
+                if (Rule.Is.RemovePieces) {
                     return 0;
                 }
                 continue;
             }
             // Straight back no piece counts; the line is walked to its end for nothing.
-            if (Backwards && !Rule.CapReverse) {
+            if (Backwards && !Rule.Is.CapReverse) {
                 continue;
             }
             return Cell;
@@ -187,7 +187,7 @@ private:
     }
 
     Outcome Jump(Level& Here, int Step, int Taken, int Landing) {
-        if (Rule.LastCap && &Here == Levels.begin() && AtRoot && Taken == State.MoveDest[State.GameMoves]) {
+        if (Rule.Is.LastCap && &Here == Levels.begin() && AtRoot && Taken == State.MoveDest[State.GameMoves]) {
             Rows.NoteLastCap();
         }
         Undone = false;
@@ -201,14 +201,14 @@ private:
         State.Board[Position] = Empty;
         Position = Landing;
         const bool OnPromotion = IsMan(Code) && IsPromotionSquare(Landing);
-        if (OnPromotion && Rule.CrownsOnTheWay && CrownedAt == nullptr) {
+        if (OnPromotion && Rule.Is.CrownsOnTheWay && CrownedAt == nullptr) {
             CrownedAt = &Here;
             FlyingBefore = Flying;
             Turn(2 * Code);
             Flying = true;
         }
         State.Board[Landing] = Code;
-        if (Rule.ContinuesOnPromotion || !OnPromotion) {
+        if (Rule.Is.ContinuesOnPromotion || !OnPromotion) {
             return Outcome::Jumped;
         }
         Save(true, Path);
@@ -222,12 +222,12 @@ private:
 
     /// The path cannot go on: store it if it is a capture of its own, and take its last jump back.
     void EndPath(const Level& Here) {
-        if (Rule.EveryPrefix || !IsPrefix(Path, LastSaved) || (Rule.LongKings && !Undone)) {
+        if (Rule.Is.EveryPrefix || !IsPrefix(Path, LastSaved) || (Rule.Is.LongKings && !Undone)) {
             const bool Promotes =
-                CrownedAt != nullptr || (Rule.CrownsAtEnd && IsMan(Code) && IsPromotionSquare(Position));
-            if (!Rule.ComparesSets) {
+                CrownedAt != nullptr || (Rule.Is.CrownsAtEnd && IsMan(Code) && IsPromotionSquare(Position));
+            if (!Rule.Is.ComparesSets) {
                 Save(Promotes, Path);
-            } else if (!Rule.DropsShorterSets || Path.Count >= Rows.Longest()) {
+            } else if (!Rule.Is.DropsShorterSets || Path.Count >= Rows.Longest()) {
                 const CapturePath Sorted = SortedByCell(Path);
                 if (Rows.Has(Source, Position, Sorted)) {
                     // Counts as saved, or its own beginnings would be taken for captures left unfinished.

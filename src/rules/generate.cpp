@@ -77,11 +77,11 @@ CellSet PossibleCapturers(const RulesState& State, const Rules& Rule, const Fiel
     if (Here.Enemies.None()) {
         return {};
     }
-    CellSet Result = Rule.ManCapMoveKing
+    CellSet Result = Rule.Is.ManCapMoveKing
                          ? Here.Men
-                         : Jumpers(State, Here, Here.Own, Here.Men, Rule.ManCapKing ? Here.Enemies : Here.EnemyMen);
+                         : Jumpers(State, Here, Here.Own, Here.Men, Rule.Is.ManCapKing ? Here.Enemies : Here.EnemyMen);
     if (Here.Kings.Any()) {
-        Result |= Rule.LongKings ? Here.Kings : Jumpers(State, Here, Here.Own + 2, Here.Kings, Here.Enemies);
+        Result |= Rule.Is.LongKings ? Here.Kings : Jumpers(State, Here, Here.Own + 2, Here.Kings, Here.Enemies);
     }
     return Result;
 }
@@ -90,7 +90,7 @@ CellSet PossibleCapturers(const RulesState& State, const Rules& Rule, const Fiel
 /// piece may have one.
 template <typename Rules>
 CellSet PossibleMovers(const RulesState& State, const Rules& Rule, const Field& Here) {
-    if (Rule.JumpFriend) {
+    if (Rule.Is.JumpFriend) {
         return Here.Pieces;
     }
     const auto Stepping = [&](const CellSet& Pieces, int Index) {
@@ -134,7 +134,7 @@ template <typename Rules, typename Visitor>
     const std::int32_t Code = State.Board[Cell];
     const int Index = PieceIndex(Code);
     const bool King = Index >= 2;
-    const bool Flying = Rule.LongKings && King;
+    const bool Flying = Rule.Is.LongKings && King;
     for (const std::int16_t* Step = State.MoveDirections[Index].begin(); *Step != DirectionSentinel; ++Step) {
         int Dest = Cell + *Step;
         const std::int32_t Value = State.Board[Dest];
@@ -149,7 +149,7 @@ template <typename Rules, typename Visitor>
             } else if (Take(Dest, !King && Rule.Promotion[Index].Contains(Dest))) {
                 return true;
             }
-        } else if (Rule.JumpFriend && !Flying && Value == Code) {
+        } else if (Rule.Is.JumpFriend && !Flying && Value == Code) {
             Dest = FriendJump(State, Dest, *Step, Code);
             if (Dest != 0 && Take(Dest, FriendJumpPromotes(State, Code, Dest))) {
                 return true;
@@ -229,12 +229,12 @@ template <typename Rules>
 [[gnu::noinline]] void RegisterAnyPlainMoves(const RulesState& State, const Rules& Rule, const Field& Here,
                                              MoveWriter& Writer) {
     const CellSet Movers = PossibleMovers(State, Rule, Here);
-    const CellSet Cells = Rule.Entries ? PlayingCells : Movers;
+    const CellSet Cells = Rule.Is.Entries ? PlayingCells : Movers;
     Cells.ForEach([&](int Cell) {
-        if (!Rule.Entries || Movers.Contains(Cell)) {
+        if (!Rule.Is.Entries || Movers.Contains(Cell)) {
             RegisterPlainMoves(State, Rule, Writer, Cell);
         }
-        if (Rule.Entries && MayEnter<RowWidth>(State, Cell)) {
+        if (Rule.Is.Entries && MayEnter<RowWidth>(State, Cell)) {
             Writer.RegisterMove(FromHand, Cell);
         }
     });
@@ -243,7 +243,7 @@ template <typename Rules>
 template <typename Rules>
 [[gnu::always_inline]] inline void RegisterAllPlainMoves(const RulesState& State, const Rules& Rule, const Field& Here,
                                                          MoveWriter& Writer) {
-    if (Rule.Entries || Rule.JumpFriend || !RegisterPairsOfSteps(State, Here, Writer)) {
+    if (Rule.Is.Entries || Rule.Is.JumpFriend || !RegisterPairsOfSteps(State, Here, Writer)) {
         RegisterAnyPlainMoves(State, Rule, Here, Writer);
     }
 }
@@ -361,8 +361,8 @@ void GenerateBy(RulesState& State, int AllMoves, std::string_view Name) {
     Trapped(Name, Figures, [&] {
         const Rules Rule(State);
         // Where captures are optional, asking for them alone gives the plain moves too; a negative wish never does.
-        const bool Plain = AllMoves > 0 || (AllMoves == 0 && !Rule.CapRequired);
-        const bool DropsPlain = Rule.LastCap && AllMoves == 0 && !Rule.CapRequired;
+        const bool Plain = AllMoves > 0 || (AllMoves == 0 && !Rule.Is.CapRequired);
+        const bool DropsPlain = Rule.Is.LastCap && AllMoves == 0 && !Rule.Is.CapRequired;
         Generate(State, Rule, Plain ? Wanted::All : Wanted::Captures, DropsPlain, Figures);
     });
 }
@@ -374,8 +374,8 @@ void GenerateBothBy(RulesState& State, std::string_view Name) {
     CallFigures Figures;
     Trapped(Name, Figures, [&] {
         const Rules Rule(State);
-        Wanted What = Rule.CapRequired ? Wanted::CapturesElsePlain : Wanted::All;
-        Generate(State, Rule, What, Rule.LastCap && What == Wanted::All, Figures);
+        Wanted What = Rule.Is.CapRequired ? Wanted::CapturesElsePlain : Wanted::All;
+        Generate(State, Rule, What, Rule.Is.LastCap && What == Wanted::All, Figures);
         if (MoveCountOfPly(State) == 0) [[unlikely]] {
             GenerateAll(State, Rule, Figures);
         }
@@ -387,36 +387,26 @@ void GenerateBothBy(RulesState& State, std::string_view Name) {
 void GenerateMoves(RulesState& State, int AllMoves) {
     GenerateBy<LiveRules>(State, AllMoves, "GenerateMoves");
 }
-void GenerateMovesAmerican(RulesState& State, int AllMoves) {
-    GenerateBy<AmericanRules>(State, AllMoves, "GenerateMovesAmerican");
-}
-void GenerateMovesItalian(RulesState& State, int AllMoves) {
-    GenerateBy<ItalianRules>(State, AllMoves, "GenerateMovesItalian");
-}
-void GenerateMovesGerman(RulesState& State, int AllMoves) {
-    GenerateBy<GermanRules>(State, AllMoves, "GenerateMovesGerman");
-}
-void GenerateMovesRussian(RulesState& State, int AllMoves) {
-    GenerateBy<RussianRules>(State, AllMoves, "GenerateMovesRussian");
-}
-
 void GenerateLegalMoves(RulesState& State) {
     GenerateBothBy<LiveRules>(State, "GenerateMoves");
 }
 
-const Generator& GeneratorOf(int SpecialRuleSet) {
-    static constexpr base::CheckedArray<Generator, 5> Generators = {{
-        {"GenerateMoves", GenerateMoves, GenerateLegalMoves},
-        {"GenerateMovesAmerican", GenerateMovesAmerican,
-         [](RulesState& State) { GenerateBothBy<AmericanRules>(State, "GenerateMovesAmerican"); }},
-        {"GenerateMovesItalian", GenerateMovesItalian,
-         [](RulesState& State) { GenerateBothBy<ItalianRules>(State, "GenerateMovesItalian"); }},
-        {"GenerateMovesGerman", GenerateMovesGerman,
-         [](RulesState& State) { GenerateBothBy<GermanRules>(State, "GenerateMovesGerman"); }},
-        {"GenerateMovesRussian", GenerateMovesRussian,
-         [](RulesState& State) { GenerateBothBy<RussianRules>(State, "GenerateMovesRussian"); }},
-    }};
-    return Generators[SpecialRuleSet];
+template <KnownRules Id>
+constexpr Generator FoldedGenerator() {
+    using Rules = FoldedRules<FoldedFlags(Id)>;
+    return {KnownRuleSetOf(Id).Generator,
+            [](RulesState& State, int AllMoves) { GenerateBy<Rules>(State, AllMoves, KnownRuleSetOf(Id).Generator); },
+            [](RulesState& State) { GenerateBothBy<Rules>(State, KnownRuleSetOf(Id).Generator); }};
+}
+
+const Generator& GeneratorOf(KnownRules Id) {
+    static constexpr base::CheckedArray<Generator, 5> Generators = {
+        {{"GenerateMoves", GenerateMoves, GenerateLegalMoves},
+         FoldedGenerator<KnownRules::American>(),
+         FoldedGenerator<KnownRules::Italian>(),
+         FoldedGenerator<KnownRules::German>(),
+         FoldedGenerator<KnownRules::Russian>()}};
+    return Generators[static_cast<int>(Id)];
 }
 
 void GenerateGameMoves(RulesState& State) {
@@ -429,14 +419,14 @@ bool GenerateMoves1(RulesState& State, int AllMoves) {
     return Trapped("GenerateMoves1", Figures, [&] {
         const LiveRules Rule(State);
         MoveWriter Writer(State, State.StackTop);
-        const bool Plain = AllMoves > 0 || (AllMoves == 0 && !Rule.CapRequired);
+        const bool Plain = AllMoves > 0 || (AllMoves == 0 && !Rule.Is.CapRequired);
         const Field Here(State);
         const CellSet Own = Here.Pieces;
         const CellSet Capturers = PossibleCapturers(State, Rule, Here);
         CaptureTable Table; // of its own: the test runs inside searches, whose generators' rows must stay
         CaptureRowList Rows(Table);
         CaptureWalk Walk(State, Rule, Rows);
-        CellSet Cells = Plain && Rule.Entries ? PlayingCells : Own;
+        CellSet Cells = Plain && Rule.Is.Entries ? PlayingCells : Own;
         while (Cells.Any()) {
             const int Cell = Cells.TakeFirst();
             if (Plain && Own.Contains(Cell) &&
@@ -448,7 +438,7 @@ bool GenerateMoves1(RulesState& State, int AllMoves) {
             }
             // An entry is put on the stack and yet is no proof of a move: a side that can only enter pieces counts as
             // blocked. Wanted; the next generator call resets the stack.
-            if (Plain && Rule.Entries && MayEnter<10>(State, Cell)) {
+            if (Plain && Rule.Is.Entries && MayEnter<10>(State, Cell)) {
                 Writer.RegisterMove(FromHand, Cell);
                 Writer.FinishLoose();
             }

@@ -25,11 +25,6 @@ public:
 /// Throws a `GeneratorFault`.
 void GenerateMoves(RulesState& State, int AllMoves);
 
-void GenerateMovesAmerican(RulesState& State, int AllMoves);
-void GenerateMovesItalian(RulesState& State, int AllMoves);
-void GenerateMovesGerman(RulesState& State, int AllMoves);
-void GenerateMovesRussian(RulesState& State, int AllMoves);
-
 /// A generator by name: one call, and the two-step form that lists captures first and all moves only if there are none.
 struct Generator {
     std::string_view Name;
@@ -37,8 +32,8 @@ struct Generator {
     void (*GenerateBoth)(RulesState& State);
 };
 
-/// The generator of a recognised rule set, by the values of `SpecialRuleSet`; 0 is the generic one.
-const Generator& GeneratorOf(int SpecialRuleSet);
+/// The generator of a recognised rule set; the generic one for none.
+const Generator& GeneratorOf(KnownRules Id);
 
 /// Captures first, and only if there are none, all moves: the moves that may be played.
 void GenerateLegalMoves(RulesState& State);

@@ -2,11 +2,12 @@
 #include "rules/install.h"
 
 #include "base/outside_world.h"
+#include "rules/known_rules.h"
 #include "rules/position.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
+#include <iterator>
 #include <set>
 #include <vector>
 
@@ -38,47 +39,6 @@ void ParseDirections(std::string_view List, bool Negated, DirectionColumn& Colum
         }
         List.remove_prefix(End + 1);
     }
-}
-
-/// What the four recognised rule sets have apart from each other.
-struct KnownRuleSet {
-    std::string_view ManMovement;
-    std::uint8_t LongKings, ManContJump, ManContJumpCrowned, MaxCapMove, ManCapKing, KingCapMove, MaxCapMoveKings;
-    std::uint8_t PiecesOnBlack, BlackStarts, RemovePieces, ThreeKings, NumberKings;
-    int FirstWhitePromotion, FirstBlackPromotion;
-};
-
-constexpr std::array<KnownRuleSet, 4> KnownRuleSets = {{
-    {"NW;NE NW;NE", 0, 0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 0, 134, 25},       // American
-    {"NW;NE NW;NE", 0, 0, 0, 1, 0, 1, 1, 0, 0, 0, 0, 0, 133, 26},       // Italian
-    {DefaultManMovement, 1, 1, 0, 1, 1, 0, 0, 1, 0, 1, 0, 0, 134, 25},  // German
-    {DefaultManMovement, 1, 1, 1, 0, 1, 0, 0, 1, 0, 1, 1, 15, 134, 25}, // Russian
-}};
-
-/// The whole rule set that a row stands for: everything that the row does not name is off, or as captures are played
-/// everywhere.
-RuleSetFields RulesOf(const KnownRuleSet& Known) {
-    RuleSetFields Rules;
-    for (const int Man : {0, 1}) {
-        Rules.MovementStrings[Man].Assign(Known.ManMovement);
-    }
-    Rules.LongKings = Known.LongKings;
-    Rules.ManContJump = Known.ManContJump;
-    Rules.ManContJumpCrowned = Known.ManContJumpCrowned;
-    Rules.MaxCapMove = Known.MaxCapMove;
-    Rules.ManCapKing = Known.ManCapKing;
-    Rules.KingCapMove = Known.KingCapMove;
-    Rules.MaxCapMoveKings = Known.MaxCapMoveKings;
-    Rules.PiecesOnBlack = Known.PiecesOnBlack;
-    Rules.BlackStarts = Known.BlackStarts;
-    Rules.RemovePieces = Known.RemovePieces;
-    Rules.ThreeKings = Known.ThreeKings;
-    Rules.NumberKings = Known.NumberKings;
-    for (int Row = 0; Row < 5; ++Row) {
-        Rules.PromotionSquares[Row][0] = Known.FirstWhitePromotion + 2 * Row;
-        Rules.PromotionSquares[Row][1] = Known.FirstBlackPromotion + 2 * Row;
-    }
-    return Rules;
 }
 
 StepShape ShapeOf(const DirectionColumn& Column) {
@@ -155,14 +115,13 @@ void ClassifyDirections(RulesState& State) {
 }
 
 void RecogniseRuleSet(RulesState& State) {
-    State.SpecialRuleSet = 0;
+    State.SpecialRuleSet = KnownRules::None;
     if (BuildSetupText(State) != DefaultSetup) {
         return;
     }
-    for (std::size_t Row = 0; Row < KnownRuleSets.size(); ++Row) {
-        if (State.RuleSet == RulesOf(KnownRuleSets[Row])) {
-            State.SpecialRuleSet = static_cast<std::int32_t>(Row) + 1;
-        }
+    const auto* Found = std::ranges::find(KnownRuleSets, State.RuleSet, &KnownRuleSet::Rules);
+    if (Found != std::end(KnownRuleSets)) {
+        State.SpecialRuleSet = Found->Id;
     }
 }
 

@@ -9,8 +9,8 @@
 #include "base/checked_array.h"
 #include "base/fixed_text.h"
 #include "rules/cells.h"
+#include "rules/known_rules.h"
 #include "rules/rule_set.h"
-#include "rules/walk_flags.h"
 
 #include <cstdint>
 #include <type_traits>
@@ -212,8 +212,8 @@ struct RulesState {
     base::CheckedArray<StepShape, 8> StepShapes; ///< of `MoveDirections`
     /// By cell and piece index; zero until the engine fills it in and calls `RecountPosition`.
     base::CheckedArray<base::CheckedArray<CellWeights, PieceIndices>, BoardCells> PieceWeights;
-    std::int32_t SpecialRuleSet; ///< 0 generic, 1 American, 2 Italian, 3 German, 4 Russian
-    WalkFlags Walk;              ///< the rules of captures as yes or no
+    KnownRules SpecialRuleSet;
+    WalkFlags Walk; ///< the rules of captures as yes or no
     std::int32_t SetCaptures;
     std::int32_t SidewaysOnly;
     std::int32_t WidenDropsPattern;

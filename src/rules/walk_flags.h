@@ -6,7 +6,8 @@
 
 namespace zonterbrook::rules {
 
-/// Where a rule's values above 1 are treated differently by two tests, there are two answers.
+/// A structural type: a hard-wired generator has them as its template parameter. Where a rule's values above 1 are
+/// treated differently by two tests, there are two answers.
 struct WalkFlags {
     bool LongKings;            ///< kings fly
     bool KingFirst;            ///< a flying capture lands directly behind the piece
@@ -32,7 +33,7 @@ struct WalkFlags {
 };
 
 /// `SetCaptures`: whether captures are compared as sets.
-inline WalkFlags DeriveWalkFlags(const RuleSetFields& Rules, bool SetCaptures) {
+constexpr WalkFlags DeriveWalkFlags(const RuleSetFields& Rules, bool SetCaptures) {
     WalkFlags Flags{};
     Flags.LongKings = Rules.LongKings == 1;
     Flags.KingFirst = Rules.KingFirst == 1;

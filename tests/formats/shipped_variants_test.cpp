@@ -191,14 +191,14 @@ TEST(ShippedVariants, HaveHelpTextsThatReadWell) {
 // --- what single variants promise ------------------------------------------------------------------------
 
 TEST(ShippedVariants, AreRecognisedWhereTheRulesAreThoseOfAFasterRoutine) {
-    const std::map<std::string, int> Expected = {{"American Checkers 10x10", 1},
-                                                 {"Italian Checkers 10x10", 2},
-                                                 {"International Checkers", 3},
-                                                 {"Canadian Checkers 10x10", 3},
-                                                 {"Russian Checkers 10x10", 4}};
-    std::map<std::string, int> Recognised;
+    const std::map<std::string, rules::KnownRules> Expected = {{"American Checkers 10x10", rules::KnownRules::American},
+                                                               {"Italian Checkers 10x10", rules::KnownRules::Italian},
+                                                               {"International Checkers", rules::KnownRules::German},
+                                                               {"Canadian Checkers 10x10", rules::KnownRules::German},
+                                                               {"Russian Checkers 10x10", rules::KnownRules::Russian}};
+    std::map<std::string, rules::KnownRules> Recognised;
     for (const std::string& Name : ListVariants(Folder())) {
-        if (const int Special = Start(Read(Name))->SpecialRuleSet; Special != 0) {
+        if (const auto Special = Start(Read(Name))->SpecialRuleSet; Special != rules::KnownRules::None) {
             Recognised[Name] = Special;
         }
     }

@@ -151,8 +151,11 @@ TEST(Movements, ManyMenOnAWideBoardDropThePattern) {
 TEST(RuleSets, FourAreRecognisedAndAnyChangeIsSeen) {
     const struct {
         std::string_view Rules;
-        int Special;
-    } Rows[] = {{AmericanRules, 1}, {ItalianRules, 2}, {"", 3}, {RussianRules, 4}};
+        KnownRules Special;
+    } Rows[] = {{AmericanRules, KnownRules::American},
+                {ItalianRules, KnownRules::Italian},
+                {"", KnownRules::German},
+                {RussianRules, KnownRules::Russian}};
     for (const auto& R : Rows) {
         const auto State = Game(R.Rules);
         EXPECT_EQ(R.Special, State->SpecialRuleSet);
@@ -166,19 +169,19 @@ TEST(RuleSets, FourAreRecognisedAndAnyChangeIsSeen) {
         for (const RuleKey& Key : RuleKeys()) {
             for (const std::int32_t Value : {0, 1, 2, 3}) {
                 const std::string Change = std::string(Key.Name) + '=' + std::to_string(Value);
-                const int Expected = Key.Read(Whole) == Value ? R.Special : 0;
-                EXPECT_EQ(Expected, SpecialAfter(Change)) << R.Special << ' ' << Change;
+                const KnownRules Expected = Key.Read(Whole) == Value ? R.Special : KnownRules::None;
+                EXPECT_EQ(Expected, SpecialAfter(Change)) << R.Rules << ' ' << Change;
             }
         }
         for (const char* Change :
              {"WhiteManMovement=NE;NW NW;NE", "BlackManMovement=NW;NE NE;NW", "WhiteKingMovement=NW;NE;SE NW;NE;SE;SW",
               "BlackKingMovement=NW;NE;SE;SW ", "PromoW=A0", "PromoB=J1H1F1D1B1", "PromoW=B0D0F0H0J0A9"}) {
-            EXPECT_EQ(0, SpecialAfter(Change)) << R.Special << ' ' << Change;
+            EXPECT_EQ(KnownRules::None, SpecialAfter(Change)) << R.Rules << ' ' << Change;
         }
         State->RuleSet = Whole;
         State->StartBoard[25] = Empty;
         InstallRuleSet(*State);
-        EXPECT_EQ(0, State->SpecialRuleSet) << "other start position, " << R.Special;
+        EXPECT_EQ(KnownRules::None, State->SpecialRuleSet) << "other start position, " << R.Rules;
     }
 }
 

@@ -12,12 +12,16 @@ namespace {
 using namespace tests;
 
 constexpr const char* Sets[] = {"", AmericanRules, ItalianRules, "", RussianRules};
-enum { American = 1, Italian = 2, German = 3, Russian = 4 };
+using enum KnownRules;
+
+std::string_view RulesOf(KnownRules Set) {
+    return Sets[static_cast<int>(Set)];
+}
 
 TEST(SpecialGenerators, HaveTheirOwnWays) {
     const struct {
         const char* Fault;
-        int Set;
+        KnownRules Set;
         const char *Position, *Moves;
     } Rows[] = {
         {"american_man_takes_backwards", American, "W:Wc3:Bd2", "c3-b4 c3-d4"},
@@ -29,14 +33,14 @@ TEST(SpecialGenerators, HaveTheirOwnWays) {
          "a3xf4(b2,e3)K a3xg5(b2,e3)K a3xh6(b2,e3)K a3xi7(b2,e3)K a3xj8(b2,e3)K"},
     };
     for (const auto& R : Rows) {
-        const auto State = Game(Sets[R.Set], R.Position);
+        const auto State = Game(RulesOf(R.Set), R.Position);
         ASSERT_EQ(R.Set, State->SpecialRuleSet);
         GeneratorOf(R.Set).GenerateBoth(*State);
         EXPECT_EQ(R.Moves, MoveList(*State)) << R.Fault;
     }
     // Only one of the four has captures at once and so keeps them beside the plain moves of the same square.
-    for (const int Set : {American, German}) {
-        const auto State = Game(Sets[Set], "W:Wc3,i3:Bd4");
+    for (const KnownRules Set : {American, German}) {
+        const auto State = Game(RulesOf(Set), "W:Wc3,i3:Bd4");
         GeneratorOf(Set).Generate(*State, 1);
         EXPECT_EQ(Set == American ? "c3-b4 c3xe5(d4) i3-h4 i3-j4" : "c3-b4 i3-h4 i3-j4 c3xe5(d4)", MoveList(*State));
     }
@@ -61,8 +65,8 @@ void LayByChance(RulesState& State, Dice& Chance) {
 
 TEST(SpecialGenerators, ListTheMovesOfTheGenericOne) {
     Dice Chance(2);
-    for (const int Set : {American, Italian, German, Russian}) {
-        const auto State = Game(Sets[Set]);
+    for (const KnownRules Set : {American, Italian, German, Russian}) {
+        const auto State = Game(RulesOf(Set));
         int Ties = 0;
         int Captures = 0;
         for (int Try = 0; Try < 3000; ++Try) {
@@ -76,7 +80,7 @@ TEST(SpecialGenerators, ListTheMovesOfTheGenericOne) {
                 // Same order too, but for what the special one leaves out.
                 std::vector<std::string> InOrder = Generic;
                 std::erase_if(InOrder, [&](const auto& Move) { return std::ranges::count(Special, Move) == 0; });
-                EXPECT_EQ(Special, InOrder) << Set << ' ' << PositionText(*State);
+                EXPECT_EQ(Special, InOrder) << static_cast<int>(Set) << ' ' << PositionText(*State);
             }
             std::ranges::sort(Generic);
             std::ranges::sort(Special);
@@ -89,12 +93,12 @@ TEST(SpecialGenerators, ListTheMovesOfTheGenericOne) {
                 }
                 ++Ties;
             } else {
-                EXPECT_EQ(Generic, Special) << Set << ' ' << PositionText(*State);
+                EXPECT_EQ(Generic, Special) << static_cast<int>(Set) << ' ' << PositionText(*State);
             }
             ASSERT_EQ("", CheckPosition(*State));
         }
         EXPECT_GT(Captures, 500) << "positions without captures prove nothing";
-        EXPECT_EQ(Set == Italian, Ties > 0) << Set;
+        EXPECT_EQ(Set == Italian, Ties > 0) << static_cast<int>(Set);
     }
 }
 
