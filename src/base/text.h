@@ -10,8 +10,8 @@
 
 namespace zonterbrook::base {
 
-/// The number that `Text` begins with: blanks, a sign, digits, which may have blanks between them. Anything else, an empty text included, is 0; what
-/// follows the digits is ignored. A number too large for 64 bits stays at the limit.
+/// The number that `Text` begins with: blanks, a sign, digits, which may have blanks between them. Anything else, an
+/// empty text included, is 0; what follows the digits is ignored. A number too large for 64 bits stays at the limit.
 std::int64_t LenientNumber(std::string_view Text);
 
 /// The lines of `Text`, without their ends: CR LF, LF or CR. A last line without an end counts; the empty rest behind

@@ -36,8 +36,8 @@ void c_GotFocus(GameState& State, bool ByKeys) {
     RunTrapped(State, [&] { EnterBoard(State, ByKeys); });
 }
 
-void c_LostFocus(GameState& State) {
-    RunTrapped(State, [&] { LeaveBoard(State); });
+void c_LostFocus(GameState& State, bool ByPerson) {
+    RunTrapped(State, [&] { LeaveBoard(State, ByPerson); });
 }
 
 void c_Choose(GameState& State, int Index) {

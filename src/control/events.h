@@ -27,9 +27,10 @@ void c_MouseUp(GameState& State, int Index, int Button, int X, int Y);
 void c_KeyDown(GameState& State, BoardKey Key);
 void c_KeyUp(GameState& State, BoardKey Key);
 
-/// The board has got the keyboard, by the keyboard itself or otherwise; it has lost it.
+/// The board has got the keyboard, by the keyboard itself or otherwise; it has lost it, because the person has gone
+/// elsewhere in the window or otherwise.
 void c_GotFocus(GameState& State, bool ByKeys);
-void c_LostFocus(GameState& State);
+void c_LostFocus(GameState& State, bool ByPerson);
 
 /// A helper of the desktop has chosen a cell for the person: the cursor goes there and picks or drops.
 void c_Choose(GameState& State, int Index);

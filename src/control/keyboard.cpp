@@ -123,9 +123,12 @@ void EnterBoard(GameState& State, bool ByKeys) {
     }
 }
 
-void LeaveBoard(GameState& State) {
+void LeaveBoard(GameState& State, bool ByPerson) {
     ReleaseBoardKey(State, BoardKey::Pick); // its release goes elsewhere
     view::ShowCursor(State, false);
+    // Who has gone elsewhere does not play on the board with the keys any more, also when the board gets them
+    // meanwhile.
+    State.KeysOnBoard = State.KeysOnBoard && !ByPerson;
 }
 
 void ChooseCell(GameState& State, int Index) {

@@ -14,7 +14,7 @@ enum class BoardKey { Left, Right, Up, Down, Pick, Menu };
 void PressBoardKey(GameState& State, BoardKey Key);
 void ReleaseBoardKey(GameState& State, BoardKey Key);
 void EnterBoard(GameState& State, bool ByKeys);
-void LeaveBoard(GameState& State);
+void LeaveBoard(GameState& State, bool ByPerson);
 void ChooseCell(GameState& State, int Index);
 
 /// The mouse has been pressed on a cell: the cursor hides, and is there when the keys are used again.

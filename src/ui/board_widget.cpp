@@ -367,7 +367,9 @@ void BoardWidget::focusInEvent(QFocusEvent* Event) {
 
 void BoardWidget::focusOutEvent(QFocusEvent* Event) {
     QWidget::focusOutEvent(Event);
-    emit FocusLost();
+    const Qt::FocusReason Why = Event->reason();
+    emit FocusLost(Why == Qt::TabFocusReason || Why == Qt::BacktabFocusReason || Why == Qt::ShortcutFocusReason ||
+                   Why == Qt::MouseFocusReason);
 }
 
 // --- Screen readers

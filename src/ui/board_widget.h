@@ -47,7 +47,7 @@ signals:
     /// A key of the cursor, pressed or released.
     void KeyReported(control::BoardKey Key, bool Pressed);
     void FocusGained(bool ByKeys);
-    void FocusLost();
+    void FocusLost(bool ByPerson);
     /// A screen reader has chosen a cell for the person.
     void CellChosen(int Cell);
     /// While a screen reader listens: a cell reads otherwise than before, the cursor has come to it.

@@ -43,6 +43,7 @@ void LineList::Display(const view::ListFields& Fields) {
         setCurrentRow(Selected);
         if (Selected < 0) {
             clearSelection();
+            scrollToTop(); // nothing is chosen any more: the beginning is
         }
     }
     if (Selected >= 0) {

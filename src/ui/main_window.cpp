@@ -91,8 +91,8 @@ void MainWindow::ConnectControls() {
         control::c_GotFocus(*State, ByKeys && !Showing);
         ShowContents();
     });
-    connect(Board, &BoardWidget::FocusLost, this, [this] {
-        control::c_LostFocus(*State);
+    connect(Board, &BoardWidget::FocusLost, this, [this](bool ByPerson) {
+        control::c_LostFocus(*State, ByPerson);
         ShowContents();
     });
 
@@ -136,6 +136,15 @@ void MainWindow::ConnectControls() {
                     [this, Id = Row.Id] { Dispatch([Id](GameState& Game) { control::RunCommand(Game, Id); }); });
         }
     }
+}
+
+// With nothing to edit in the box of typed moves, the keys that go through the game are the commands' own.
+bool MainWindow::eventFilter(QObject* Watched, QEvent* Event) {
+    if (Watched == MoveBox && Event->type() == QEvent::ShortcutOverride && MoveBox->text().isEmpty()) {
+        Event->ignore();
+        return true;
+    }
+    return QMainWindow::eventFilter(Watched, Event);
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* Event) {

@@ -158,6 +158,7 @@ void MainWindow::BuildControls() {
     setCentralWidget(Inner);
     Board = new BoardWidget(Inner);
     MoveBox = new QLineEdit(Inner);
+    MoveBox->installEventFilter(this);
     MoveBox->setPlaceholderText(tr("Type a move"));
     ChoiceList = new LineList(Inner);
     GameList = new LineList(Inner);

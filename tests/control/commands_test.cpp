@@ -94,14 +94,14 @@ constexpr StateCase StateRows[] = {
 INSTANTIATE_TEST_SUITE_P(Rows, Enabled, testing::ValuesIn(StateRows), RowName);
 
 TEST_F(GameFixture, CancelIsPressedOncePerSearch) {
-    State.Turn = Thinking;
+    PretendTurn(Thinking);
     ExpectCan(true, {Cancel});
     Run(Cancel);
     ExpectCan(false, {Cancel});
     State.CancelRequested = rules::StopRequest::None; // a node has seen it, and the search unwinds
     State.StopAutoPlay = 1;
     ExpectCan(false, {Cancel});
-    State.Turn = Resting;
+    PretendTurn(Resting);
 }
 
 TEST_F(GameFixture, ATurnGoesNoForbiddenWay) {

@@ -160,7 +160,7 @@ TEST_F(Input, OfTwoCapturesWithTheSameEndsTheFirstIsPlayed) {
 
 TEST_F(Input, NobodyPlaysWhileTheComputerThinksOrAfterTheGame) {
     for (const control::TurnState Closed : {control::TurnState::Thinking, control::TurnState::Over}) {
-        State.Turn = Closed;
+        PretendTurn(Closed);
         const view::WindowContents Before = State;
         Drag("d4", "e5");
         DoubleClickMove("d4-e5");
@@ -170,7 +170,7 @@ TEST_F(Input, NobodyPlaysWhileTheComputerThinksOrAfterTheGame) {
         State.RootList.Selected = -1;
         EXPECT_EQ(0, State.GameMoves);
         EXPECT_TRUE(Before == static_cast<const view::WindowContents&>(State));
-        State.Turn = control::TurnState::Resting;
+        PretendTurn(control::TurnState::Resting);
     }
 }
 

@@ -107,7 +107,7 @@ TEST_F(Keyboard, NumbersShowWhileTheKeyIsHeldOnAnEmptySquare) {
     control::c_KeyUp(State, BoardKey::Pick);
     EXPECT_EQ(0, CellOn("e5").Number);
     Down(BoardKey::Pick);
-    control::c_LostFocus(State); // the release goes elsewhere
+    control::c_LostFocus(State, false); // the release goes elsewhere
     EXPECT_EQ(0, CellOn("e5").Number);
 }
 
@@ -138,12 +138,16 @@ TEST_F(Keyboard, TheMouseHidesTheCursorAndSetsItsPlace) {
 
 TEST_F(Keyboard, TheCursorIsShownWhereTheKeysAre) {
     const int Before = State.CursorCell;
-    control::c_LostFocus(State);
+    control::c_LostFocus(State, false);
     EXPECT_EQ(-1, State.CursorCell);
     control::c_GotFocus(State, false); // a message box has closed
     EXPECT_EQ(Before, State.CursorCell);
+    control::c_LostFocus(State, true);
+    control::c_GotFocus(State, false); // the list that the person went to is closed while the computer thinks
+    EXPECT_EQ(-1, State.CursorCell);
+    control::c_GotFocus(State, true);
     Press("d4");
-    control::c_LostFocus(State);
+    control::c_LostFocus(State, false);
     control::c_GotFocus(State, false); // the mouse plays
     EXPECT_EQ(-1, State.CursorCell);
     control::c_GotFocus(State, true);
@@ -153,11 +157,11 @@ TEST_F(Keyboard, TheCursorIsShownWhereTheKeysAre) {
 TEST_F(Keyboard, NothingMovesWhileTheComputerThinksOrAfterTheEnd) {
     const int Before = State.CursorCell;
     for (const control::TurnState Closed : {control::TurnState::Thinking, control::TurnState::Over}) {
-        State.Turn = Closed;
+        PretendTurn(Closed);
         PickAt("d4");
         EXPECT_EQ(-1, State.SourceCell);
         EXPECT_EQ("d4, White man", control::c_Text(State, Cell("d4")));
-        State.Turn = control::TurnState::Resting;
+        PretendTurn(control::TurnState::Resting);
     }
     EXPECT_NE(Before, State.CursorCell); // but the cursor walks
     EXPECT_EQ("d4, White man, can move", control::c_Text(State, Cell("d4")));

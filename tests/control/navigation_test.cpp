@@ -85,7 +85,7 @@ TEST_F(Navigation, AtTheEndsAndWhileTheComputerThinksNothingHappens) {
     control::NavigateMoves(State, 5);
     EXPECT_EQ(0, State.GameMoves);
     Play("d4e5 e7d6");
-    control::EnterTurn(State, control::TurnState::Thinking);
+    PretendTurn(control::TurnState::Thinking);
     Run(First);
     Run(Back);
     State.GameList.Selected = 0;

@@ -65,6 +65,12 @@ protected:
         control::StartVariant(State, control::ReadChosenVariant(State), control::RulesFrom::File);
     }
 
+    /// As if something were at work, or nothing.
+    void PretendTurn(control::TurnState Turn) {
+        State.Turn = Turn;
+        State.HandlersAtWork = control::IsBusy(State) ? 1 : 0;
+    }
+
     void Run(CommandId Id) { control::RunCommand(State, Id); }
 
     void Press(std::string_view From) {

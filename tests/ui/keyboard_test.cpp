@@ -116,6 +116,9 @@ TEST_F(Keys, FrameComesAndGoesWithTheKeyboard) {
     Press(Qt::Key_Tab);
     EXPECT_EQ(-1, Board().CursorCell());
     Board().setFocus();
+    EXPECT_EQ(-1, Board().CursorCell()) << "nobody has gone there";
+    Press(Qt::Key_Tab);
+    QTest::keyClick(Window->focusWidget(), Qt::Key_Backtab);
     EXPECT_EQ(There, Board().CursorCell()) << "goes on as before";
     QTest::mouseClick(&Board(), Qt::LeftButton, {}, Middle("e5"));
     EXPECT_EQ(-1, Board().CursorCell());
@@ -124,9 +127,9 @@ TEST_F(Keys, FrameComesAndGoesWithTheKeyboard) {
 TEST_F(Keys, NumbersShowWhileTheKeyIsHeld) {
     Walk("e5");
     QTest::keyPress(&Board(), Qt::Key_Space);
-    EXPECT_EQ(1, Game().NumbersShown);
+    EXPECT_TRUE(Game().NumbersShown);
     QTest::keyRelease(&Board(), Qt::Key_Space);
-    EXPECT_EQ(0, Game().NumbersShown);
+    EXPECT_FALSE(Game().NumbersShown);
 }
 
 TEST_F(Keys, EditorOpensAtTheCursor) {
@@ -140,7 +143,8 @@ TEST_F(Keys, EditorOpensAtTheCursor) {
                       });
     Walk("e5", Qt::Key_Menu);
     EXPECT_EQ(2, PieceOn("e5"));
-    EXPECT_GE(Board().CursorCell(), 0);
+    // The keyboard comes back to the board when the desktop hands it over.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Board().CursorCell() >= 0; }));
 }
 
 // While the computer thinks the box of typed moves is closed, and its keys are the board's: without a frame, as nobody

@@ -11,8 +11,10 @@
 #include "view/layout.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -41,14 +43,26 @@ public:
             if (CanDo()) {
                 Timer.stop();
                 What();
+            } else if (Waited.elapsed() > WatchdogMilliseconds) {
+                Timer.stop();
+                ADD_FAILURE() << "what was waited for never came";
+                for (QWidget* Open : {QApplication::activePopupWidget(), QApplication::activeModalWidget()}) {
+                    if (Open != nullptr) {
+                        Open->close(); // or whoever opened it would wait for ever
+                    }
+                }
             }
         });
+        Waited.start();
         Timer.start(1);
     }
     ~Soon() override { EXPECT_FALSE(Timer.isActive()) << "what was waited for never came"; }
 
 private:
+    static constexpr qint64 WatchdogMilliseconds = 30000;
+
     QTimer Timer;
+    QElapsedTimer Waited;
 };
 
 /// Answers the message box that is about to open, which must say "title: text".

@@ -189,10 +189,26 @@ TEST_F(MainWindow, ArrowsStepThroughTheGame) {
     Expect(&Board(), Qt::Key_Left, {}, 2);
     Expect(&Board(), Qt::Key_Left, Qt::AltModifier, 1);
     Expect(&Board(), Qt::Key_Right, Qt::AltModifier, 2);
+    Expect(TypedMove(), Qt::Key_Z, Qt::ControlModifier, 1); // with nothing typed there is nothing to edit
+    Expect(TypedMove(), Qt::Key_End, {}, 2);
+    Expect(TypedMove(), Qt::Key_Home, {}, 0);
+    Expect(TypedMove(), Qt::Key_Right, {}, 1);
+    Expect(TypedMove(), Qt::Key_Y, Qt::ControlModifier, 2);
     QTest::keyClicks(TypedMove(), "d4");
     Expect(TypedMove(), Qt::Key_Left, {}, 2); // they belong to the text
     Expect(TypedMove(), Qt::Key_Home, {}, 2);
     EXPECT_EQ(0, TypedMove()->cursorPosition());
+}
+
+TEST_F(MainWindow, ListsShowWhatIsChosenAndElseTheirBeginning) {
+    Game().GameList.Lines.assign(300, "   1. d4-e5");
+    Game().GameList.Selected = 299;
+    Window->ShowContents();
+    const QScrollBar* Bar = List("List1")->verticalScrollBar();
+    EXPECT_EQ(Bar->maximum(), Bar->value());
+    Game().GameList.Selected = -1;
+    Window->ShowContents();
+    EXPECT_EQ(0, Bar->value());
 }
 
 TEST_F(MainWindow, CommentsStayWithTheirMove) {
