@@ -4,6 +4,7 @@
 #include "base/checked_number.h"
 #include "base/text.h"
 #include "bench_positions.h"
+#include "control/variant_start.h"
 #include "engine/evaluate.h"
 #include "engine/root_search.h"
 #include "engine/search.h"
@@ -191,9 +192,9 @@ double StillWorld::Seconds() {
     return Now - Day * static_cast<double>(static_cast<std::int64_t>(Now / Day));
 }
 
-Console::Console() : State(std::make_unique<EngineState>()) {
+Console::Console() : State(std::make_unique<control::GameState>(World)) {
     ResetEngine(*State, World);
-    StartEngineGame(*State);
+    control::RestartGame(*State);
 }
 
 std::string Console::Execute(std::string_view Line) {
@@ -201,7 +202,7 @@ std::string Console::Execute(std::string_view Line) {
     const std::size_t End = Line.find_first_of(" \t");
     const std::string_view Command = Line.substr(0, End);
     const std::string_view Rest = End == std::string_view::npos ? std::string_view{} : base::Trim(Line.substr(End));
-    const auto Before = std::make_unique<EngineState>(*State);
+    const auto Before = std::make_unique<control::GameState>(*State);
     try {
         return Run(Command, Rest) + "ok\n";
     } catch (const GeneratorFault& Fault) {
@@ -266,10 +267,7 @@ std::string Console::Variant(std::string_view File) {
     if (!Document.Document) {
         throw CommandError(Document.Error.Text());
     }
-    State->LoadedRuleSet = Document.Document->Rules;
-    State->RuleSet = State->LoadedRuleSet;
-    LaySetup(*State, Document.Document->Setup);
-    StartEngineGame(*State);
+    control::StartVariant(*State, *Document.Document, control::RulesFrom::File, control::Lots::Left);
     ForgetMoves();
     return {};
 }
@@ -287,7 +285,7 @@ std::string Console::Rule(std::string_view Assignment) {
             throw CommandError("a start position has a hundred digits, 0 to 4");
         }
         LaySetup(*State, Value);
-        StartEngineGame(*State);
+        control::RestartGame(*State);
         ForgetMoves();
         return {};
     }

@@ -4,8 +4,7 @@
 // evaluation is off at all times, so that every answer can be had again.
 #pragma once
 
-#include "engine/state.h"
-#include "rules/moves.h"
+#include "control/state.h"
 
 #include <memory>
 #include <string>
@@ -14,11 +13,28 @@
 
 namespace zonterbrook::probe {
 
-/// A world in which no time passes for others and chance always answers alike.
-class StillWorld final : public base::OutsideWorld {
+/// A world in which no time passes for others, chance always answers alike, nobody reads what is said and every
+/// question is answered with Yes.
+class StillWorld final : public control::Platform {
 public:
     double Seconds() override;
     double Random() override { return 0; }
+    void Message(std::string_view /*Title*/, std::string_view /*Text*/, control::Icon /*Sign*/) override {}
+    bool Ask(std::string_view /*Title*/, std::string_view /*Text*/) override { return true; }
+    void PlaySound(std::string_view /*File*/) override {}
+    void Wait(double /*Seconds*/) override {}
+    void Refresh() override {}
+    std::string Date() override { return {}; }
+    std::string Time() override { return {}; }
+    void SeedRandom() override {}
+    std::filesystem::path ApplicationDirectory() const override { return {}; }
+    bool OpenLog() override { return false; }
+    void AppendLog(std::string_view /*Text*/) override {}
+    void CloseLog() override {}
+    control::CommandId ShowPopup(control::CommandId /*Menu*/) override { return control::CommandId::None; }
+    void OpenDocument(std::string_view /*Target*/) override {}
+    void CloseWindow() override {}
+    void EndProgram() override {}
 
 protected:
     void TakeTurn() override {}
@@ -67,7 +83,7 @@ private:
     void ForgetMoves();
 
     StillWorld World;
-    std::unique_ptr<engine::EngineState> State;
+    std::unique_ptr<control::GameState> State;
     std::vector<Step> Played;
     /// The answer to the last `moves`, as long as the position stays.
     std::vector<rules::MoveRecord> Listed;

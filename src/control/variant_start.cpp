@@ -58,7 +58,7 @@ formats::VariantDocument ReadChosenVariant(const GameState& State) {
     return *std::move(Read.Document);
 }
 
-void StartVariant(GameState& State, const formats::VariantDocument& Variant, RulesFrom From) {
+void StartVariant(GameState& State, const formats::VariantDocument& Variant, RulesFrom From, Lots Side) {
     // 1. The rules.
     State.LoadedRuleSet = Variant.Rules;
     if (From == RulesFrom::File) {
@@ -74,7 +74,9 @@ void StartVariant(GameState& State, const formats::VariantDocument& Variant, Rul
     // 2. The start position, and who begins.
     State.RatingAllowed = true;
     rules::LaySetup(State, Variant.Setup);
-    DrawColourByLot(State);
+    if (Side == Lots::Drawn) {
+        DrawColourByLot(State);
+    }
     RestartGame(State);
 }
 

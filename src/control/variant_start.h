@@ -11,11 +11,14 @@ namespace zonterbrook::control {
 /// Whose rules a variant is played by: those of its file, or those in force, which may have been edited.
 enum class RulesFrom : std::uint8_t { File, Hand };
 
+/// Whether the side that begins is drawn where the rules leave it to the lot, or is the file's.
+enum class Lots : std::uint8_t { Drawn, Left };
+
 /// Reads the variant that the settings name. Throws a `FileFault` when it can't be read.
 formats::VariantDocument ReadChosenVariant(const GameState& State);
 
-/// Begins a game from the start position of `Variant`. Draws the side that begins if the rules leave it to the lot.
-void StartVariant(GameState& State, const formats::VariantDocument& Variant, RulesFrom From);
+/// Begins a game from the start position of `Variant`.
+void StartVariant(GameState& State, const formats::VariantDocument& Variant, RulesFrom From, Lots Side = Lots::Drawn);
 
 /// Begins a game from the position on the board, with the side to move as the one that begins, by the rules in force.
 /// The next game of the variant begins as its rules say again.

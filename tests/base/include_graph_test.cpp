@@ -30,7 +30,7 @@ const std::map<std::string, Folders>& AllowedFolders() {
         {"src/control", {"base", "rules", "engine", "game", "formats", "view", "control"}},
         {"src/ui", {"base", "rules", "engine", "game", "formats", "view", "control", "ui"}},
         {"src/app", {"base", "rules", "engine", "game", "formats", "view", "control", "ui", "app"}},
-        {"probe", {"base", "rules", "engine", "formats", "probe"}},
+        {"probe", {"base", "rules", "engine", "game", "formats", "view", "control", "probe"}},
     };
     return Allowed;
 }
