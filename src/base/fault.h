@@ -17,6 +17,14 @@ public:
     explicit Fault(const std::string& Text) : std::runtime_error(Text) {}
 };
 
+/// Whether this build derives anew, after every move made and taken back, what is kept beside the board: the preset `dev`
+/// does.
+#ifdef ZONTERBROOK_CHECK_MOVES
+inline constexpr bool ChecksMoves = true;
+#else
+inline constexpr bool ChecksMoves = false;
+#endif
+
 /// Throws the fault of an index outside an array of `Size` entries. Kept out of line: the callers' fast path is one
 /// comparison.
 [[noreturn]] void FailIndex(std::int64_t Index, std::size_t Size);

@@ -118,8 +118,8 @@ int FriendJump(const RulesState& State, int Next, int Step, std::int32_t Code) {
     return State.Board[Cell] == Empty && Fits ? Cell : 0;
 }
 
-/// Whether a jump over friends promotes. Black kings are asked too, and overrun the promotion table: such a jump has
-/// always been the end of the program, and variants rely on nothing else.
+/// Whether a jump over friends promotes. Black kings are asked too, and overrun the promotion table: such a jump is
+/// the end of the program. Wanted: docs/kept_behaviour.md, "A jump over own men".
 bool FriendJumpPromotes(const RulesState& State, std::int32_t Code, int Dest) {
     if (Code == WhiteKing) {
         return false;
@@ -349,7 +349,7 @@ template <typename Routine>
                                            "   Len(S1)=" + std::to_string(Figures.PathLength) +
                                            "   L=" + std::to_string(Figures.Longest));
         }
-        // The name in the legal-move test's message is an old one of the program. Wanted as it stands.
+        // The legal-move test has words of its own. Wanted: docs/kept_behaviour.md, "Ombrestonefield".
         throw GeneratorFault(Name, Name == "GenerateMoves1" ? "Fatal Error! Ombrestonefield will exit."
                                                             : "Fatal Error! Zonterbrook will exit.");
     }

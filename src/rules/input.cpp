@@ -23,6 +23,7 @@ int FindMove(RulesState& State, int Source, int Dest) {
 void PlayMove(RulesState& State, int Move) {
     InitGameTree(State);
     PerformMove(State, Move);
+    CheckMove(State);
     State.TouchedSquare = 0;
 }
 

@@ -118,17 +118,19 @@ public:
             Mover = Source == FromHand ? Empty : State.Board[Source];
             PerformMove(State, Move);
         }
+        CheckMove(State);
     }
 
     void TakeBack() {
         if (Stepper >= 0) [[likely]] {
             TakeBackStep(State, Stepper, Source, Dest);
-            return;
+        } else {
+            TakeBackMove(State, Move);
+            if (Source != FromHand && State.Board[Source] != Mover) {
+                SetCell(State, Source, Mover);
+            }
         }
-        TakeBackMove(State, Move);
-        if (Source != FromHand && State.Board[Source] != Mover) {
-            SetCell(State, Source, Mover);
-        }
+        CheckMove(State);
     }
 
 private:

@@ -66,8 +66,16 @@ void CountStartPosition(RulesState& State);
 /// hand. Leaves the board, the side and the rules alone.
 void ResetMoves(RulesState& State);
 
-/// Derives every figure that is kept beside the board anew and compares; empty if all agree, else what differs. For
-/// tests and debug builds.
+/// Derives every figure that is kept beside the board anew and compares; empty if all agree, else what differs.
 std::string CheckPosition(const RulesState& State);
+
+/// In a build that checks moves, throws a `Fault` when `CheckPosition` finds something; else nothing.
+inline void CheckMove(const RulesState& State) {
+    if constexpr (base::ChecksMoves) {
+        if (const std::string Found = CheckPosition(State); !Found.empty()) {
+            throw base::Fault(Found);
+        }
+    }
+}
 
 } // namespace zonterbrook::rules

@@ -9,6 +9,7 @@
 #include <QDateTime>
 #include <QDesktopServices>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QGridLayout>
 #include <QMessageBox>
@@ -67,7 +68,9 @@ QtPlatform::QtPlatform(MainWindow& Owner, ProgramFolders Where) : Window(Owner),
 // -----------------------------------------------------------------------------------------------------
 
 double QtPlatform::Seconds() {
-    return QTime::currentTime().msecsSinceStartOfDay() / 1000.0;
+    constexpr double Day = 86400;
+    const double Now = QTime::currentTime().msecsSinceStartOfDay() / 1000.0 - StoodStill;
+    return Now - Day * std::floor(Now / Day);
 }
 
 double QtPlatform::Random() {
@@ -119,7 +122,7 @@ void QtPlatform::Message(std::string_view Title, std::string_view Words, control
                                                    : QMessageBox::NoIcon);
     Box.setStandardButtons(QMessageBox::Ok);
     Say(Box, Title, Words);
-    Box.exec();
+    RunBox(Box);
 }
 
 bool QtPlatform::Ask(std::string_view Title, std::string_view Words) {
@@ -131,7 +134,16 @@ bool QtPlatform::Ask(std::string_view Title, std::string_view Words) {
     Box.setDefaultButton(QMessageBox::Yes);
     Box.setEscapeButton(QMessageBox::No);
     Say(Box, Title, Words);
-    return Box.exec() == QMessageBox::Yes;
+    return RunBox(Box) == QMessageBox::Yes;
+}
+
+// A search that a question interrupts stands still, and so does its clock.
+int QtPlatform::RunBox(QMessageBox& Box) {
+    QElapsedTimer Open;
+    Open.start();
+    const int Answer = Box.exec();
+    StoodStill += static_cast<double>(Open.elapsed()) / 1000;
+    return Answer;
 }
 
 control::CommandId QtPlatform::ShowPopup(control::CommandId Menu) {

@@ -13,6 +13,8 @@
 #include <filesystem>
 #include <random>
 
+class QMessageBox;
+
 namespace zonterbrook::ui {
 
 class MainWindow;
@@ -55,6 +57,9 @@ protected:
     void TakeTurn() override;
 
 private:
+    int RunBox(QMessageBox& Box);
+
+    double StoodStill = 0; ///< seconds that boxes have been open
     MainWindow& Window;
     ProgramFolders Folders;
     QFile Log;
