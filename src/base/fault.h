@@ -17,8 +17,8 @@ public:
     explicit Fault(const std::string& Text) : std::runtime_error(Text) {}
 };
 
-/// Whether this build derives anew, after every move made and taken back, what is kept beside the board: the preset `dev`
-/// does.
+/// Whether this build derives anew, after every move made and taken back, what is kept beside the board: the preset
+/// `dev` does.
 #ifdef ZONTERBROOK_CHECK_MOVES
 inline constexpr bool ChecksMoves = true;
 #else
