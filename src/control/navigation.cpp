@@ -86,7 +86,7 @@ void GoForward(GameState& State, int Steps) {
     view::DrawBoard(State, 0);
     State.GameList.Selected = State.Record.Cursor - 1;
     const bool AtTheEnd = !State.Record.MovesAhead();
-    if (AtTheEnd && !IsOver(State)) {
+    if (AtTheEnd) {
         RenewEnding(State);
     }
     view::SetStatus(State, AtTheEnd ? State.StatusText : std::string());

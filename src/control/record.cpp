@@ -46,8 +46,10 @@ void RecordMove(GameState& State, game::HalfMove Made, game::MadeBy By) {
 }
 
 void CutAhead(GameState& State) {
-    game::Cut(State.Record, State.Record.Cursor);
-    view::ListGame(State, State.Record, State.Record.Cursor + 1);
+    if (State.Record.MovesAhead()) {
+        game::Cut(State.Record, State.Record.Cursor);
+        view::ListGame(State, State.Record, State.Record.Cursor + 1);
+    }
 }
 
 void PlayMoveSound(const GameState& State) {

@@ -1,4 +1,5 @@
 // Going through the game that has been played.
+#include "control/ending.h"
 #include "control/navigation.h"
 #include "support/game_fixture.h"
 
@@ -159,6 +160,16 @@ TEST_F(Navigation, ALostPositionIsLostAgainAtTheEndOfTheRecord) {
     EXPECT_FALSE(control::IsOver(State));
     EXPECT_EQ("", game::ResultText(State.Result));
     // Said once is enough.
+    Run(Forward);
+    ExpectOver("White wins!", "1-0");
+}
+
+TEST_F(Navigation, AGameGivenUpInTheMiddleIsLostAtItsEndToo) {
+    Lay("w c3, b d4");
+    ExpectCongratulation("White wins!");
+    Type("c3e5");
+    Run(Back);
+    control::EndGame(State, control::Ending::Resigned, control::Announcement::Silent);
     Run(Forward);
     ExpectOver("White wins!", "1-0");
 }
