@@ -85,7 +85,7 @@ TEST_F(Cursor, WordsNameTheSquareAndItsPiece) {
 
 TEST_F(Cursor, WordsFollowTheNotation) {
     for (const int Numeric : {1, 2}) {
-        State.NotationMode = Numeric ? rules::Notation::Numeric : rules::Notation::Algebraic;
+        State.NotationMode = static_cast<rules::Notation>(Numeric);
         EXPECT_EQ("32, White man, can move", Says("D4"));
         EXPECT_EQ("5, Black man", Says("J0"));
         EXPECT_EQ("light square", Says("D5"));
