@@ -42,7 +42,7 @@ void RecordMove(GameState& State, game::HalfMove Made, game::MadeBy By) {
     game::Append(State.Record, std::move(Made));
     view::ListGame(State, State.Record, State.Record.Cursor);
     State.CommentText.clear();
-    State.GameChanged = true;
+    State.GameChanged = State.GameChanged || By != game::MadeBy::File;
 }
 
 void CutAhead(GameState& State) {
