@@ -144,7 +144,10 @@ TEST_F(Keys, EditorOpensAtTheCursor) {
     Walk("e5", Qt::Key_Menu);
     EXPECT_EQ(2, PieceOn("e5"));
     // The keyboard comes back to the board when the desktop hands it over.
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Board().CursorCell() >= 0; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        BackToFront();
+        return Board().CursorCell() >= 0;
+    }));
 }
 
 // While the computer thinks the box of typed moves is closed, and its keys are the board's: without a frame, as nobody
