@@ -241,7 +241,8 @@ int PullOfColour(const EngineState& State, int Colour, int EnemyCell) {
 }
 
 /// The file term of variants whose men never leave their rows: the opponent of the side to move counts columns that it
-/// holds alone. The slot is the row's number though it was counted by column. Wanted.
+/// holds alone. The slot is the row's number though it was counted by column. Wanted: docs/kept_behaviour.md, "columns
+/// held alone".
 int SidewaysTerm(const EngineState& State, int Row) {
     const int Column = 12 - Row;
     CellSet::Word Bits = 0;
@@ -395,7 +396,7 @@ struct PatternGain {
 };
 
 /// What free ground gives where one or both of the cells in front are free. The hard-wired evaluators count it twice
-/// where both are. Wanted.
+/// where both are. Wanted: docs/kept_behaviour.md, "count free ground".
 constexpr int OneFree = 20;
 template <EvaluatorPolicy P>
 constexpr int BothFree = P.Generic ? 30 : 50;

@@ -58,7 +58,8 @@ int BackRank(const PromotionTable& Table, int EnemyColumn, int Cell, std::initia
     return std::ranges::any_of(Lesser, Stands) ? 10 : 0;
 }
 
-/// With men on one colour of square the two sides' sets are not each other's mirror. Wanted.
+/// With men on one colour of square the two sides' sets are not each other's mirror. Wanted: docs/kept_behaviour.md,
+/// "The back rank".
 int HalfBoardBackRank(const PromotionTable& Table, int Colour, int Cell) {
     return Colour == 0 ? BackRank(Table, 1, Cell, {1, 2, 4}, {0, 3}) : BackRank(Table, 0, Cell, {0, 3}, {1, 2, 4});
 }

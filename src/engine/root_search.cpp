@@ -129,7 +129,8 @@ private:
             }
             Accepted = true;
         } else if (Score > Alpha) {
-            // The window of a move that fails here is left as the attempt has set it. Wanted.
+            // The window of a move that fails here is left as the attempt has set it. Wanted: docs/kept_behaviour.md,
+            // "leaves its window behind".
             const std::int32_t OldAlpha = std::exchange(Alpha, Score);
             Beta = WindowHigh;
             Score = TryMove(Move, OldAlpha);
@@ -187,7 +188,8 @@ private:
         Observer.MoveStarts(Iteration, Move, true);
         ScoreBeforeVerify = Score;
         Verified = true;
-        // The depth is the iteration itself: an extension in the search lengthens the root's count too. Wanted.
+        // The depth is the iteration itself: an extension in the search lengthens the root's count too. Wanted:
+        // docs/kept_behaviour.md, "lengthen the count".
         Score =
             VerifiesFullWindow ? SearchReply(WindowLow, WindowHigh, Iteration) : SearchReply(Alpha, Beta, Iteration);
         if (State.Material[State.Ply] != 0 && WidenAllowed) {

@@ -96,8 +96,7 @@ struct EngineState : rules::RulesState {
     std::int16_t Balance;        ///< 1..750, hundredths of a man
     std::uint8_t Plys;           ///< 1..6, extensions beyond the nominal depth
 
-    // --- rule set: written by `InstallEngineRules`
-    // ---------------------------------------------------------------------
+    // --- rule set: written by `InstallEngineRules` ------------------------------------------------------------------
     CellValues SquareValues;
     CellValues ManReachable;
     std::int32_t HasDeadSquares;
@@ -113,15 +112,13 @@ struct EngineState : rules::RulesState {
     base::CheckedArray<PatternList, 2> GenericPattern; ///< by colour
     base::CheckedArray<PatternList, 2> SpecialPattern;
 
-    // --- game: cleared by `ResetEngineGame`
-    // ----------------------------------------------------------------------------
+    // --- game: cleared by `ResetEngineGame` -------------------------------------------------------------------------
     std::int32_t LazyMargin;
     /// Keys by the number of moves made, those of searched lines included: they stay until overwritten.
     ByGameMove<PositionKey> PositionHistory;
     ByGameMove<std::uint32_t> HistoryFingerprint; ///< of the same keys, to find a candidate quickly
 
-    // --- search: written by the routines that start one
-    // ----------------------------------------------------------------
+    // --- search: written by the routines that start one -------------------------------------------------------------
     /// The principal variation from each ply on, row by row; kept from one search to the next.
     base::CheckedArray<rules::ByPly<MainLineMove>, rules::PlyEntries> MainVariantTable;
     std::int32_t PatternTermEnabled;

@@ -122,7 +122,8 @@ private:
         const int Step = Here.Next[-1];
         if constexpr (MayFly) {
             // A failure leaves `Reach` raised: a man crowned on its way begins from there when it comes by this depth
-            // again as a king. Wanted: it decides which landings such a king is offered.
+            // again as a king, which decides which landings it is offered. Wanted: docs/kept_behaviour.md, "man crowned
+            // on its way".
             ++Here.Reach;
             if (Flying) {
                 return ProbeFlying(Here, Step);

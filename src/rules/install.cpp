@@ -92,9 +92,7 @@ void ClassifyDirections(RulesState& State) {
     State.SidewaysOnly = 1;
     for (const DirectionColumn& Column : State.MoveDirections) {
         for (const std::int16_t Step : Column) {
-            const int Size = std::abs(Step);
-            // No word yields a step of 10; the test is as old as the boards that had one.
-            if (Size == 1 || Size == 10) {
+            if (std::abs(Step) == 1) {
                 Sideways = true;
             } else if (Step != DirectionSentinel) {
                 State.SidewaysOnly = 0;
@@ -138,7 +136,7 @@ void InstallRuleSet(RulesState& State) {
     State.Walk = DeriveWalkFlags(State.RuleSet, State.SetCaptures == 1);
     for (int Column = 0; Column < 2; ++Column) {
         State.PromotionSet[Column] = PromotionCells(State.RuleSet.PromotionSquares, Column, PromotionRows);
-        // A jump over own men has never looked beyond the twelfth row. Wanted.
+        // Wanted: docs/kept_behaviour.md, "A jump over own men".
         State.JumpPromotionSet[Column] = PromotionCells(State.RuleSet.PromotionSquares, Column, 12);
         State.ShortPromotionSet[Column] = PromotionCells(State.RuleSet.PromotionSquares, Column, 5);
         State.BeforePromotion[Column] = {};

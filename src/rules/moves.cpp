@@ -134,6 +134,7 @@ void PerformSpecialMove(RulesState& State, const MoveRecord& Record) {
         PerformCapture(State, Record);
         return;
     }
+    // 1. The ply below, which begins as this one stands.
     const std::int32_t Side = -State.Side;
     const int Ply = State.Ply;
     const int GameMove = State.GameMoves;
@@ -144,7 +145,7 @@ void PerformSpecialMove(RulesState& State, const MoveRecord& Record) {
     MoveMaker Maker(State, Ply);
     State.MoveKingDemoted[GameMove] = 0;
 
-    // 3. Captures.
+    // 2. Captures.
     if (Record.Captures.Count != 0) {
         State.PlyIrreversible[Ply] = 1;
         for (int I = 0; I < Record.Captures.Count; ++I) {
@@ -163,8 +164,8 @@ void PerformSpecialMove(RulesState& State, const MoveRecord& Record) {
         }
     }
 
-    // 4. The piece. One that ends where it began is taken off the board, and so is a king just demoted: wanted as it
-    // stands, `TakeBackMove` is written against it.
+    // 3. The piece. One that ends where it began is taken off the board, and so is a king just demoted; `TakeBackMove`
+    // is written against it. Wanted: docs/kept_behaviour.md, "A king whose capture ends where it began".
     if (Source == FromHand) {
         Maker.Put(Dest, Side);
         --InHand(State, Side);
@@ -172,7 +173,7 @@ void PerformSpecialMove(RulesState& State, const MoveRecord& Record) {
         Maker.Move(Source, Dest);
     }
 
-    // 5. Promotion.
+    // 4. Promotion.
     if (Record.Kind != 0) {
         State.PlyIrreversible[Ply] = 1;
         Material -= 100;
@@ -182,7 +183,7 @@ void PerformSpecialMove(RulesState& State, const MoveRecord& Record) {
         Material += Turncoat ? 200 : 0;
     }
 
-    // 6. The last man of the side now to move may be crowned.
+    // 5. The last man of the side now to move may be crowned.
     if (State.RuleSet.ManKing == 1) {
         State.MoveLastManCrowned[GameMove] = static_cast<std::int16_t>(CrownLastMan(State, Maker));
     }
@@ -218,7 +219,7 @@ void TakeBackSpecialMove(RulesState& State, const MoveRecord& Record) {
         if (Cell != 0) {
             SetCell(State, Cell, -Side);
         } else {
-            // Nobody was crowned; the write to cell 0, which nobody plays on, is an old habit. Wanted.
+            // Nobody was crowned. Wanted: docs/kept_behaviour.md, "writes to cell 0".
             State.Board[0] = -Side;
         }
     }

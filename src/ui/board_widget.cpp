@@ -134,8 +134,7 @@ QRect BoardWidget::CellRect(int Cell) const {
             Pixels(Layout.BoardTop + Row * Layout.Pitch, TwipsPerPixel) - UpBy, Side, Side};
 }
 
-// --- Painting
-// ----------------------------------------------------------------------------------------------------------
+// --- Painting -------------------------------------------------------------------------------------------------------
 
 void BoardWidget::paintEvent(QPaintEvent* Event) {
     QPainter Painter(this);
@@ -252,8 +251,7 @@ void BoardWidget::PaintLabels(QPainter& Painter) const {
     }
 }
 
-// --- The mouse
-// -----------------------------------------------------------------------------------------------------------
+// --- The mouse ------------------------------------------------------------------------------------------------------
 
 int BoardWidget::CellAt(QPointF Where) const {
     for (int Cell = 0; Cell < view::BoardPictures; ++Cell) {
@@ -326,8 +324,7 @@ void BoardWidget::ShowPointer() {
     }
 }
 
-// --- The keyboard
-// --------------------------------------------------------------------------------------------------------
+// --- The keyboard ---------------------------------------------------------------------------------------------------
 
 bool BoardWidget::event(QEvent* Event) {
     // Keys that are shortcuts elsewhere are the cursor's here.
@@ -372,8 +369,7 @@ void BoardWidget::focusOutEvent(QFocusEvent* Event) {
                    Why == Qt::MouseFocusReason);
 }
 
-// --- Screen readers
-// ------------------------------------------------------------------------------------------------------
+// --- Screen readers -------------------------------------------------------------------------------------------------
 
 QString BoardWidget::CellText(int Cell) const {
     return SayCell ? QString::fromStdString(SayCell(Cell)) : QString();

@@ -56,8 +56,7 @@ MainWindow::~MainWindow() {
     Board->disconnect(this);
 }
 
-// --- Handlers
-// ------------------------------------------------------------------------------------------------------------
+// --- Handlers -------------------------------------------------------------------------------------------------------
 
 void MainWindow::Dispatch(const std::function<void(control::GameState&)>& Handler) {
     if (EndWanted) {
@@ -170,8 +169,7 @@ control::CommandId MainWindow::RunPopup(control::CommandId Menu) {
     return control::CommandId::None;
 }
 
-// --- The end
-// -------------------------------------------------------------------------------------------------------------
+// --- The end --------------------------------------------------------------------------------------------------------
 
 void MainWindow::closeEvent(QCloseEvent* Event) {
     if (!EndWanted) {

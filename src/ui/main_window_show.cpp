@@ -216,8 +216,7 @@ void MainWindow::ShowCommands() {
     }
 }
 
-// --- Layout
-// --------------------------------------------------------------------------------------------------------------
+// --- Layout ---------------------------------------------------------------------------------------------------------
 
 void MainWindow::ShowLayout() {
     const bool Same = EverShown && State->Layout == Shown.Layout && State->BoardFrame == Shown.BoardFrame;
@@ -326,8 +325,7 @@ void MainWindow::CentreOnScreen() {
          Free.top() + std::max(0, (Free.height() - Size.height()) / 2));
 }
 
-// --- The desktop's look
-// --------------------------------------------------------------------------------------------------
+// --- The desktop's look ---------------------------------------------------------------------------------------------
 
 // Lists and boxes are closed while the computer thinks, at every move: their texts fade, but nothing flashes.
 void MainWindow::SteadyBackgrounds() {

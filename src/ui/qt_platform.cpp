@@ -64,8 +64,7 @@ QtPlatform::QtPlatform(MainWindow& Owner, ProgramFolders Where) : Window(Owner),
     QtPlatform::SeedRandom();
 }
 
-// --- Time and chance
-// -----------------------------------------------------------------------------------------------------
+// --- Time and chance ------------------------------------------------------------------------------------------------
 
 double QtPlatform::Seconds() {
     constexpr double Day = 86400;
@@ -110,8 +109,7 @@ void QtPlatform::Refresh() {
     Window.ShowContents();
 }
 
-// --- Messages
-// ------------------------------------------------------------------------------------------------------------
+// --- Messages -------------------------------------------------------------------------------------------------------
 
 void QtPlatform::Message(std::string_view Title, std::string_view Words, control::Icon Sign) {
     Window.ShowContents();
@@ -159,8 +157,7 @@ void QtPlatform::OpenDocument(std::string_view Target) {
     QDesktopServices::openUrl(QUrl::fromUserInput(Text(Target)));
 }
 
-// --- Folders and the log
-// -------------------------------------------------------------------------------------------------
+// --- Folders and the log --------------------------------------------------------------------------------------------
 
 std::filesystem::path QtPlatform::ApplicationDirectory() const {
     return Folders.Program;
@@ -180,8 +177,7 @@ void QtPlatform::CloseLog() {
     Log.close();
 }
 
-// --- The end
-// ---------------------------------------------------------------------------------------------------------------
+// --- The end --------------------------------------------------------------------------------------------------------
 
 void QtPlatform::CloseWindow() {
     Window.CloseLater();
