@@ -228,18 +228,6 @@ void BoxSquare(ViewState& State, int Square) {
     CellShowing(State, Square).Box = IsDarkSquare(State, Square) ? Highlight::Dark : Highlight::Light;
 }
 
-void RepaintMoveSources(ViewState& State) {
-    if (State.StackLimit[State.Ply + 1] <= 0) {
-        return;
-    }
-    for (int I = State.StackLimit[State.Ply]; I < State.StackLimit[State.Ply + 1]; ++I) {
-        const std::int32_t Source = State.MoveStack[I].Source;
-        if (Source != rules::FromHand) {
-            RepaintSquare(State, Source);
-        }
-    }
-}
-
 Picture PointerOfPiece(std::int32_t Piece) {
     switch (Piece) {
     case rules::WhiteMan:

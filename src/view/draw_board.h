@@ -33,9 +33,6 @@ void PaintEmpty(ViewState& State, int Square);
 /// Puts the highlight on a square.
 void BoxSquare(ViewState& State, int Square);
 
-/// Takes the boxes off the squares from which a move of the ply starts.
-void RepaintMoveSources(ViewState& State);
-
 /// The drag pointer of a piece; `Picture::None` for anything else.
 Picture PointerOfPiece(std::int32_t Piece);
 

@@ -2,10 +2,8 @@
 #include "control/commands.h"
 #include "support/game_fixture.h"
 
-#include <algorithm>
 #include <map>
 #include <set>
-#include <vector>
 
 namespace zonterbrook::tests {
 namespace {
@@ -26,11 +24,6 @@ TEST(Commands, EveryCommandHasOneRowBehindItsMenuAndKeysOfItsOwn) {
     }
     EXPECT_EQ(static_cast<std::size_t>(control::CommandCount), Ids.size()) << "a command has no row";
     EXPECT_THROW(control::RowOf(None), base::Fault);
-    std::vector<int> Used;
-    for (const control::ToolbarButton& Button : control::ToolbarButtons()) {
-        Used.push_back(Button.Index);
-    }
-    EXPECT_EQ((std::vector{1, 2, 4, 5, 7, 8, 10, 11, 12, 13, 15, 16, 17, 19, 20, 21, 23, 25, 27}), Used);
 }
 
 struct StateCase {
@@ -92,17 +85,6 @@ constexpr StateCase StateRows[] = {
      "GRT"},
 };
 INSTANTIATE_TEST_SUITE_P(Rows, Enabled, testing::ValuesIn(StateRows), RowName);
-
-TEST_F(GameFixture, CancelIsPressedOncePerSearch) {
-    PretendTurn(Thinking);
-    ExpectCan(true, {Cancel});
-    Run(Cancel);
-    ExpectCan(false, {Cancel});
-    State.CancelRequested = rules::StopRequest::None; // a node has seen it, and the search unwinds
-    State.StopAutoPlay = 1;
-    ExpectCan(false, {Cancel});
-    PretendTurn(Resting);
-}
 
 TEST_F(GameFixture, ATurnGoesNoForbiddenWay) {
     EXPECT_THROW((control::EnterTurn(State, Ending), control::EnterTurn(State, Resting)), base::Fault);

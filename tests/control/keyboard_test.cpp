@@ -1,4 +1,4 @@
-// The board played on with the keys: every road of the mouse, from the cursor.
+// The board played on with the keys: the cursor, and how it does what the mouse would.
 #include "support/game_fixture.h"
 #include "view/layout.h"
 
@@ -6,7 +6,6 @@ namespace zonterbrook::tests {
 namespace {
 
 using control::BoardKey;
-using view::Highlight;
 using view::Picture;
 
 class Keyboard : public PersonsFixture {
@@ -16,7 +15,6 @@ protected:
         control::c_GotFocus(State, true);
     }
 
-    void Down(BoardKey Key) { control::c_KeyDown(State, Key); }
     void Stroke(BoardKey Key) {
         control::c_KeyDown(State, Key);
         control::c_KeyUp(State, Key);
@@ -39,18 +37,16 @@ protected:
     }
 };
 
-TEST_F(Keyboard, TheCursorBeginsOnAPieceThatCanMove) {
+TEST_F(Keyboard, TheCursorBeginsOnAPieceThatCanMoveAndStopsAtTheEdges) {
     EXPECT_NE(std::string::npos, control::c_Text(State, State.CursorCell).find("can move"));
-}
-
-TEST_F(Keyboard, APieceIsPickedCarriedAndDropped) {
-    PickAt("d4");
-    EXPECT_EQ(Picture::dark_square, CellOn("d4").Shows);
-    EXPECT_EQ(Picture::white_man_ico, CellOn("d4").Pointer);
-    EXPECT_EQ(Highlight::Dark, CellOn("e5").Box);
-    PickAt("e5");
-    EXPECT_EQ(1, PieceOn("e5"));
-    EXPECT_EQ(1, State.GameMoves);
+    for (const auto& [Edge, Outwards] :
+         {std::pair("a4", BoardKey::Left), {"j4", BoardKey::Right}, {"d0", BoardKey::Up}, {"d1", BoardKey::Down}}) {
+        WalkTo(Edge);
+        Stroke(Outwards);
+        EXPECT_EQ(Cell(Edge), State.CursorCell);
+    }
+    Run(TurnBoard);
+    EXPECT_EQ(Cell("d1"), State.CursorCell) << "the square stays behind when the board is turned";
 }
 
 // Whatever a cell measures, the cursor's cell is the one that the piece falls on.
@@ -61,7 +57,6 @@ TEST_F(Keyboard, WaysEndOnTheCursorsSquare) {
     for (const auto& [SizeClass, Twips, Turned] : Rows) {
         State.SizeClass = SizeClass;
         State.TwipsPerPixel = Twips;
-        State.BoardCustomSize = -1;
         State.BoardTurned = Turned;
         view::LayoutWindow(State);
         Lay("W a1, B j2");
@@ -84,38 +79,13 @@ TEST_F(Keyboard, PickedTwiceOrEscapedThePieceIsPutBack) {
     control::PutBackPiece(State);
     EXPECT_EQ(Picture::None, CellOn("d4").Pointer);
     EXPECT_EQ(Cell("e5"), State.CursorCell);
-    Stroke(BoardKey::Pick); // an empty square again
-    EXPECT_EQ(0, State.GameMoves);
-}
-
-TEST_F(Keyboard, RefusalsAreThoseOfTheMouse) {
-    World.ExpectMessage("Error", "White moves");
-    PickAt("b8");
-    World.ExpectMessage("Error", "Illegal move: that square is not empty");
-    PickAt("d4");
-    PickAt("c3");
-    PickAt("d4");
-    PickAt("d5"); // a light square puts it back in silence
-    EXPECT_EQ(-1, State.SourceCell);
-    EXPECT_EQ(0, State.GameMoves);
-}
-
-TEST_F(Keyboard, NumbersShowWhileTheKeyIsHeldOnAnEmptySquare) {
-    WalkTo("e5");
-    Down(BoardKey::Pick);
+    control::c_KeyDown(State, BoardKey::Pick); // an empty square again
     EXPECT_EQ(28, CellOn("e5").Number);
-    control::c_KeyUp(State, BoardKey::Pick);
-    EXPECT_EQ(0, CellOn("e5").Number);
-    Down(BoardKey::Pick);
     control::c_LostFocus(State, false); // the release goes elsewhere
     EXPECT_EQ(0, CellOn("e5").Number);
-}
-
-TEST_F(Keyboard, TheFirstStepBoxesWhatCanMove) {
-    view::DrawBoard(State, 0);
-    Stroke(BoardKey::Right);
-    EXPECT_EQ(Highlight::Dark, CellOn("d4").Box);
-    EXPECT_EQ(Highlight::None, CellOn("c3").Box);
+    control::c_Choose(State, Cell("e5"));
+    EXPECT_FALSE(State.NumbersShown) << "nothing holds the key";
+    EXPECT_EQ(0, State.GameMoves);
 }
 
 TEST_F(Keyboard, TheEditorOpensOnTheCursorsSquare) {
@@ -132,6 +102,7 @@ TEST_F(Keyboard, TheMouseHidesTheCursorAndSetsItsPlace) {
     EXPECT_EQ(-1, State.CursorCell);
     Stroke(BoardKey::Right); // comes back where the mouse was pressed, without a step
     EXPECT_EQ(Cell("d4"), State.CursorCell);
+    EXPECT_EQ(view::Highlight::Dark, CellOn("c7").Box) << "what can move is boxed, as by the mouse";
     Stroke(BoardKey::Right);
     EXPECT_EQ(Cell("e4"), State.CursorCell);
 }
@@ -154,27 +125,15 @@ TEST_F(Keyboard, TheCursorIsShownWhereTheKeysAre) {
     EXPECT_EQ(Cell("d4"), State.CursorCell);
 }
 
-TEST_F(Keyboard, NothingMovesWhileTheComputerThinksOrAfterTheEnd) {
-    const int Before = State.CursorCell;
+TEST_F(Keyboard, WordsSayWhatCanMoveOnlyWhenItMay) {
     for (const control::TurnState Closed : {control::TurnState::Thinking, control::TurnState::Over}) {
         PretendTurn(Closed);
-        PickAt("d4");
+        PickAt("d4"); // the cursor walks all the same
         EXPECT_EQ(-1, State.SourceCell);
         EXPECT_EQ("d4, White man", control::c_Text(State, Cell("d4")));
         PretendTurn(control::TurnState::Resting);
     }
-    EXPECT_NE(Before, State.CursorCell); // but the cursor walks
     EXPECT_EQ("d4, White man, can move", control::c_Text(State, Cell("d4")));
-}
-
-TEST_F(Keyboard, AChosenCellPicksAndDrops) {
-    control::c_Choose(State, Cell("d4"));
-    EXPECT_EQ(Cell("d4"), State.SourceCell);
-    EXPECT_EQ("e5, empty, target", control::c_Text(State, Cell("e5")));
-    control::c_Choose(State, Cell("e5"));
-    EXPECT_EQ(1, PieceOn("e5"));
-    control::c_Choose(State, Cell("d6"));
-    EXPECT_FALSE(State.NumbersShown); // nothing holds the key
 }
 
 } // namespace

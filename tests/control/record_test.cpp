@@ -34,8 +34,6 @@ TEST_F(Record, AGameByMouseTypingAndDoubleClick) {
     EXPECT_EQ(static_cast<int>(Choices), State.Record.HalfMoves[2].Choices);
     EXPECT_EQ(4000, State.Record.HalfMoves[3].TotalMaterial);
     EXPECT_EQ("Player-Player mode", Status());
-    ExpectCan(true, {Back, First});
-    ExpectCan(false, {Forward, Last});
     EXPECT_EQ("", control::CheckRest(State));
 }
 
@@ -47,14 +45,6 @@ TEST_F(Record, CapturesAndCrowningsAreWrittenAndWeighed) {
     EXPECT_EQ(400, State.Record.HalfMoves[1].TotalMaterial);
     EXPECT_EQ(0, State.Record.HalfMoves[1].Material) << "two against two, seen by the side to move";
     EXPECT_EQ(500, State.Record.HalfMoves[3].TotalMaterial);
-}
-
-TEST_F(Record, TheCommentBelongsToTheMoveToCome) {
-    Comment("a bold start");
-    Drag("d4", "e5");
-    EXPECT_EQ("a bold start", State.Record.HalfMoves[1].Comment);
-    EXPECT_EQ("", State.CommentText);
-    EXPECT_EQ("", State.Record.HalfMoves[2].Comment);
 }
 
 TEST_F(Record, AMoveInTheMiddleCutsTheTail) {
@@ -82,7 +72,6 @@ TEST_F(Record, TheReplyComesByItself) {
     Run(ComputerPlayer);
     Drag("d4", "e5");
     EXPECT_EQ(2, State.GameMoves);
-    EXPECT_TRUE(control::IsOpen(State, view::Control::MoveBox));
     EXPECT_FALSE(State.ChoiceList.Lines.empty());
     EXPECT_EQ("Player", State.WhitePlayerName) << "the reply changed the sides";
     control::c_MouseMove(State, Cell("d4"));
@@ -125,12 +114,14 @@ TEST_F(Record, TheNotationRewritesWhatHasBeenPlayed) {
     EXPECT_TRUE(control::IsTicked(State, Numeric));
     EXPECT_FALSE(control::IsTicked(State, Algebraic));
     EXPECT_EQ("46", State.EdgeLabels.front().Text);
+    EXPECT_EQ(1, std::ranges::count(State.ChoiceList.Lines, "31-26"));
     // Without notation the numbers stay; only the edges are bare.
     Run(NoNotation);
     ExpectNumbers();
     EXPECT_TRUE(State.EdgeLabels.empty());
     Run(Algebraic);
     EXPECT_EQ((Texts{"   1. d4-e5", "      e7-d6"}), State.GameList.Lines);
+    EXPECT_EQ((Texts{"e9-f0       7", "a1         -3"}), State.RootList.Lines);
 }
 
 TEST_F(Record, NumbersAreRefusedWhereEverySquareIsPlayedOn) {

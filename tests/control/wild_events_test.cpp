@@ -1,4 +1,5 @@
-// Random events of mouse, keyboard and commands: no fault, and after each of them a state that is in order.
+// Random events of mouse, keyboard and commands, with searches that are cancelled at any node: no fault, and after each
+// of them a state that is in order.
 #include "support/game_fixture.h"
 
 namespace zonterbrook::tests {
@@ -14,6 +15,12 @@ protected:
     void SetUp() override {
         GameFixture::SetUp();
         World.TakesAnything = true;
+        State.SearchDepth = 4;
+        World.OnNode = [&] {
+            if (Below(200) == 0) {
+                Run(Cancel);
+            }
+        };
     }
 
     int Below(int Limit) { return static_cast<int>(World.Random() * Limit); }
@@ -103,6 +110,7 @@ protected:
 
 TEST_P(WildEvents, LeaveTheStateInOrder) {
     PlayVariant(GetParam());
+    rules::BoardCellsArray Start = State.Board;
     int MovesSeen = 0;
     for (int Event = 0; Event < 3000; ++Event) {
         DoSomething();
@@ -110,13 +118,21 @@ TEST_P(WildEvents, LeaveTheStateInOrder) {
         ASSERT_FALSE(World.Ended) << World.LastSaid;
         ASSERT_EQ("", control::CheckRest(State))
             << "after event " << Event << ", position " << rules::SetupText(State.Board);
+        Start = State.Record.Count == 0 ? State.Board : Start;
+        if (Event % 20 == 0) {
+            Run(First);
+            ASSERT_EQ(Start, State.Board) << "the way back from event " << Event;
+            Run(Last);
+        }
     }
     EXPECT_GT(MovesSeen, 10) << "hardly a move was made";
 }
 
 INSTANTIATE_TEST_SUITE_P(Variants, WildEvents,
                          testing::Values("International Checkers", "Russian Checkers 10x10", "Turkish Draughts 10x10",
-                                         "Reserves", "Frisian Draughts"),
+                                         "Reserves", "Frisian Draughts", "American Checkers 10x10",
+                                         "Italian Checkers 10x10", "Giveaway Checkers 10x10", "Breakthrough Draughts",
+                                         "Dameo 10x10", "Turncoats"),
                          TextName);
 
 } // namespace

@@ -109,6 +109,14 @@ protected:
         }
     }
 
+    /// Plays four moves over and over, by which both sides go back and forth, until so many half-moves have been made
+    /// or the game is over.
+    void Shuffle(std::initializer_list<std::string_view> Moves, int HalfMoves) {
+        while (State.GameMoves < HalfMoves && !control::IsOver(State) && !HasFatalFailure()) {
+            Play(Moves.begin()[State.GameMoves % 4]);
+        }
+    }
+
     void DoubleClickMove(std::string_view Line) {
         const auto& Lines = State.ChoiceList.Lines;
         const auto At = std::find(Lines.begin(), Lines.end(), Line);

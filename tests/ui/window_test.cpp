@@ -27,18 +27,15 @@ TEST_F(MainWindow, OpensWithTheBoardDrawn) {
     EXPECT_TRUE(std::abs(Frame.center().x() - Free.center().x()) <= 2 || Frame.width() > Free.width());
 }
 
-struct FontCase {
-    int SizeClass;
-    int FontPixels;
-};
-
-using Fonts = RowsOf<MainWindow, FontCase>;
+// Size of the board, and of the font in pixels.
+class Fonts : public MainWindow, public testing::WithParamInterface<std::tuple<int, int>> {};
 
 TEST_P(Fonts, TextsAreReadWhole) {
+    const auto [SizeClass, FontPixels] = GetParam();
     QFont Font = Window->font();
-    Font.setPixelSize(GetParam().FontPixels);
+    Font.setPixelSize(FontPixels);
     Window->setFont(Font);
-    Game().SizeClass = GetParam().SizeClass;
+    Game().SizeClass = SizeClass;
     Game().RuleSet.canContract = 1; // with the labels of the pieces off the board
     Game().WhitePlayerName = "A player with a long name";
     view::LayoutWindow(Game());
@@ -63,24 +60,16 @@ TEST_P(Fonts, TextsAreReadWhole) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, Fonts,
-                         testing::Values(FontCase{0, 11}, FontCase{0, 13}, FontCase{0, 17}, FontCase{0, 22},
-                                         FontCase{2, 11}, FontCase{2, 13}, FontCase{2, 17}, FontCase{2, 22}));
+INSTANTIATE_TEST_SUITE_P(Rows, Fonts, testing::Combine(testing::Values(0, 2), testing::Values(11, 13, 17, 22)));
 
-TEST_F(MainWindow, MovablePiecesAreBoxed) {
-    Game().ShowAvailableMoves = 1;
+TEST_F(MainWindow, MovablePiecesAreBoxedAndATurnedBoardIsMirrored) {
+    const QImage Before = Seen();
     QTest::mouseMove(&Board(), Middle("e5"));
     QTest::mouseMove(&Board(), Middle("e6"));
-    const QImage Picture = Seen();
-    const auto EdgeOf = [&](const char* Name) {
-        return Picture.pixelColor(Board().CellRect(Cell(Name)).left() + 2, Middle(Name).y());
-    };
-    EXPECT_EQ(Yellow, EdgeOf("b4"));
-    EXPECT_NE(Yellow, EdgeOf("c3"));
-}
-
-TEST_F(MainWindow, TurnedBoardIsMirrored) {
-    const QImage Before = Seen();
+    const QImage Boxed = Seen();
+    const QPoint LeftEdge(2 - Board().CellRect(0).width() / 2, 0);
+    EXPECT_EQ(Yellow, Boxed.pixelColor(Middle("b4") + LeftEdge));
+    EXPECT_NE(Yellow, Boxed.pixelColor(Middle("c3") + LeftEdge));
     const QPoint Corner = Middle("a1");
     Run(CommandId::TurnBoard);
     const QImage Turned = Seen();
@@ -95,32 +84,21 @@ TEST_F(MainWindow, TurnedBoardIsMirrored) {
 // --- Moves by hand
 
 TEST_F(MainWindow, DragMakesTheMove) {
-    PlayBothSides();
-    Drag("d4", "e5");
-    EXPECT_EQ(1, Game().GameMoves);
-    EXPECT_EQ(1, PieceOn("e5"));
-    EXPECT_TRUE(LastLine().endsWith("d4-e5"));
-    EXPECT_EQ(Qt::ArrowCursor, Board().cursor().shape());
-}
-
-TEST_F(MainWindow, DropOutsidePutsThePieceBack) {
+    {
+        const NextBox Refusal("Error: White moves", QMessageBox::Ok, QMessageBox::Warning);
+        Take("b8"); // the lost release of the press does no harm
+    }
     PlayBothSides();
     Take("d4");
     EXPECT_EQ(Picture::dark_square, Game().Cells[Cell("d4")].Shows);
     QTest::mouseRelease(&Board(), Qt::LeftButton, {}, QPoint(-300, 5000));
     EXPECT_EQ(0, Game().GameMoves);
     EXPECT_EQ(Picture::dark_white_man, Game().Cells[Cell("d4")].Shows);
-    Drag("d4", "c5"); // and can be taken again
+    Drag("d4", "e5"); // and can be taken again
     EXPECT_EQ(1, Game().GameMoves);
-}
-
-TEST_F(MainWindow, EscapePutsThePieceBack) {
-    Take("d4");
-    EXPECT_EQ(Cell("d4"), Game().SourceCell);
-    Press(Qt::Key_Escape);
-    EXPECT_EQ(-1, Game().SourceCell);
-    Drop("e5");
-    EXPECT_EQ(0, Game().GameMoves);
+    EXPECT_EQ(1, PieceOn("e5"));
+    EXPECT_TRUE(LastLine().endsWith("d4-e5"));
+    EXPECT_EQ(Qt::ArrowCursor, Board().cursor().shape());
 }
 
 TEST_F(MainWindow, TypedMoveIsPlayed) {
@@ -144,14 +122,6 @@ TEST_F(MainWindow, DoubleClickedLineIsPlayed) {
     EXPECT_TRUE(LastLine().endsWith(Line));
 }
 
-TEST_F(MainWindow, WrongColourIsRefused) {
-    const NextBox Refusal("Error: White moves", QMessageBox::Ok, QMessageBox::Warning);
-    Take("b8");
-    PlayBothSides();
-    Drag("d4", "e5"); // the lost release of the press does no harm
-    EXPECT_EQ(1, Game().GameMoves);
-}
-
 // --- Commands
 
 TEST_F(MainWindow, ToolbarButtonsAreTheCommands) {
@@ -162,14 +132,9 @@ TEST_F(MainWindow, ToolbarButtonsAreTheCommands) {
     Drag("d4", "e5");
     QTest::mouseClick(Button("Back"), Qt::LeftButton);
     EXPECT_EQ(0, Game().GameMoves);
-}
-
-TEST_F(MainWindow, RefusedChoiceKeepsItsTick) {
-    EXPECT_TRUE(Entry(CommandId::Algebraic)->isChecked());
-    Game().RuleSet.PiecesOnBlack = 2; // squares of both colours have no numbers
+    Game().RuleSet.PiecesOnBlack = 2; // squares of both colours have no numbers: a refused choice keeps its tick
     Run(CommandId::Numeric);
-    EXPECT_TRUE(Entry(CommandId::Algebraic)->isChecked());
-    EXPECT_FALSE(Entry(CommandId::Numeric)->isChecked());
+    EXPECT_TRUE(Entry(CommandId::Algebraic)->isChecked() && !Entry(CommandId::Numeric)->isChecked());
 }
 
 TEST_F(MainWindow, ArrowsStepThroughTheGame) {
