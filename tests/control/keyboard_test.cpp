@@ -107,24 +107,6 @@ TEST_F(Keyboard, TheMouseHidesTheCursorAndSetsItsPlace) {
     EXPECT_EQ(Cell("e4"), State.CursorCell);
 }
 
-TEST_F(Keyboard, TheCursorIsShownWhereTheKeysAre) {
-    const int Before = State.CursorCell;
-    control::c_LostFocus(State, false);
-    EXPECT_EQ(-1, State.CursorCell);
-    control::c_GotFocus(State, false); // a message box has closed
-    EXPECT_EQ(Before, State.CursorCell);
-    control::c_LostFocus(State, true);
-    control::c_GotFocus(State, false); // the list that the person went to is closed while the computer thinks
-    EXPECT_EQ(-1, State.CursorCell);
-    control::c_GotFocus(State, true);
-    Press("d4");
-    control::c_LostFocus(State, false);
-    control::c_GotFocus(State, false); // the mouse plays
-    EXPECT_EQ(-1, State.CursorCell);
-    control::c_GotFocus(State, true);
-    EXPECT_EQ(Cell("d4"), State.CursorCell);
-}
-
 TEST_F(Keyboard, WordsSayWhatCanMoveOnlyWhenItMay) {
     for (const control::TurnState Closed : {control::TurnState::Thinking, control::TurnState::Over}) {
         PretendTurn(Closed);

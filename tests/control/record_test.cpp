@@ -37,16 +37,6 @@ TEST_F(Record, AGameByMouseTypingAndDoubleClick) {
     EXPECT_EQ("", control::CheckRest(State));
 }
 
-TEST_F(Record, CapturesAndCrowningsAreWrittenAndWeighed) {
-    Lay("w c3, w a9, b d4, b h8, b j0");
-    Play("c3e5 h8g7 a9b0");
-    EXPECT_EQ((Texts{"   1. c3xe5", "      h8-g7", "   2. a9-b0K"}), State.GameList.Lines);
-    EXPECT_EQ(500, State.Record.HalfMoves[0].TotalMaterial);
-    EXPECT_EQ(400, State.Record.HalfMoves[1].TotalMaterial);
-    EXPECT_EQ(0, State.Record.HalfMoves[1].Material) << "two against two, seen by the side to move";
-    EXPECT_EQ(500, State.Record.HalfMoves[3].TotalMaterial);
-}
-
 TEST_F(Record, AMoveInTheMiddleCutsTheTail) {
     for (const char* Move : {"b4a5", "i7j6", "d4c5", "g7h6"}) {
         Comment(Move);
@@ -94,6 +84,7 @@ TEST_F(Record, WhoMovesForTheOtherSideChangesSides) {
 
 TEST_F(Record, TheNotationRewritesWhatHasBeenPlayed) {
     Play("d4e5 e7d6");
+    State.Record.HalfMoves[2].FromBook = true;
     const game::NamedMove Best = {Square("d4"), Square("e5"), false, false};
     State.Calculated = {view::CalculationFields::Stage::Found, 2, Best, 12, false, 2};
     State.Calculated.Line[0] = Best;
@@ -103,7 +94,7 @@ TEST_F(Record, TheNotationRewritesWhatHasBeenPlayed) {
     view::ShowRootMoves(State);
     State.RootList.Selected = 1;
     const auto ExpectNumbers = [&] {
-        EXPECT_EQ((Texts{"   1. 32-28", "      18-22"}), State.GameList.Lines);
+        EXPECT_EQ((Texts{"   1. 32-28", "      18-22b"}), State.GameList.Lines);
         EXPECT_EQ((Texts{"8-3         7", "46         -3"}), State.RootList.Lines);
         EXPECT_EQ("Depth: 2   Best: 32-28   Score: 12\nMain: 32-28 18K ", State.Calculation.Text);
     };
@@ -120,79 +111,33 @@ TEST_F(Record, TheNotationRewritesWhatHasBeenPlayed) {
     ExpectNumbers();
     EXPECT_TRUE(State.EdgeLabels.empty());
     Run(Algebraic);
-    EXPECT_EQ((Texts{"   1. d4-e5", "      e7-d6"}), State.GameList.Lines);
-    EXPECT_EQ((Texts{"e9-f0       7", "a1         -3"}), State.RootList.Lines);
-}
-
-TEST_F(Record, NumbersAreRefusedWhereEverySquareIsPlayedOn) {
     State.RuleSet.PiecesOnBlack = 2;
     Run(Numeric);
     Run(NoNotation);
-    EXPECT_EQ(rules::Notation::Algebraic, State.NotationMode);
-    EXPECT_TRUE(control::IsTicked(State, Algebraic));
-}
-
-TEST_F(Record, CrownAndMarkOfTheBookOutliveAChangeOfNotation) {
-    Lay("w e9, b j0");
-    Run(Numeric);
-    Drag("e9", "f0");
-    EXPECT_EQ(Texts{"   1. 8-3K"}, State.GameList.Lines);
-    State.Record.HalfMoves[1].FromBook = true;
-    Run(Algebraic);
-    EXPECT_EQ(Texts{"   1. e9-f0Kb"}, State.GameList.Lines);
+    EXPECT_TRUE(control::IsTicked(State, Algebraic)) << "squares of both colours have no numbers";
+    EXPECT_EQ((Texts{"   1. d4-e5", "      e7-d6b"}), State.GameList.Lines);
+    EXPECT_EQ((Texts{"e9-f0       7", "a1         -3"}), State.RootList.Lines);
 }
 
 // --- the log -----------------------------------------------------------------------------------------------------
 
-constexpr std::string_view Heading = "      moves    score   depth    main";
-
-class RunningLog : public Record {
-protected:
-    void SetUp() override {
-        Record::SetUp();
-        World.Log.clear();
-    }
-    Texts Lines() const { return base::SplitLines(World.Log); }
-};
-
-TEST_F(RunningLog, AGameBeginsWithItsHeading) {
-    Play("d4e5 c7d6");
-    ASSERT_EQ(6U, Lines().size()) << World.Log;
-    EXPECT_EQ((Texts{"", "International Checkers", "White   Black", std::string(Heading)}),
-              (Texts{Lines()[0], Lines()[1], Lines()[2], Lines()[3]}));
-    EXPECT_EQ("   1. d4-e5   ", Lines()[4].substr(0, 14));
-    EXPECT_EQ("      c7-d6   ", Lines()[5].substr(0, 14));
-}
-
-TEST_F(RunningLog, MarksKeepTheColumnsAndTheHeadingSaysWhoBegan) {
-    Lay("w c1, w e5, b b2, b a9", rules::Black);
+TEST_F(Record, TheLogHasHeadingColumnsAndSearches) {
     World.Log.clear();
+    Play("d4e5");
+    EXPECT_TRUE(World.Log.starts_with("\nInternational Checkers\nWhite   Black\n      moves ")) << World.Log;
+    World.Log.clear();
+    Lay("w c1, w e5, b b2, b a9", rules::Black);
     Play("b2a1");
-    EXPECT_EQ("Black   White", Lines().at(2));
-    const std::string Line = Lines().at(4);
-    const std::string Score = std::to_string(State.Record.HalfMoves[1].Score);
-    EXPECT_EQ("   1. b2-a1K", Line.substr(0, 12));
-    EXPECT_EQ(20U, Line.size()) << Line;
-    EXPECT_EQ(Score, Line.substr(20 - Score.size()));
-}
-
-TEST_F(RunningLog, EveryColumnStandsUnderItsHeading) {
-    State.SearchDepth = 3;
+    State.Strength = 0;
+    State.SearchDepth = 2;
     Run(Compute);
-    const Texts Log = Lines();
-    ASSERT_EQ(8U, Log.size()) << World.Log;
-    const std::string& Line = Log[4];
-    const std::string Score = std::to_string(State.Record.HalfMoves[1].Score);
-    EXPECT_EQ(Score, Line.substr(Heading.find("score") + 5 - Score.size(), Score.size())) << Line;
-    EXPECT_EQ(" 3    ", Line.substr(Heading.find("depth") + 3, 6)) << Line;
-    EXPECT_EQ(State.GameList.Lines[0].substr(6), Line.substr(Heading.find("main"), 5)) << Line;
-    for (std::size_t Iteration = 1; Iteration <= 3; ++Iteration) {
-        const std::string& Search = Log[4 + Iteration];
-        EXPECT_EQ("               D: " + std::to_string(Iteration) + "   B: ", Search.substr(0, 25)) << Search;
-        EXPECT_NE(std::string::npos, Search.find("   S: ")) << Search;
-        EXPECT_NE(std::string::npos, Search.find("   M: ")) << Search;
-        EXPECT_EQ("  T: 00:00.00", Search.substr(Search.size() - 13)) << Search;
-    }
+    EXPECT_EQ("\nInternational Checkers (M)\nBlack   White\n"
+              "      moves    score   depth    main\n"
+              "   1. b2-a1K     181\n"
+              "      e5-d6     -193       2    e5-d6 a1-j0 \n"
+              "               D: 1   B: e5-d6   S:-181   M: e5-d6   T: 00:00.00\n"
+              "               D: 2   B: e5-d6   S:-193   M: e5-d6 a1-j0   T: 00:00.00\n",
+              World.Log);
 }
 
 } // namespace

@@ -14,7 +14,6 @@ class Start : public GameFixture {};
 
 TEST_F(Start, TheFirstStartOffersAGame) {
     EXPECT_FALSE(World.Ended);
-    EXPECT_EQ(1200, State.Rating);
     EXPECT_EQ(" Zonterbrook 1.20 - International Checkers", State.Caption);
     EXPECT_EQ("White moves", Status());
     EXPECT_FALSE(State.StatusPanels[view::ProductPanel].empty());
@@ -23,12 +22,10 @@ TEST_F(Start, TheFirstStartOffersAGame) {
     EXPECT_EQ("Player", State.UpperName.Text);
     EXPECT_EQ("Computer", State.LowerName.Text);
     EXPECT_EQ(9U, State.ChoiceList.Lines.size());
-    EXPECT_FALSE(control::IsOpen(State, view::Control::RootList));
     EXPECT_EQ("20", State.UpperMaterial.Text);
     for (const CommandId Id : {ComputerPlayer, Algebraic, Calculation}) {
         EXPECT_TRUE(control::IsTicked(State, Id)) << control::RowOf(Id).Name;
     }
-    ExpectCan(false, {Cancel, First});
     EXPECT_FALSE(State.HelpText.empty());
     EXPECT_EQ("\nZonterbrook 1.20   01/02/2003  04:05:06\n", World.Log);
     ExpectConsistent();
@@ -95,13 +92,6 @@ TEST_F(Start, CalculationIsToggled) {
 TEST_F(Start, TheRatingIsSaid) {
     World.ExpectMessage("Rating", "Your currrent rating is 1200");
     Run(Rating);
-}
-
-TEST_F(Start, DisabledCommandsDoNothing) {
-    for (const CommandId Id : {Analyze, NewVariant, Cancel, None}) {
-        Run(Id);
-    }
-    EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
 }
 
 } // namespace

@@ -25,44 +25,23 @@ protected:
 
     int Below(int Limit) { return static_cast<int>(World.Random() * Limit); }
 
-    // A square with a move more often than not: events at random hardly ever make one.
-    int SomeCell() {
-        const int Moves = rules::MoveCountOfPly(State);
-        if (Moves > 0 && Below(4) != 0) {
-            const rules::MoveRecord& Move = State.MoveStack[State.StackLimit[State.Ply] + Below(Moves)];
-            if (Move.Source != rules::FromHand) {
-                return view::CellOfSquare(State, Move.Source);
-            }
-        }
-        return Below(100);
-    }
-
-    int SomeTarget(int Cell) {
-        const int Square = view::SquareOfCell(State, Cell);
-        const int Moves = rules::MoveCountOfPly(State);
-        for (int I = 0; I < Moves && Below(4) != 0; ++I) {
-            const rules::MoveRecord& Move = State.MoveStack[State.StackLimit[State.Ply] + I];
-            if (Move.Source == Square) {
-                return view::CellOfSquare(State, Move.Dest);
-            }
-        }
-        return Below(100);
-    }
-
+    // From one cell to another: mostly as a move goes, since events at random hardly ever make one.
     void DragSomething() {
-        const int From = SomeCell();
-        const int To = SomeTarget(From);
+        const int Moves = rules::MoveCountOfPly(State);
+        const rules::MoveRecord& Move = State.MoveStack[State.StackLimit[State.Ply] + Below(std::max(Moves, 1))];
+        const bool Moving = Moves > 0 && Move.Source != rules::FromHand && Below(4) != 0;
+        const int From = Moving ? view::CellOfSquare(State, Move.Source) : Below(100);
+        const int To = Moving && Below(4) != 0 ? view::CellOfSquare(State, Move.Dest) : Below(100);
         const int Button = Below(60) == 0 ? control::RightButton : control::LeftButton;
         const int Pitch = State.Layout.DragPitch;
         if (Below(5) != 0) {
             control::c_MouseMove(State, From);
         }
         control::c_MouseDown(State, From, Button);
-        if (Below(8) == 0) {
-            return; // the release comes in the middle of something else, or never
+        if (Below(8) != 0) { // else the release comes in the middle of something else, or never
+            control::c_MouseUp(State, From, Button, (To % 10 - From % 10) * Pitch + Below(Pitch),
+                               (To / 10 - From / 10) * Pitch + Below(Pitch));
         }
-        control::c_MouseUp(State, From, Button, (To % 10 - From % 10) * Pitch + Below(Pitch),
-                           (To / 10 - From / 10) * Pitch + Below(Pitch));
     }
 
     void Scribble() {

@@ -24,7 +24,6 @@ public:
     std::filesystem::path Directory;
     std::function<void()> OnWait;    ///< runs while the program waits
     std::function<void()> OnMessage; ///< runs while a message stands
-    std::function<void()> OnClose;   ///< what the window does when it is told to close
     std::function<void()> OnNode;    ///< runs at every node of a search
     std::uint64_t Nodes = 0;
     std::deque<double> Chances; ///< random numbers to come; behind them a fixed row goes on
@@ -35,7 +34,6 @@ public:
     bool Ended = false;
     bool TakesAnything = false; ///< nothing that is said or asked is unexpected; questions are answered by lot
     int Closings = 0;
-    double Waited = 0;
     std::string LastSaid;
 
     explicit ScriptedPlatform(std::filesystem::path ApplicationFolder)
@@ -69,7 +67,6 @@ public:
     void PlaySound(std::string_view File) override { Sounds.emplace_back(File); }
     void Wait(double Seconds) override {
         Clock += Seconds;
-        Waited += Seconds;
         if (OnWait) {
             OnWait();
         }
@@ -86,12 +83,7 @@ public:
     }
     void CloseLog() override { LogIsOpen = false; }
     void OpenDocument(std::string_view Target) override { ADD_FAILURE() << "opened unasked: " << Target; }
-    void CloseWindow() override {
-        ++Closings;
-        if (OnClose) {
-            OnClose();
-        }
-    }
+    void CloseWindow() override { ++Closings; }
     void EndProgram() override { Ended = true; }
 
     double Seconds() override { return Clock; }

@@ -154,15 +154,6 @@ const MouseCase MouseRows[] = {{"inside", 44, {10, 20}, {150, 300}},
                                {"outside_the_widget", 0, {-200, 2000}, {-3000, 30000}}};
 INSTANTIATE_TEST_SUITE_P(Rows, Mouse, testing::ValuesIn(MouseRows), RowName);
 
-TEST_F(BoardOnly, LostReleaseDoesNotKeepTheCell) {
-    const QSignalSpy Pressed(&Board, &BoardWidget::CellPressed);
-    QTest::mousePress(&Board, Qt::LeftButton, {}, Board.CellRect(12).center());
-    // The release goes to a message box that the press has opened.
-    QTest::mousePress(&Board, Qt::LeftButton, {}, Board.CellRect(77).center());
-    ASSERT_EQ(2, Pressed.count());
-    EXPECT_EQ(77, Pressed.at(1).at(0).toInt());
-}
-
 TEST_F(BoardOnly, PointerFollowsTheContents) {
     EXPECT_EQ(Qt::ArrowCursor, Board.cursor().shape());
     State.Cells[3].Pointer = Picture::white_man_ico;
