@@ -47,7 +47,7 @@ public:
     static constexpr char ColumnEnd = '\x1F';
     static constexpr std::size_t LongestColumn = 250;
     /// A longer game is refused when it is read.
-    static constexpr std::uint64_t LongestGame = 64 << 20;
+    static constexpr std::uint64_t LongestGame = 32 << 20;
 
     /// Reads a game of the list from the file. Faults if there is no such game.
     ReadResult<PdnGame> Read(std::size_t Game) const;
