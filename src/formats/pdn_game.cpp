@@ -223,7 +223,6 @@ private:
             Cut = !Over;
         } else if (CanGlue && Separators.find(Token.front()) != std::string_view::npos) {
             Game.Moves.back().Text += Token;
-            CanGlue = false;
             if (IsPdnResult(Game.Moves.back().Text)) {
                 EndWithLast();
             }
@@ -231,8 +230,7 @@ private:
             Game.Result = Token;
             Over = true;
         } else {
-            const auto Parts = SplitPdnMove(Token);
-            CanGlue = Parts && Parts->IsEntry();
+            CanGlue = SplitPdnMove(Token).has_value();
             Game.Moves.push_back({std::move(Token), std::exchange(Pending, {})});
         }
     }
@@ -291,7 +289,7 @@ private:
     std::size_t LastBrace;
     std::size_t At = 0;
     std::string Pending;  ///< comments for the half-move to come
-    bool CanGlue = false; ///< the token before was a square alone, and nothing stood between
+    bool CanGlue = false; ///< squares stood in the token before, and nothing between
     bool Over = false;    ///< the result has been read
     bool Cut = false;     ///< there are more half-moves than are read
     bool Stopped = false; ///< nothing more is read
