@@ -89,15 +89,28 @@ void AppendEntry(std::string& Text, std::string_view Key, std::string_view Value
     }
 }
 
-/// The entries of a rule set tag as the lines of a variant file.
+/// The entries of a rule set tag as the lines of a variant file, behind its title. What is no entry is left out: it
+/// might look like the line that ends such a file.
 std::string EntriesAsLines(std::string_view Text) {
     std::string Lines = "\n";
+    std::string Entry;
+    const auto EndEntry = [&] {
+        if (Entry.find('=') != std::string::npos) {
+            Lines.append(Entry).append("\n");
+        }
+        Entry.clear();
+    };
     for (std::size_t At = 0; At < Text.size(); ++At) {
         const bool Doubled = Text.substr(At, 2) == "||";
-        Lines += Text[At] == EntryEnd && !Doubled ? '\n' : Text[At];
+        if (Text[At] == EntryEnd && !Doubled) {
+            EndEntry();
+        } else {
+            Entry += Text[At];
+        }
         At += Doubled ? 1 : 0;
     }
-    return Lines + '\n';
+    EndEntry();
+    return Lines;
 }
 
 } // namespace
