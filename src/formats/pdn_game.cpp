@@ -253,14 +253,18 @@ private:
             MatchParentheses();
         }
         int Depth = std::ranges::binary_search(Unmatched, static_cast<std::uint32_t>(At)) ? 0 : 1;
-        for (++At; Depth > 0; At = NextInVariation(At)) {
+        for (++At; Depth > 0 && At < Text.size(); At = NextInVariation(At)) {
             Depth += Text[At] == '(' ? 1 : Text[At] == ')' ? -1 : 0;
         }
         CanGlue = false;
     }
 
-    /// The place behind what stands at `From`, a comment counted whole.
+    /// The place behind what stands at `From`, a comment or an escape line counted whole.
     std::size_t NextInVariation(std::size_t From) const {
+        if (Text[From] == '\n') {
+            const std::size_t First = SkipPdnBlanks(Text, From + 1);
+            return First < Text.size() && Text[First] == '%' ? LineEnd(First) : From + 1;
+        }
         return Text[From] == '{' ? BehindComment(From) : Text[From] == ';' ? LineEnd(From) : From + 1;
     }
 
@@ -269,17 +273,16 @@ private:
         Unmatched.clear();
         std::size_t Place = At;
         bool Empty = false; // nothing but blanks in the line so far
-        for (; Place < Text.size(); Place = NextInVariation(Place)) {
+        while (Place < Text.size() && !(Empty && Text[Place] == '\n')) {
             const char C = Text[Place];
-            if (C == '\n' && std::exchange(Empty, true)) {
-                break;
-            }
-            Empty = Empty && (IsPdnBlank(C) || C == '\n');
             if (C == '(') {
                 Unmatched.push_back(static_cast<std::uint32_t>(Place));
             } else if (C == ')' && !Unmatched.empty()) {
                 Unmatched.pop_back();
             }
+            const std::size_t Next = NextInVariation(Place);
+            Empty = C == '\n' ? Next == Place + 1 : Empty && IsPdnBlank(C);
+            Place = Next;
         }
         MatchedUntil = Place;
     }

@@ -124,7 +124,8 @@ std::string WritePdnGame(const PdnGame& Game, std::string_view Today) {
     Out.EndLine();
     // 3. The moves.
     Out.Moves(Game);
-    Out.Word(Result);
+    // A word of someone's own for the result stands in the tag alone.
+    Out.Word(IsPdnResult(Result) ? Result : NoResult);
     Out.EndLine();
     Out.EndLine();
     return std::move(Out.Text);

@@ -2,6 +2,7 @@
 #include "formats/rule_tags.h"
 
 #include "base/fault.h"
+#include "formats/pdn_characters.h"
 #include "formats/variant_file.h"
 #include "rules/known_rules.h"
 #include "rules/position.h"
@@ -105,7 +106,7 @@ std::string EntriesAsLines(std::string_view Text) {
         if (Text[At] == EntryEnd && !Doubled) {
             EndEntry();
         } else {
-            Entry += Text[At];
+            Entry += IsPdnLineEnd(Text[At]) ? ' ' : Text[At];
         }
         At += Doubled ? 1 : 0;
     }
@@ -163,7 +164,9 @@ std::string WriteRuleSetTag(const RuleTagDocument& Document) {
     for (const rules::RuleKey& Key : rules::RuleKeys()) {
         AppendRule(Key.Name);
     }
-    AppendEntry(Text, "Setup=", Document.Setup);
+    if (!Document.Setup.empty()) {
+        AppendEntry(Text, "Setup=", Document.Setup);
+    }
     for (const std::string_view Key : rules::PromotionKeys) {
         AppendRule(Key);
     }
