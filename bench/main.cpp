@@ -4,6 +4,7 @@
 #include "engine/root_search.h"
 #include "engine/search.h"
 #include "formats/variant_file.h"
+#include "pdn_bench.h"
 #include "rules/generate.h"
 #include "rules/install.h"
 #include "rules/moves.h"
@@ -174,6 +175,7 @@ int main(int Count, char** Arguments) {
         return 1;
     }
     RegisterAll();
+    RegisterPdnBenchmarks();
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }
