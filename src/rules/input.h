@@ -10,7 +10,9 @@ namespace zonterbrook::rules {
 /// found by `Dest` alone.
 int FindMove(RulesState& State, int Source, int Dest);
 
-/// Plays the move on record `Move` of the ply as a move of the game: the ply becomes the root first.
+/// Plays the move on record `Move` of the ply as a move of the game: the ply becomes the root first. A piece whose
+/// capture ends where it began, or that its capture has made a man, stays on the board; `Material` knows nothing of
+/// that.
 void PlayMove(RulesState& State, int Move);
 
 } // namespace zonterbrook::rules

@@ -11,7 +11,7 @@ namespace zonterbrook::rules {
 
 namespace {
 
-constexpr RuleKey Narrow(std::string_view Name, std::uint8_t RuleSetFields::*Field) {
+constexpr RuleKey Byte(std::string_view Name, std::uint8_t RuleSetFields::*Field) {
     return {Name, Field, nullptr};
 }
 constexpr RuleKey Wide(std::string_view Name, std::int32_t RuleSetFields::*Field) {
@@ -20,34 +20,39 @@ constexpr RuleKey Wide(std::string_view Name, std::int32_t RuleSetFields::*Field
 
 using R = RuleSetFields;
 constexpr RuleKey Keys[] = {
-    Narrow("MulJumps", &R::MulJumps),
-    Narrow("MaxCapMove", &R::MaxCapMove),
-    Narrow("BlackStarts", &R::BlackStarts),
-    Narrow("PiecesOnBlack", &R::PiecesOnBlack),
+    Byte("MulJumps", &R::MulJumps),
+    Byte("MaxCapMove", &R::MaxCapMove),
+    Byte("BlackStarts", &R::BlackStarts),
+    Byte("PiecesOnBlack", &R::PiecesOnBlack),
     Wide("AntiMode", &R::AntiMode),
-    Narrow("WinAtPromo", &R::WinAtPromo),
-    Narrow("MaxCapMoveKings", &R::MaxCapMoveKings),
-    Narrow("ManCapKing", &R::ManCapKing),
-    Narrow("KingCapMove", &R::KingCapMove),
-    Narrow("ManContJump", &R::ManContJump),
-    Narrow("LongKings", &R::LongKings),
-    Narrow("ManContJumpCrowned", &R::ManContJumpCrowned),
-    Narrow("RemovePieces", &R::RemovePieces),
-    Narrow("NoLegalDraw", &R::NoLegalDraw),
-    Narrow("RemoveMen", &R::RemoveMen),
+    Byte("WinAtPromo", &R::WinAtPromo),
+    Byte("MaxCapMoveKings", &R::MaxCapMoveKings),
+    Byte("ManCapKing", &R::ManCapKing),
+    Byte("KingCapMove", &R::KingCapMove),
+    Byte("ManContJump", &R::ManContJump),
+    Byte("LongKings", &R::LongKings),
+    Byte("RemovePieces", &R::RemovePieces),
+    Byte("KingFirst", &R::KingFirst),
+    Byte("ManCapMoveKing", &R::ManCapMoveKing),
+    Byte("KingWin", &R::KingWin),
+    Byte("MaxCapMoveK", &R::MaxCapMoveK),
+    Byte("CapRequired", &R::CapRequired),
+    Byte("NoLegalDraw", &R::NoLegalDraw),
+    Byte("RemoveMen", &R::RemoveMen),
+    Byte("NumberMen", &R::NumberMen),
+    Byte("DoMoves", &R::DoMoves),
+    Byte("NumberMoves", &R::NumberMoves),
+    Byte("LastCap", &R::LastCap),
+    Byte("ManKing", &R::ManKing),
+    Byte("KingMan", &R::KingMan),
+    Byte("ChangeSide", &R::ChangeSide),
+    Byte("ThreeKings", &R::ThreeKings),
+    Byte("NumberKings", &R::NumberKings),
+    Byte("CapReverse", &R::CapReverse),
+    Byte("RndColor", &R::RndColor),
+    Wide("JumpFriend", &R::JumpFriend),
+    Wide("NumberFriends", &R::NumberFriends),
     Wide("TwoKings", &R::TwoKings),
-    Narrow("NumberMen", &R::NumberMen),
-    Narrow("DoMoves", &R::DoMoves),
-    Narrow("NumberMoves", &R::NumberMoves),
-    Narrow("LastCap", &R::LastCap),
-    Narrow("ManKing", &R::ManKing),
-    Narrow("KingMan", &R::KingMan),
-    Narrow("ChangeSide", &R::ChangeSide),
-    Narrow("KingFirst", &R::KingFirst),
-    Narrow("ManCapMoveKing", &R::ManCapMoveKing),
-    Narrow("KingWin", &R::KingWin),
-    Narrow("ThreeKings", &R::ThreeKings),
-    Narrow("NumberKings", &R::NumberKings),
     Wide("NumberKings2", &R::NumberKings2),
     Wide("NumberPieces", &R::NumberPieces),
     Wide("canContract", &R::canContract),
@@ -56,12 +61,7 @@ constexpr RuleKey Keys[] = {
     Wide("ContractW2", &R::ContractW2),
     Wide("ContractB1", &R::ContractB1),
     Wide("ContractB2", &R::ContractB2),
-    Narrow("MaxCapMoveK", &R::MaxCapMoveK),
-    Narrow("CapRequired", &R::CapRequired),
-    Narrow("CapReverse", &R::CapReverse),
-    Wide("JumpFriend", &R::JumpFriend),
-    Wide("NumberFriends", &R::NumberFriends),
-    Narrow("RndColor", &R::RndColor),
+    Byte("ManContJumpCrowned", &R::ManContJumpCrowned),
 };
 
 /// The sixteen entries of a promotion text.
@@ -92,8 +92,8 @@ std::string PromotionText(const PromotionTable& Table, int Column) {
 } // namespace
 
 void RuleKey::Write(RuleSetFields& Rules, std::int64_t Value) const {
-    if (Narrow != nullptr) {
-        Rules.*Narrow = base::Narrow<std::uint8_t>(Value);
+    if (Byte != nullptr) {
+        Rules.*Byte = base::Narrow<std::uint8_t>(Value);
     } else {
         Rules.*Wide = base::Narrow<std::int32_t>(Value);
     }
@@ -106,6 +106,14 @@ std::span<const RuleKey> RuleKeys() {
 const RuleKey* FindRuleKey(std::string_view Name) {
     const auto* Found = std::ranges::find(Keys, Name, &RuleKey::Name);
     return Found == std::ranges::end(Keys) ? nullptr : Found;
+}
+
+std::string PromotionNames(const PromotionTable& Table, int Column) {
+    std::string Names;
+    for (const auto& Row : Table) {
+        Names += Row[Column] == NoSquare ? std::string() : base::ToUpper(AlgebraicName(Row[Column]));
+    }
+    return Names;
 }
 
 bool WriteTextRule(RuleSetFields& Rules, std::string_view Key, std::string_view Value) {

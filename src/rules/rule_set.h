@@ -100,17 +100,17 @@ struct RuleSetFields {
 /// One numeric rule: the name of its key and the field, which is either 8 bits wide or 32.
 struct RuleKey {
     std::string_view Name;
-    std::uint8_t RuleSetFields::*Narrow = nullptr;
+    std::uint8_t RuleSetFields::*Byte = nullptr;
     std::int32_t RuleSetFields::*Wide = nullptr;
 
-    constexpr std::int64_t Lowest() const { return Narrow != nullptr ? 0 : INT32_MIN; }
-    constexpr std::int64_t Highest() const { return Narrow != nullptr ? UINT8_MAX : INT32_MAX; }
-    std::int32_t Read(const RuleSetFields& Rules) const { return Narrow != nullptr ? Rules.*Narrow : Rules.*Wide; }
+    constexpr std::int64_t Lowest() const { return Byte != nullptr ? 0 : INT32_MIN; }
+    constexpr std::int64_t Highest() const { return Byte != nullptr ? UINT8_MAX : INT32_MAX; }
+    std::int32_t Read(const RuleSetFields& Rules) const { return Byte != nullptr ? Rules.*Byte : Rules.*Wide; }
     /// Sets the field; throws a `base::Fault`, and sets nothing, when the value does not fit.
     void Write(RuleSetFields& Rules, std::int64_t Value) const;
 };
 
-/// Every numeric rule, once, in the order in which files list them.
+/// Every numeric rule, once, in the order in which a game file lists them.
 std::span<const RuleKey> RuleKeys();
 
 /// The row with exactly this name, case included, or nullptr.
@@ -121,6 +121,9 @@ inline constexpr std::string_view MovementKeys[4] = {"WhiteManMovement", "BlackM
                                                      "BlackKingMovement"};
 /// The keys of the two columns of `PromotionSquares`.
 inline constexpr std::string_view PromotionKeys[2] = {"PromoW", "PromoB"};
+
+/// The squares of a promotion column, upper-case names of two characters joined; rows without a square are left out.
+std::string PromotionNames(const PromotionTable& Table, int Column);
 
 /// Sets the movement string or promotion column that `Key` names; false when it names none.
 /// A promotion text holds up to sixteen two-character squares; what names no square leaves -1.

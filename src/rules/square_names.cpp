@@ -19,21 +19,20 @@ std::string NumberedName(int Square, Padding Pad) {
     return Name;
 }
 
-int NumberedCell(const RulesState& State, std::string_view Name) {
-    const std::int64_t Number = base::LenientNumber(Name);
+} // namespace
+
+int NumberedCell(int PiecesOnBlack, std::int64_t Number) {
     if (Number < 1 || Number > NumberedSquares) {
         return 0;
     }
     const int Row = (static_cast<int>(Number) - 1) / 5;
     const int Column = Number % 5 == 0 ? 5 : static_cast<int>(Number % 5);
     int Cell = 132 - RowWidth * Row + 2 * Column - Row % 2;
-    if (State.RuleSet.PiecesOnBlack == 0) {
+    if (PiecesOnBlack == 0) {
         Cell += RowOf(Cell) % 2 == 0 ? 1 : -1;
     }
     return Cell;
 }
-
-} // namespace
 
 std::string AlgebraicName(int Cell) {
     const int Row = RowOf(Cell);
@@ -59,7 +58,9 @@ std::string SquareNotation(Notation Names, int Square, Padding Pad) {
 }
 
 int SquareNumber(const RulesState& State, std::string_view Name) {
-    return State.NotationMode != Notation::Algebraic ? NumberedCell(State, Name) : AlgebraicCell(Name);
+    return State.NotationMode != Notation::Algebraic
+               ? NumberedCell(State.RuleSet.PiecesOnBlack, base::LenientNumber(Name))
+               : AlgebraicCell(Name);
 }
 
 } // namespace zonterbrook::rules

@@ -20,6 +20,9 @@ std::string AlgebraicName(int Cell);
 /// a person convert it first. Does not ask whether the cell is played on.
 int AlgebraicCell(std::string_view Name);
 
+/// The cell of a square by number, 1 to 50, on the colour that `PiecesOnBlack` tells; 0 for any other number.
+int NumberedCell(int PiecesOnBlack, std::int64_t Number);
+
 /// The name of a cell. Empty for an entry from off the board, "--" for a border cell.
 std::string SquareNotation(Notation Names, int Square, Padding Pad);
 

@@ -60,7 +60,7 @@ std::unique_ptr<rules::RulesState> Start(const VariantDocument& Document) {
     return State;
 }
 
-TEST(ShippedVariants, NameEveryRuleOnceAndInTheUsualOrder) {
+TEST(ShippedVariants, NameEveryRuleOnceBehindTheStartPosition) {
     for (const std::string& Name : ListVariants(Folder())) {
         SCOPED_TRACE(Name);
         const std::vector<std::string> Lines = FileLines(Name);
@@ -72,12 +72,15 @@ TEST(ShippedVariants, NameEveryRuleOnceAndInTheUsualOrder) {
                 Keys.push_back(KeyOf(Lines[Index]));
             }
         }
+        ASSERT_EQ("Setup", Keys.front());
+        std::ranges::sort(Keys);
         std::vector<std::string> Expected = {"Setup"};
         for (const rules::RuleKey& Key : rules::RuleKeys()) {
             Expected.emplace_back(Key.Name);
         }
         Expected.insert(Expected.end(), std::begin(rules::PromotionKeys), std::end(rules::PromotionKeys));
         Expected.insert(Expected.end(), std::begin(rules::MovementKeys), std::end(rules::MovementKeys));
+        std::ranges::sort(Expected);
         EXPECT_EQ(Expected, Keys);
     }
 }
