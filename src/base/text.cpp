@@ -113,6 +113,10 @@ std::string DecodeText(std::string_view Bytes) {
     return Text;
 }
 
+bool IsDigits(std::string_view Text) {
+    return !Text.empty() && Text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 std::string ToLower(std::string_view Text) {
     std::string Result(Text);
     std::ranges::transform(Result, Result.begin(),

@@ -21,6 +21,9 @@ std::vector<std::string> SplitLines(std::string_view Text);
 /// `Bytes` as UTF-8: unchanged if they are valid, else read as Latin-1. A byte-order mark is dropped.
 std::string DecodeText(std::string_view Bytes);
 
+/// Whether a text has digits alone, and at least one.
+bool IsDigits(std::string_view Text);
+
 /// ASCII letters turned to lower or upper case; every other byte stays.
 std::string ToLower(std::string_view Text);
 std::string ToUpper(std::string_view Text);

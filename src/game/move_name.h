@@ -5,6 +5,7 @@
 #include "rules/square_names.h"
 
 #include <string>
+#include <string_view>
 
 namespace zonterbrook::game {
 
@@ -25,5 +26,22 @@ std::string MoveName(rules::Notation Names, char CaptureChar, const NamedMove& M
 
 /// The same by the notation and the capture character in force.
 std::string MoveName(const rules::RulesState& State, const NamedMove& Move);
+
+/// A move as files name it: both squares without anything between them, two characters each ("c3d4", "0510"); the
+/// square alone of a piece that enters.
+std::string RawMove(rules::Notation Names, const NamedMove& Move);
+
+/// The two cells that a text names, 0 for what names none; a piece that enters has its square twice.
+struct MoveEnds {
+    int Source = 0;
+    int Dest = 0;
+};
+
+/// A raw move in the notation in force; one of two characters names a piece that enters. Letters in either case.
+MoveEnds ReadRawMove(const rules::RulesState& State, std::string_view Raw);
+
+/// A move as a person types it: hyphen, capture signs and blanks split the squares; where nothing does, the first has
+/// two characters.
+MoveEnds ReadTypedMove(const rules::RulesState& State, std::string_view Text);
 
 } // namespace zonterbrook::game
