@@ -35,6 +35,15 @@ std::filesystem::path TextPath(std::string_view Text);
 /// name wins where several differ in case alone. Nothing when it isn't there, or when the name leads out of the folder.
 std::optional<std::filesystem::path> FindFile(const std::filesystem::path& Folder, std::string_view Name);
 
+/// The bytes of a whole file.
+ReadResult<std::string> ReadFileBytes(const std::filesystem::path& File);
+
+/// Writes a file, or adds to the end of one: to a new file beside it first, which is flushed to the disk and then takes
+/// the old one's name, so that there is always a whole file. A failure leaves the old file as it was, nothing beside
+/// it, and gives a sentence that names the file and tells why.
+std::optional<ReadError> WriteFile(const std::filesystem::path& File, std::string_view Bytes);
+std::optional<ReadError> AppendToFile(const std::filesystem::path& File, std::string_view Bytes);
+
 /// The whole file as UTF-8 text; bytes that are no UTF-8 are taken for Latin-1.
 ReadResult<std::string> ReadTextFile(const std::filesystem::path& File);
 
