@@ -18,6 +18,9 @@ constexpr std::string_view EditedMark = " (M)";
 void ShowTitle(ViewState& State) {
     State.VariantLine.Text = State.VariantTitle;
     State.Caption = " " + std::string(ProductName) + " - " + State.VariantTitle;
+    if (!State.FileName.empty()) {
+        State.Caption += " - " + State.FileName;
+    }
 }
 
 } // namespace
@@ -118,6 +121,11 @@ void ShowVariantTitle(ViewState& State) {
     if (!(State.RuleSet == State.LoadedRuleSet)) {
         State.VariantTitle += EditedMark;
     }
+    ShowTitle(State);
+}
+
+void ShowFileName(ViewState& State, std::string_view Name) {
+    State.FileName = Name;
     ShowTitle(State);
 }
 

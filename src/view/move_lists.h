@@ -40,6 +40,9 @@ void ShowStrength(ViewState& State);
 /// Caption and variant label, with " (M)" when the rules in force differ from those of the variant's file.
 void ShowVariantTitle(ViewState& State);
 
+/// The name of the game's file behind it in the caption; empty: none.
+void ShowFileName(ViewState& State, std::string_view Name);
+
 /// The same mark for a game that does not begin as the variant does, whatever its rules.
 void MarkTitle(ViewState& State);
 

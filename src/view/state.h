@@ -248,6 +248,7 @@ struct ViewState : engine::EngineState, SettingsFields, WindowContents {
     std::string WhitePlayerName;
     std::string BlackPlayerName;
     CalculationFields Calculated;
+    std::string FileName; ///< of the file that holds the game, without its folder; empty for none
 
     // --- written by `DrawBoard` -------------------------------------------------------------------------------------
     std::int32_t WhiteMaterial = 0; ///< men, a king counting two
