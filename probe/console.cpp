@@ -4,6 +4,7 @@
 #include "base/checked_number.h"
 #include "base/text.h"
 #include "bench_positions.h"
+#include "console_text.h"
 #include "control/variant_start.h"
 #include "engine/evaluate.h"
 #include "engine/root_search.h"
@@ -19,6 +20,7 @@
 #include <charconv>
 #include <chrono>
 #include <cstdint>
+#include <ctime>
 #include <functional>
 #include <stdexcept>
 
@@ -30,49 +32,6 @@ using namespace rules;
 namespace {
 
 constexpr int DeepestSearch = MaxPly;
-
-/// What is wrong with a command.
-class CommandError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
-std::vector<std::string_view> SplitWords(std::string_view Text) {
-    std::vector<std::string_view> Words;
-    while (!(Text = base::Trim(Text)).empty()) {
-        const std::size_t End = Text.find_first_of(" \t");
-        Words.push_back(Text.substr(0, End));
-        Text.remove_prefix(End == std::string_view::npos ? Text.size() : End);
-    }
-    return Words;
-}
-
-void ExpectCount(const std::vector<std::string_view>& Words, std::size_t Least, std::size_t Most) {
-    if (Words.size() < Least || Words.size() > Most) {
-        throw CommandError(Words.size() < Least ? "too few arguments" : "too many arguments");
-    }
-}
-
-std::int64_t Number(std::string_view Text, std::int64_t Lowest, std::int64_t Highest) {
-    std::int64_t Value = 0;
-    const auto Result = std::from_chars(Text.data(), Text.data() + Text.size(), Value);
-    if (Result.ec != std::errc{} || Result.ptr != Text.data() + Text.size()) {
-        throw CommandError("'" + std::string(Text) + "' is no number");
-    }
-    if (Value < Lowest || Value > Highest) {
-        throw CommandError(std::string(Text) + " is not within " + std::to_string(Lowest) + " to " +
-                           std::to_string(Highest));
-    }
-    return Value;
-}
-
-int SmallNumber(std::string_view Text, int Lowest, int Highest) {
-    return static_cast<int>(Number(Text, Lowest, Highest));
-}
-
-std::int32_t WideNumber(std::string_view Text) {
-    return static_cast<std::int32_t>(Number(Text, INT32_MIN, INT32_MAX));
-}
 
 /// The generator that the argument at `Index` asks for; the generic one if it is not there.
 const Generator& ChosenGenerator(const RulesState& State, const std::vector<std::string_view>& Words,
@@ -120,24 +79,6 @@ void ForgetLines(EngineState& State) {
         Row.Fill({});
     }
 }
-
-/// Writes one line for each iteration.
-class IterationLines final : public RootObserver {
-public:
-    explicit IterationLines(const EngineState& InState) : State(InState) {}
-
-    void IterationDone(int Iteration, double /*Seconds*/) override {
-        const MoveRecord& Best = State.MoveStack[0];
-        Text += "depth " + std::to_string(Iteration) + " score " + std::to_string(State.BestScore) + " best " +
-                std::to_string(Best.Source) + '-' + std::to_string(Best.Dest) + " nodes " +
-                std::to_string(State.NodeCount) + '\n';
-    }
-
-    std::string Text;
-
-private:
-    const EngineState& State;
-};
 
 /// A setting that `set` knows: where it lies, as a function that stores a value in it.
 struct Setting {
@@ -192,8 +133,29 @@ double StillWorld::Seconds() {
     return Now - Day * static_cast<double>(static_cast<std::int64_t>(Now / Day));
 }
 
-Console::Console() : State(std::make_unique<control::GameState>(World)) {
+double StillWorld::Random() {
+    constexpr double Range = 9007199254740992.0; // 2 to the power of 53
+    Chance = Chance * 6364136223846793005U + 1442695040888963407U;
+    return static_cast<double>(Chance >> 11U) / Range;
+}
+
+std::string StillWorld::Date() {
+    const std::time_t Now = std::time(nullptr);
+    std::array<char, 16> Text{};
+    const std::size_t Length = std::strftime(Text.data(), Text.size(), "%m/%d/%Y", std::localtime(&Now));
+    return {Text.data(), Length};
+}
+
+void StillWorld::Message(std::string_view Title, std::string_view Text, control::Icon /*Sign*/) {
+    Said.append("message ").append(Title).append("|").append(OneLine(Text)).append("\n");
+}
+
+Console::Console(const std::filesystem::path& Program) : State(std::make_unique<control::GameState>(World)) {
+    World.Program = Program;
     ResetEngine(*State, World);
+    // The engine plays without noise, and nobody is rated.
+    State->Strength = 0;
+    State->UseRating = 0;
     control::RestartGame(*State);
 }
 
@@ -221,11 +183,17 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
     if (Command == "rule") {
         return Rule(Rest);
     }
+    if (Command == "replay") {
+        return Replay(Rest);
+    }
+    if (Command == "save") {
+        return Save(Rest);
+    }
     struct Row {
         std::string_view Name;
         std::string (*Answer)(Console& Self, const Words& Arguments);
     };
-    static constexpr std::array<Row, 15> Commands = {{
+    static constexpr std::array<Row, 20> Commands = {{
         {"board", [](Console& C, const Words& A) { return C.Board(A); }},
         {"show", [](Console& C, const Words& A) { return ExpectCount(A, 0, 0), C.Show(); }},
         {"key", [](Console& C, const Words& A) { return ExpectCount(A, 1, 1), C.Key(A[0]); }},
@@ -240,6 +208,11 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
         {"search", [](Console& C, const Words& A) { return C.Search(A); }},
         {"think", [](Console& C, const Words& A) { return C.Think(A); }},
         {"bench", [](Console& C, const Words& A) { return C.Bench(A); }},
+        {"seed", [](Console& C, const Words& A) { return C.Seed(A); }},
+        {"game", [](Console& C, const Words& A) { return ExpectCount(A, 0, 0), C.NeedGame(), C.Game(); }},
+        {"step", [](Console& C, const Words& A) { return C.GoTo(A); }},
+        {"compute", [](Console& C, const Words& A) { return C.Compute(A); }},
+        {"enter", [](Console& C, const Words& A) { return C.Enter(A); }},
         {"quit",
          [](Console& C, const Words& A) {
              ExpectCount(A, 0, 0);
@@ -267,8 +240,10 @@ std::string Console::Variant(std::string_view File) {
     if (!Document.Document) {
         throw CommandError(Document.Error.Text());
     }
+    State->VariantName = formats::PathText(formats::TextPath(File).stem());
     control::StartVariant(*State, *Document.Document, control::RulesFrom::File, control::Lots::Left);
     ForgetMoves();
+    PositionIsNew = false;
     return {};
 }
 
@@ -287,6 +262,7 @@ std::string Console::Rule(std::string_view Assignment) {
         LaySetup(*State, Value);
         control::RestartGame(*State);
         ForgetMoves();
+        PositionIsNew = false;
         return {};
     }
     const int ColourBefore = State->RuleSet.PiecesOnBlack;
@@ -299,6 +275,7 @@ std::string Console::Rule(std::string_view Assignment) {
         State->PiecesInHandWhite = State->PiecesInHandBlack = State->RuleSet.ContractNumber;
     }
     InstallEngineRules(*State);
+    PositionIsNew = true;
     if (Name == "PiecesOnBlack" && State->RuleSet.PiecesOnBlack < 2 && State->RuleSet.PiecesOnBlack != ColourBefore) {
         FitMenToColour(*State);
     }
@@ -323,6 +300,7 @@ std::string Console::Board(const Words& Arguments) {
     State->HistoryFingerprint.Fill(0);
     ForgetLines(*State);
     ForgetMoves();
+    PositionIsNew = true;
     return {};
 }
 

@@ -13,21 +13,32 @@
 
 namespace zonterbrook::probe {
 
-/// A world in which no time passes for others, chance always answers alike, nobody reads what is said and every
-/// question is answered with Yes.
+/// A world in which no time passes for others, chance follows from a seed, what is said is noted, every question is
+/// answered with Yes and nothing waits.
 class StillWorld final : public control::Platform {
 public:
     double Seconds() override;
-    double Random() override { return 0; }
-    void Message(std::string_view /*Title*/, std::string_view /*Text*/, control::Icon /*Sign*/) override {}
+    double Random() override;
+    void Message(std::string_view Title, std::string_view Text, control::Icon Sign) override;
     bool Ask(std::string_view /*Title*/, std::string_view /*Text*/) override { return true; }
     void PlaySound(std::string_view /*File*/) override {}
     void Wait(double /*Seconds*/) override {}
     void Refresh() override {}
-    std::string Date() override { return {}; }
+    std::string Date() override;
     std::string Time() override { return {}; }
     void SeedRandom() override {}
-    std::filesystem::path ApplicationDirectory() const override { return {}; }
+    std::filesystem::path ApplicationDirectory() const override { return Program; }
+    std::filesystem::path WritableDirectory() const override { return {}; }
+    control::FileKeeper KeptBy() const override { return control::FileKeeper::Nobody; }
+    std::optional<std::filesystem::path> AskFileToOpen(std::string_view /*Title*/) override { return std::nullopt; }
+    std::optional<std::filesystem::path> AskFileToSave(std::string_view /*Title*/,
+                                                       const std::filesystem::path& /*Suggested*/) override {
+        return std::nullopt;
+    }
+    std::optional<control::PdnChoice> ChoosePdnGame(formats::PdnIndex& /*Games*/, std::string_view /*Title*/,
+                                                    const std::vector<std::string>& /*Variants*/) override {
+        return std::nullopt;
+    }
     bool OpenLog() override { return false; }
     void AppendLog(std::string_view /*Text*/) override {}
     void CloseLog() override {}
@@ -36,6 +47,10 @@ public:
     void CloseWindow() override {}
     void EndProgram() override {}
 
+    std::filesystem::path Program; ///< where the variants lie
+    std::uint64_t Chance = 1;      ///< the state of the random numbers
+    std::string Said;              ///< a line for each message since it was last emptied
+
 protected:
     void TakeTurn() override {}
 };
@@ -43,7 +58,8 @@ protected:
 /// A game state that is talked to.
 class Console {
 public:
-    Console();
+    /// `Program`: the folder in which the variants lie.
+    explicit Console(const std::filesystem::path& Program);
 
     /// The whole answer to one line, line ends included: any lines and "ok", or one line that begins with "error: ".
     std::string Execute(std::string_view Line);
@@ -79,6 +95,19 @@ private:
     std::string Think(const Words& Arguments);
     std::string Bench(const Words& Arguments) const;
 
+    std::string Seed(const Words& Arguments);
+    std::string Replay(std::string_view Rest);
+    std::string Save(std::string_view File);
+    std::string Game() const;
+    std::string GoTo(const Words& Arguments);
+    std::string Compute(const Words& Arguments);
+    std::string Enter(const Words& Arguments);
+
+    void NeedGame();
+    std::string TakeMessages();
+    std::string ReplayGameFile(const std::filesystem::path& File);
+    std::string ReplayPdnFile(const std::filesystem::path& File, std::size_t Game, const std::string& Variant);
+
     std::string ListMoves() const;
     void ForgetMoves();
 
@@ -88,6 +117,7 @@ private:
     /// The answer to the last `moves`, as long as the position stays.
     std::vector<rules::MoveRecord> Listed;
     bool HasList = false;
+    bool PositionIsNew = false; ///< laid by a command, and no game has been begun from it yet
     bool Quit = false;
 };
 

@@ -86,7 +86,10 @@ void CalculationReport::MoveDone(double Elapsed) {
     Bar.Value = std::clamp(State.FixedDepth == 1 ? Bar.Value + 1 : Elapsed, 0.0, Bar.Maximum);
 }
 
-void CalculationReport::IterationDone(int /*Iteration*/, double Seconds) {
+void CalculationReport::IterationDone(int Iteration, double Seconds) {
+    if (AlsoTold != nullptr) {
+        AlsoTold->IterationDone(Iteration, Seconds);
+    }
     SearchLog.append(LogIndent, ' ').append(BestLine).append("   M: ").append(MainLineText);
     SearchLog.append("  T: ").append(view::TimeString(Seconds)).append("\n");
 }

@@ -14,8 +14,9 @@ namespace zonterbrook::control {
 /// expected, `HintSource` and `HintDest`.
 class CalculationReport : public engine::RootObserver {
 public:
-    /// `Doing`: what the status bar says, such as "Thinking...".
-    CalculationReport(GameState& InState, std::string_view InDoing) : State(InState), Doing(InDoing) {}
+    /// `InDoing`: what the status bar says, such as "Thinking...". `InAlsoTold`, if any, hears of each iteration, too.
+    CalculationReport(GameState& InState, std::string_view InDoing, engine::RootObserver* InAlsoTold)
+        : State(InState), Doing(InDoing), AlsoTold(InAlsoTold) {}
 
     void MoveStarts(int Iteration, int Move, bool Verifying) override;
     void MoveAccepted(int Iteration, int Move) override;
@@ -28,6 +29,7 @@ public:
 private:
     GameState& State;
     std::string Doing;
+    engine::RootObserver* AlsoTold;
     std::string BestLine; ///< depth, best move and score, as the log has them
 };
 

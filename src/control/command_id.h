@@ -14,6 +14,8 @@ enum class CommandId : std::uint8_t {
     NewVariant,
     Open,
     Save,
+    SaveAs,
+    RestorePrevious,
     SearchProblems,
     Details,
     Exit,

@@ -9,7 +9,10 @@
 #include "control/navigation.h"
 #include "control/new_game.h"
 #include "control/notation.h"
+#include "control/open_game.h"
 #include "control/program.h"
+#include "control/restored_game.h"
+#include "control/saved_game.h"
 #include "control/trap.h"
 #include "control/turn_state.h"
 #include "view/draw_board.h"
@@ -56,6 +59,15 @@ bool PlaysComputer(const GameState& State) {
 
 bool MovesBehind(const GameState& State) {
     return !IsBusy(State) && State.Record.MovesBehind();
+}
+
+// A game that has begun, or a position of the person's own.
+bool WorthSaving(const GameState& State) {
+    return !IsBusy(State) && (State.Record.Count > 0 || State.BlackStartsByRules);
+}
+
+bool HasReplaced(const GameState& State) {
+    return !IsBusy(State) && State.Replaced != nullptr;
 }
 
 bool MovesAhead(const GameState& State) {
@@ -144,8 +156,11 @@ constexpr CommandRow Rows[] = {
     {Id::NewGame, Id::GameMenu, Kind::Entry, "New1", "New Game", "Ctrl+N", AtRest, Run<StartNewGame>},
     ToCome(Id::NewVariant, Id::GameMenu, "NewVariant", "New Variant...", "Ctrl+Shift+N"),
     Line(Id::GameMenu, "streep1"),
-    ToCome(Id::Open, Id::GameMenu, "Open1", "Open...", "Ctrl+O"),
-    ToCome(Id::Save, Id::GameMenu, "Save", "Save...", "Ctrl+S"),
+    {Id::Open, Id::GameMenu, Kind::Entry, "Open1", "Open...", "Ctrl+O", AtRest, Run<Open_Click>},
+    {Id::Save, Id::GameMenu, Kind::Entry, "Save", "Save...", "Ctrl+S", WorthSaving, Run<Save_Click>},
+    {Id::SaveAs, Id::GameMenu, Kind::Entry, "SaveAs", "Save As...", "Ctrl+Shift+S", AtRest, Run<SaveAs_Click>},
+    {Id::RestorePrevious, Id::GameMenu, Kind::Entry, "RestorePrevious", "Restore Previous Game", "Ctrl+Shift+Z",
+     HasReplaced, Run<RestorePrevious>},
     Line(Id::GameMenu, "streep2"),
     ToCome(Id::SearchProblems, Id::GameMenu, "mnuProblem", "Search for Problems...", ""),
     Line(Id::GameMenu, "streep3"),

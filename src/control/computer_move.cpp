@@ -16,7 +16,7 @@
 #include "engine/root_search.h"
 #include "engine/search.h"
 #include "rules/generate.h"
-#include "rules/moves.h"
+#include "rules/input.h"
 #include "view/draw_board.h"
 #include "view/move_lists.h"
 
@@ -50,7 +50,8 @@ struct MoveInProgress {
     bool ComputerHasWon = false;
     bool Drawn = false;
 
-    explicit MoveInProgress(GameState& State) : Started(State.Outside().Seconds()), Report(State, ThinkingStatus) {}
+    MoveInProgress(GameState& State, engine::RootObserver* AlsoTold)
+        : Started(State.Outside().Seconds()), Report(State, ThinkingStatus, AlsoTold) {}
 };
 
 bool PlaysItself(const GameState& State) {
@@ -218,7 +219,7 @@ void PlayBest(GameState& State, MoveInProgress& Move) {
     Made.Score = base::Narrow<std::int16_t>(State.BestScore);
     Made.Depth = base::Narrow<std::int16_t>(Move.Found.DepthReached);
     Made.Choices = base::Narrow<std::int16_t>(Move.Choices);
-    rules::PerformMove(State, 0);
+    rules::PlayMove(State, 0);
 
     // 2. Whether the mover has won is asked from its own side.
     std::int32_t Value = 0;
@@ -334,8 +335,8 @@ void TakeOverSide(GameState& State) {
 
 } // namespace
 
-void ComputerMove(GameState& State) {
-    MoveInProgress Move(State);
+void ComputerMove(GameState& State, engine::RootObserver* AlsoTold) {
+    MoveInProgress Move(State, AlsoTold);
     Prepare(State);
     if (!EndsBeforeTheMove(State)) {
         Think(State, Move);
@@ -355,7 +356,7 @@ void ComputerMove(GameState& State) {
     GiveBackWindow(State);
 }
 
-void ComputeNow(GameState& State) {
+void ComputeNow(GameState& State, engine::RootObserver* AlsoTold) {
     if (IsOver(State)) {
         return;
     }
@@ -363,7 +364,7 @@ void ComputeNow(GameState& State) {
     State.CancelRequested = rules::StopRequest::None;
     EnterTurn(State, TurnState::Thinking);
     TakeOverSide(State);
-    ComputerMove(State);
+    ComputerMove(State, AlsoTold);
 }
 
 } // namespace zonterbrook::control

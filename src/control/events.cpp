@@ -61,7 +61,9 @@ void Text2_KeyUp(GameState& State, int KeyCode) {
 void Text1_KeyUp(GameState& State) {
     // The comment belongs to the half-move to come.
     if (!State.Record.IsFull()) {
-        State.Record.HalfMoves[State.Record.Cursor + 1].Comment = State.CommentText;
+        std::string& Comment = State.Record.HalfMoves[State.Record.Cursor + 1].Comment;
+        State.GameChanged = State.GameChanged || Comment != State.CommentText;
+        Comment = State.CommentText;
     }
 }
 

@@ -37,7 +37,7 @@ constexpr int RowsAsked = 21;
 constexpr int PopupMargin = 2;
 constexpr int LastRootMove = engine::RootMoveEntries - 1;
 
-void Refuse(GameState& State, std::string_view Text) {
+void Refuse(const GameState& State, std::string_view Text) {
     State.Outside().Message(ErrorTitle, Text, Icon::Exclamation);
 }
 
@@ -211,26 +211,16 @@ void DropPiece(GameState& State, int X, int Y) {
     }
 }
 
-// The two squares that a person's text names, a lone square being both. Hyphen, capture signs and blanks split them;
-// where nothing does, the first has two characters.
-struct Ends {
-    int Source;
-    int Dest;
-};
+} // namespace
 
-Ends ReadMove(const rules::RulesState& State, std::string_view Text) {
-    constexpr std::string_view Joints = "-X: ";
-    const std::string Move = base::ToUpper(base::Trim(Text));
-    const std::size_t Joint = std::min(Move.find_first_of(Joints), Move.size());
-    const std::size_t Split = Joint < Move.size() ? Joint : std::min<std::size_t>(2, Move.size());
-    std::string Rest = Move.substr(Split);
-    std::erase_if(Rest, [&](char C) { return Joints.find(C) != std::string_view::npos; });
-    const int Source = rules::SquareNumber(State, Move.substr(0, Split));
-    return {Source, Rest.empty() ? Source : rules::SquareNumber(State, Rest)};
+void RefuseMove(const GameState& State) {
+    Refuse(State, IllegalMove);
 }
 
+namespace {
+
 void TypeMove(GameState& State) {
-    const Ends Move = ReadMove(State, std::exchange(State.TypedText, {}));
+    const game::MoveEnds Move = game::ReadTypedMove(State, std::exchange(State.TypedText, {}));
     if (!PlayPersonMove(State, Move.Source, Move.Dest)) {
         Refuse(State, IllegalMove);
     }

@@ -21,6 +21,9 @@ void EscapeDrag(GameState& State);
 /// Plays the typed move, and empties its box.
 void EnterTypedMove(GameState& State);
 
+/// Says that a typed move is not legal.
+void RefuseMove(const GameState& State);
+
 /// Plays the selected line of the moves that may be played, of those of the last calculation.
 void PlayListedMove(GameState& State);
 void PlayRootMove(GameState& State);

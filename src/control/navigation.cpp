@@ -7,6 +7,7 @@
 #include "control/input_state.h"
 #include "control/turn_state.h"
 #include "rules/generate.h"
+#include "rules/input.h"
 #include "rules/moves.h"
 #include "view/draw_board.h"
 #include "view/move_lists.h"
@@ -61,7 +62,7 @@ bool StepOneForward(GameState& State) {
     if (Index < 0) {
         return false;
     }
-    rules::PerformMove(State, Index);
+    rules::PlayMove(State, Index);
     ++State.Record.Cursor;
     return true;
 }

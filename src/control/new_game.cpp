@@ -2,14 +2,15 @@
 #include "control/new_game.h"
 
 #include "control/ending.h"
-#include "control/log.h"
+#include "control/game_document.h"
+#include "control/kept_game.h"
+#include "control/open_game.h"
+#include "control/pdn_game.h"
 #include "control/record.h"
-#include "control/turn_state.h"
 #include "control/variant_start.h"
+#include "formats/text_file.h"
 #include "rules/generate.h"
 #include "rules/install.h"
-#include "view/draw_board.h"
-#include "view/move_lists.h"
 
 #include <algorithm>
 #include <utility>
@@ -63,37 +64,34 @@ std::vector<Ends> PlayByLot(GameState& State) {
     return Moves;
 }
 
-// The moves of the opening stand in the record as those of a file do.
+// The moves of the opening come from a game file, so that they stand in the record as those of one do.
 void PlayMoves(GameState& State) {
-    const std::vector<Ends> Moves = PlayByLot(State);
+    const std::size_t Count = PlayByLot(State).size();
+    formats::GameFileDocument Opening = DocumentOf(State);
+    Opening.Moves.resize(std::min(Count, Opening.Moves.size()));
     RestartGame(State);
-    EnterTurn(State, TurnState::Replaying);
-    for (const Ends& Move : Moves) {
-        auto Made = EnterMove(State, Move.Source, Move.Dest);
-        if (!Made) {
-            break;
-        }
-        RecordMove(State, std::move(*Made), game::MadeBy::File);
-        LogMove(State);
-        DrawRuleCheck(State);
+    const std::filesystem::path File = State.Outside().WritableDirectory() / DrawnMovesName;
+    if (formats::WriteFile(File, formats::WriteGameFile(Opening))) {
+        // Without a place for the file the moves are played all the same.
+        StartGameOf(State, Opening, LoadMode::DrawnMoves);
+        return;
     }
-    EnterTurn(State, TurnState::Resting);
-    if (State.PlayMode == view::GameMode::ComputerPlayer) {
-        NamePersonToMove(State);
-    }
-    view::SetStatus(State, view::SideMovesText(State.Side));
-    rules::GenerateGameMoves(State);
-    view::RefreshMoveChoices(State);
-    view::DrawBoard(State, 0);
+    LoadGameFile(State, File, LoadMode::DrawnMoves);
+    std::error_code Error;
+    std::filesystem::remove(File, Error);
 }
 
 } // namespace
 
 void StartNewGame(GameState& State) {
-    if (State.Record.Count > 0 && !State.Outside().Ask("Confirmation", "Quit current game?")) {
+    if (WouldLoseMoves(State) && !State.Outside().Ask("Confirmation", "Quit current game?")) {
         return;
     }
+    State.Replaced = KeepGame(State);
     StartVariant(State, ReadChosenVariant(State), RulesFrom::Hand);
+    if (State.ChooseOpening == 1) {
+        LoadOpening(State);
+    }
     DrawOpeningByLot(State);
     if (State.UseSound == 1) {
         State.Outside().PlaySound("sounds/roll.wav");

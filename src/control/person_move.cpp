@@ -39,11 +39,11 @@ void ForgetCalculation(GameState& State) {
 
 } // namespace
 
-bool PlayPersonMove(GameState& State, int Source, int Dest) {
+std::optional<Follows> MakePersonMove(GameState& State, int Source, int Dest) {
     // 1. The move. What the last calculation said is over.
     auto Made = EnterMove(State, Source, Dest);
     if (!Made) {
-        return false;
+        return std::nullopt;
     }
     ForgetCalculation(State);
 
@@ -58,10 +58,15 @@ bool PlayPersonMove(GameState& State, int Source, int Dest) {
     view::DrawBoard(State, 0);
 
     // 3. Who is next.
-    if (FollowMove(State) == Follows::Computer) {
+    return FollowMove(State);
+}
+
+bool PlayPersonMove(GameState& State, int Source, int Dest) {
+    const auto Next = MakePersonMove(State, Source, Dest);
+    if (Next == Follows::Computer) {
         ComputeNow(State);
     }
-    return true;
+    return Next.has_value();
 }
 
 } // namespace zonterbrook::control

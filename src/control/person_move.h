@@ -1,12 +1,17 @@
 // A person's move, whichever road it came by: mouse, keys, box or list.
 #pragma once
 
-#include "control/state.h"
+#include "control/turn.h"
+
+#include <optional>
 
 namespace zonterbrook::control {
 
 /// Plays the move between two cells and all that follows from it: record, list, sound, log, end of the game, and the
 /// computer's reply. False, and nothing changed, if there is no such move.
 bool PlayPersonMove(GameState& State, int Source, int Dest);
+
+/// The same up to the end of the game, and who is next; nothing, and nothing changed, if there is no such move.
+std::optional<Follows> MakePersonMove(GameState& State, int Source, int Dest);
 
 } // namespace zonterbrook::control

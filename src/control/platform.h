@@ -5,10 +5,14 @@
 
 #include "base/outside_world.h"
 #include "control/command_id.h"
+#include "formats/pdn_index.h"
 
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zonterbrook::control {
 
@@ -16,6 +20,23 @@ enum class Icon { None, Exclamation, Question };
 
 /// How long a position is shown before the next thing happens.
 inline constexpr double PauseSeconds = 0.5;
+
+/// The kinds of file that a game is saved in, in the order of the dialogs: what they are called, and their pattern.
+struct FileKind {
+    std::string_view Name;
+    std::string_view Pattern;
+};
+inline constexpr FileKind GameFileKinds[] = {{"Zonterbrook File (*.qvm)", "*.qvm"},
+                                             {"Portable Draughts Notation File (*.pdn)", "*.pdn"}};
+
+/// Who keeps the files of the program: a second one at once leaves them to the first, and some worlds have none.
+enum class FileKeeper : std::uint8_t { ThisProgram, AnotherProgram, Nobody };
+
+/// A game of a PDN file that the person has chosen.
+struct PdnChoice {
+    std::size_t Game = 0; ///< from 0
+    std::string Variant;  ///< to play it under; empty for the game's own
+};
 
 class Platform : public base::OutsideWorld {
 public:
@@ -46,6 +67,24 @@ public:
 
     /// The folder of the program's own files.
     virtual std::filesystem::path ApplicationDirectory() const = 0;
+
+    /// The folder for the files that the program writes, which are also read from there first.
+    virtual std::filesystem::path WritableDirectory() const = 0;
+
+    /// Who keeps autosave, settings and rating.
+    virtual FileKeeper KeptBy() const = 0;
+
+    /// The file to open, or nothing when the person changes their mind. `Title` is the dialog's.
+    virtual std::optional<std::filesystem::path> AskFileToOpen(std::string_view Title) = 0;
+
+    /// The file to save to. `Suggested` may be empty. Asks nothing about a file that is there already.
+    virtual std::optional<std::filesystem::path> AskFileToSave(std::string_view Title,
+                                                               const std::filesystem::path& Suggested) = 0;
+
+    /// Lets the person choose among the games of a file, which is looked through meanwhile, and among the variants to
+    /// play it under. Nothing when they change their mind.
+    virtual std::optional<PdnChoice> ChoosePdnGame(formats::PdnIndex& Games, std::string_view Title,
+                                                   const std::vector<std::string>& Variants) = 0;
 
     /// Opens the log for appending; false if it can't be written. Then text goes to its end, until it is closed;
     /// its lines end in "\n" here, in the file as those of every text file of the program.

@@ -4,8 +4,12 @@
 // layout, board. What the window is asked at its end stands here, too.
 #include "control/program.h"
 
+#include "control/game_document.h"
+#include "control/loaded_game.h"
 #include "control/log.h"
 #include "control/new_game.h"
+#include "control/pdn_game.h"
+#include "control/settings.h"
 #include "control/trap.h"
 #include "control/turn_state.h"
 #include "control/variant_start.h"
@@ -16,19 +20,16 @@ namespace zonterbrook::control {
 
 namespace {
 
-constexpr std::uint8_t LeastDepth = 2;
 constexpr std::int32_t SmallPictures = 0;
 constexpr std::int32_t MediumPictures = 2;
 
-// The settings of a first start.
-void LoadSettings(GameState& State) {
-    static_cast<view::SettingsFields&>(State) = {};
-    if (State.SearchDepth == 0) {
-        State.SearchDepth = LeastDepth;
+// The game of the last run comes back where the person wants it to.
+void LoadLastGame(GameState& State) {
+    if (State.AutoSave != 1) {
+        return;
     }
-    // A run never begins with the computer playing itself.
-    if (State.PlayMode == view::GameMode::ComputerComputer) {
-        State.PlayMode = view::GameMode::ComputerPlayer;
+    if (const auto File = formats::FindFile(State.Outside().WritableDirectory(), AutosaveName)) {
+        LoadGameFile(State, *File, LoadMode::Autosave);
     }
 }
 
@@ -53,14 +54,22 @@ void CloseSoon(GameState& State) {
 
 void StartProgram(GameState& State) {
     engine::ResetEngine(State, State.Outside());
+    LoadRating(State);
     LoadSettings(State);
     LoadSkin(State);
     OpenLog(State);
     StartVariant(State, ReadChosenVariant(State), RulesFrom::Hand);
     view::LayoutWindow(State);
     State.StatusPanels[view::ProductPanel] = view::ProductLine;
+    if (State.ChooseOpening == 1) {
+        LoadOpening(State);
+    }
     view::ShowStrength(State);
     DrawOpeningByLot(State);
+    LoadLastGame(State);
+    if (State.Outside().KeptBy() == FileKeeper::AnotherProgram) {
+        view::SetStatus(State, "Another Zonterbrook is running: it keeps the settings and the last game");
+    }
 }
 
 bool MayClose(GameState& State) {
@@ -89,6 +98,8 @@ void EndProgram(GameState& State) {
     if (State.ProgramEnds) {
         return;
     }
+    SaveByItself(State);
+    SaveSettings(State);
     State.ProgramEnds = true;
     CloseLog(State);
     State.Outside().EndProgram();

@@ -2,6 +2,8 @@
 #include "control/record.h"
 
 #include "base/checked_number.h"
+#include "control/game_document.h"
+#include "control/kept_game.h"
 #include "rules/generate.h"
 #include "rules/input.h"
 #include "view/move_lists.h"
@@ -15,12 +17,26 @@ namespace {
 // The slider of the strength runs from 1 to this.
 constexpr int HighestLevel = 10;
 
+bool SameEnds(const rules::MoveRecord& A, const rules::MoveRecord& B) {
+    return A.Source == B.Source && A.Dest == B.Dest;
+}
+
+void KeepWhatIsCut(GameState& State) {
+    if (State.Record.MovesAhead()) {
+        State.Replaced = KeepGame(State);
+    }
+}
+
 } // namespace
 
 game::HalfMove NewHalfMove(const GameState& State, int Move) {
     game::HalfMove Made;
     Made.Played = rules::RememberMove(State, Move);
     Made.Choices = base::Narrow<std::int16_t>(rules::MoveCountOfPly(State));
+    for (int I = State.StackLimit[State.Ply]; I < Move; ++I) {
+        const rules::MoveRecord& Before = State.MoveStack[I];
+        Made.Way = static_cast<std::int16_t>(Made.Way + (SameEnds(Before, State.MoveStack[Move]) ? 1 : 0));
+    }
     return Made;
 }
 
@@ -39,14 +55,19 @@ void RecordMove(GameState& State, game::HalfMove Made, game::MadeBy By) {
     Made.TotalMaterial = State.TotalMaterial[State.Ply];
     Made.By = By;
     Made.Level = base::Narrow<std::uint8_t>(HighestLevel - State.Strength);
+    KeepWhatIsCut(State);
     game::Append(State.Record, std::move(Made));
     view::ListGame(State, State.Record, State.Record.Cursor);
     State.CommentText.clear();
-    State.GameChanged = State.GameChanged || By != game::MadeBy::File;
+    if (By != game::MadeBy::File) {
+        State.GameChanged = true;
+        SaveByItself(State);
+    }
 }
 
 void CutAhead(GameState& State) {
     if (State.Record.MovesAhead()) {
+        KeepWhatIsCut(State);
         game::Cut(State.Record, State.Record.Cursor);
         view::ListGame(State, State.Record, State.Record.Cursor + 1);
     }

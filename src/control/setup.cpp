@@ -3,6 +3,7 @@
 // Writes the board, the start position and, through `StartPosition`, the whole game.
 #include "control/setup.h"
 
+#include "control/kept_game.h"
 #include "control/variant_start.h"
 #include "rules/position.h"
 #include "view/draw_board.h"
@@ -74,7 +75,12 @@ void EditSquare(GameState& State, int Square) {
     }
     State.SetupLatch = true;
     State.PopupSquare = Square;
-    if (ApplyEntry(State, State.Outside().ShowPopup(CommandId::PopupMenu))) {
+    const CommandId Chosen = State.Outside().ShowPopup(CommandId::PopupMenu);
+    if (ApplyEntry(State, Chosen)) {
+        // A game is kept; a position on its way to what the person wants is not, but one that is swept off the board.
+        if (State.Record.Count > 0 || Chosen == CommandId::ClearBoard) {
+            State.Replaced = KeepGame(State);
+        }
         MakeStartPosition(State);
     }
 }

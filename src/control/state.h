@@ -5,10 +5,13 @@
 #pragma once
 
 #include "control/platform.h"
+#include "game/details.h"
 #include "game/game_record.h"
 #include "view/state.h"
 
 #include <cstdint>
+#include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -33,6 +36,8 @@ struct GameFields {
     TurnState Turn = TurnState::Resting; ///< written through `EnterTurn`
     bool GameChanged = false;            ///< a move has been made since the last save
     game::Result Result = game::Result::None;
+    game::Details Details;
+    std::filesystem::path File; ///< that the game was opened from or saved to; empty if there is none
     std::string RatingSummary;
     std::string EndText;    ///< how the game ended, in words; empty while it goes on
     std::string StatusText; ///< the last announcement, shown again at the end of the record
@@ -50,6 +55,24 @@ struct GameFields {
     std::int32_t TwoKingsStart = 0;
 };
 
+/// A game that another one has replaced, whole.
+struct ReplacedGame {
+    GameFields Game;
+    std::string VariantName;
+    std::string Title; ///< of the variant
+    std::int32_t UseClassic = 1;
+    rules::RuleSetFields Rules;
+    rules::RuleSetFields RulesOfFile;
+    std::optional<std::uint8_t> BlackStartsByRules;
+    std::string Setup;
+    std::string HelpText;
+    std::string HelpLink;
+    std::string QuickHelpLink;
+    std::string WhiteName; ///< beside the board
+    std::string BlackName;
+    bool RatingAllowed = true;
+};
+
 /// What the mouse is doing. `ClearInput` assigns it anew.
 struct InputFields {
     std::int32_t SourceCell = -1; ///< cell of the piece in the hand
@@ -64,6 +87,9 @@ struct InputFields {
     bool CycleMove = false;    ///< a move of the picked piece ends where it starts
 };
 
+/// The rating of a player who has not played yet.
+inline constexpr std::int16_t FirstRating = 1200;
+
 /// The state of the game.
 struct GameState : view::ViewState, GameFields, InputFields {
     explicit GameState(Platform& Outside) { World = &Outside; }
@@ -72,11 +98,14 @@ struct GameState : view::ViewState, GameFields, InputFields {
     Platform& Outside() const { return static_cast<Platform&>(*World); }
 
     // --- program: written at start-up ------------------------------------------------------------------------------
-    std::int16_t Rating = 1200;
+    std::int16_t Rating = FirstRating;
     std::int32_t HandlersAtWork = 0; ///< event handlers, one inside the other while a search lets events run
     bool CloseWanted = false;        ///< the person has agreed: the window closes when what is at work has unwound
     bool ProgramEnds = false;        ///< the program is on its way out
     bool LogOpen = false;
+    std::shared_ptr<const ReplacedGame> Replaced; ///< what Restore Previous Game brings back; nothing if there is none
+    bool AutosaveComplained = false;              ///< that the game can't be saved by itself has been said once
+    std::optional<std::string> OwnName;           ///< the player's name in the settings, while a file has lent another
 
     // --- variant: written by `StartVariant` and whoever changes the position by hand -------------------------------
     bool RatingAllowed = true;

@@ -102,6 +102,7 @@ void RestartGame(GameState& State) {
     ClearInput(State);
 
     // 3. The window.
+    State.FileName.clear();
     view::ShowVariantTitle(State);
     ClearWindow(State);
     State.CaptureChar = State.ColonCapture == 1 ? ':' : 'x';

@@ -4,6 +4,7 @@
 #include "ui/qt_platform.h"
 
 #include "ui/main_window.h"
+#include "ui/pdn_dialog.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -11,6 +12,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QFileDialog>
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QTemporaryFile>
@@ -60,7 +62,29 @@ ProgramFolders FindFolders(const std::filesystem::path& Program, const std::file
     return {Program, OfUser};
 }
 
-QtPlatform::QtPlatform(MainWindow& Owner, ProgramFolders Where) : Window(Owner), Folders(std::move(Where)) {
+namespace {
+
+QStringList GameFilters(bool Both) {
+    QStringList Filters;
+    QStringList Patterns;
+    for (const control::FileKind& Kind : control::GameFileKinds) {
+        Filters << Text(Kind.Name);
+        Patterns << Text(Kind.Pattern);
+    }
+    if (Both) {
+        Filters.prepend(QCoreApplication::translate("QtPlatform", "Games") + " (" + Patterns.join(' ') + ')');
+    }
+    return Filters;
+}
+
+} // namespace
+
+QtPlatform::QtPlatform(MainWindow& Owner, ProgramFolders Where)
+    : Window(Owner), Folders(std::move(Where)),
+      Lock(QDir(QString::fromStdString(Folders.Written.string())).filePath(QStringLiteral("quavermill.lock"))) {
+    // Held as long as this program runs, however long that is; one that has crashed holds nothing.
+    Lock.setStaleLockTime(0);
+    Lock.tryLock(0);
     QtPlatform::SeedRandom();
 }
 
@@ -161,6 +185,63 @@ void QtPlatform::OpenDocument(std::string_view Target) {
 
 std::filesystem::path QtPlatform::ApplicationDirectory() const {
     return Folders.Program;
+}
+
+std::filesystem::path QtPlatform::WritableDirectory() const {
+    return Folders.Written;
+}
+
+control::FileKeeper QtPlatform::KeptBy() const {
+    // Where nothing can be written at all, it is for this program to say so.
+    const bool Elsewhere = !Lock.isLocked() && Lock.error() == QLockFile::LockFailedError;
+    return Elsewhere ? control::FileKeeper::AnotherProgram : control::FileKeeper::ThisProgram;
+}
+
+std::optional<std::filesystem::path> QtPlatform::AskFileToOpen(std::string_view Title) {
+    QFileDialog Dialog(&Window, Text(Title));
+    Dialog.setFileMode(QFileDialog::ExistingFile);
+    Dialog.setNameFilters(GameFilters(true));
+    return RunFileDialog(Dialog);
+}
+
+std::optional<std::filesystem::path> QtPlatform::AskFileToSave(std::string_view Title,
+                                                               const std::filesystem::path& Suggested) {
+    QFileDialog Dialog(&Window, Text(Title));
+    Dialog.setAcceptMode(QFileDialog::AcceptSave);
+    Dialog.setFileMode(QFileDialog::AnyFile);
+    // Whether a file may be replaced is asked by whoever knows what saving to it does.
+    Dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    Dialog.setNameFilters(GameFilters(false));
+    if (!Suggested.empty()) {
+        Dialog.selectFile(QString::fromStdString(Suggested.string()));
+    }
+    return RunFileDialog(Dialog);
+}
+
+std::optional<std::filesystem::path> QtPlatform::RunFileDialog(QFileDialog& Dialog) {
+    Window.ShowContents();
+    if (LastFolder.isEmpty()) {
+        LastFolder = QDir::currentPath();
+    }
+    Dialog.setObjectName(QStringLiteral("FileDialog"));
+    Dialog.setDirectory(LastFolder);
+    if (Dialog.exec() != QDialog::Accepted || Dialog.selectedFiles().isEmpty()) {
+        return std::nullopt;
+    }
+    LastFolder = Dialog.directory().absolutePath();
+    std::filesystem::path File(Dialog.selectedFiles().constFirst().toStdU16String());
+    // A name without an extension gets that of the kind of file that was chosen.
+    if (Dialog.acceptMode() == QFileDialog::AcceptSave && !File.has_extension()) {
+        File += Dialog.selectedNameFilter().contains(QLatin1String("*.pdn")) ? ".pdn" : ".qvm";
+    }
+    return File;
+}
+
+std::optional<control::PdnChoice> QtPlatform::ChoosePdnGame(formats::PdnIndex& Games, std::string_view Title,
+                                                            const std::vector<std::string>& Variants) {
+    Window.ShowContents();
+    PdnDialog Dialog(&Window, Games, Text(Title), Variants);
+    return Dialog.Choose();
 }
 
 bool QtPlatform::OpenLog() {

@@ -8,11 +8,14 @@
 #include "ui/sound.h"
 
 #include <QFile>
+#include <QLockFile>
 
 #include <chrono>
 #include <filesystem>
+#include <optional>
 #include <random>
 
+class QFileDialog;
 class QMessageBox;
 
 namespace zonterbrook::ui {
@@ -45,6 +48,13 @@ public:
     std::string Time() override;
     void SeedRandom() override;
     std::filesystem::path ApplicationDirectory() const override;
+    std::filesystem::path WritableDirectory() const override;
+    control::FileKeeper KeptBy() const override;
+    std::optional<std::filesystem::path> AskFileToOpen(std::string_view Title) override;
+    std::optional<std::filesystem::path> AskFileToSave(std::string_view Title,
+                                                       const std::filesystem::path& Suggested) override;
+    std::optional<control::PdnChoice> ChoosePdnGame(formats::PdnIndex& Games, std::string_view Title,
+                                                    const std::vector<std::string>& Variants) override;
     bool OpenLog() override;
     void AppendLog(std::string_view Text) override;
     void CloseLog() override;
@@ -58,11 +68,14 @@ protected:
 
 private:
     int RunBox(QMessageBox& Box);
+    std::optional<std::filesystem::path> RunFileDialog(QFileDialog& Dialog);
 
     double StoodStill = 0; ///< seconds that boxes have been open
     MainWindow& Window;
     ProgramFolders Folders;
+    QLockFile Lock; ///< held by the program that keeps the files
     QFile Log;
+    QString LastFolder; ///< where a file was opened or saved last
     SoundPlayer Sounds;
     std::mt19937_64 Chance;
     std::chrono::steady_clock::time_point LastTurn;

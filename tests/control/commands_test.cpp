@@ -68,11 +68,13 @@ using Mode = view::GameMode;
 
 constexpr StateCase StateRows[] = {
     {"at_the_start", Resting, Mode::ComputerPlayer, 0,
-     "New1 Exit Compute MoveForward Last Offerdraw Resign Cplayer Pplayer mnu_Play_Ccomputer Turn Nonotation "
+     "New1 Open1 Save SaveAs Exit Compute MoveForward Last Offerdraw Resign Cplayer Pplayer mnu_Play_Ccomputer Turn "
+     "Nonotation "
      "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers calculation rating",
      "CGRT"},
     {"between_persons_in_the_middle", Resting, Mode::PlayerPlayer, 1,
-     "New1 Exit Compute First Moveback MoveForward Last Cplayer Pplayer mnu_Play_Ccomputer Turn Nonotation "
+     "New1 Open1 Save SaveAs Exit Compute First Moveback MoveForward Last Cplayer Pplayer mnu_Play_Ccomputer Turn "
+     "Nonotation "
      "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers calculation rating",
      "CGRT"},
     {"thinking", Thinking, Mode::ComputerPlayer, 2, "Exit mnu_Play_Cancel calculation rating", ""},
@@ -80,7 +82,8 @@ constexpr StateCase StateRows[] = {
     {"replaying", Replaying, Mode::ComputerPlayer, 1, "Exit calculation rating", "G"},
     {"message_to_come", Ending, Mode::ComputerPlayer, 2, "Exit", "G"},
     {"over_at_the_end", Over, Mode::ComputerPlayer, 2,
-     "New1 Exit First Moveback Cplayer Pplayer Turn Nonotation mnu_Board_Notation_Chess mnu_Board_Notation_Checkers "
+     "New1 Open1 Save SaveAs Exit First Moveback Cplayer Pplayer Turn Nonotation mnu_Board_Notation_Chess "
+     "mnu_Board_Notation_Checkers "
      "calculation rating",
      "GRT"},
 };

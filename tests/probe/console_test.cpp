@@ -100,7 +100,7 @@ TEST(Console, Answers) {
         {"blocked_root_thinks", {EmptyBoard, "think 4"}, ""},
     };
     for (const TalkRow& R : Rows) {
-        Console Probe;
+        Console Probe(ZONTERBROOK_DATA_DIR);
         EXPECT_EQ(R.Answer + "ok\n", Ask(Probe, R.Commands)) << R.Fault;
     }
 }
@@ -152,7 +152,7 @@ TEST(Console, RefusesAndChangesNothing) {
         {"quit_with_argument", {"quit now"}, "too many arguments"},
     };
     for (const TalkRow& R : Rows) {
-        Console Probe;
+        Console Probe(ZONTERBROOK_DATA_DIR);
         Ask(Probe, {R.Commands.begin(), R.Commands.end() - 1});
         const auto Kept = [&] { return Ask(Probe, {"show"}) + Ask(Probe, {"key WhiteManMovement"}); };
         const std::string Before = Kept();
@@ -163,7 +163,7 @@ TEST(Console, RefusesAndChangesNothing) {
 
 TEST(Console, AFaultInAGeneratorPutsEverythingBack) {
     // A Black king behind one of its own that it may jump: that has always been a fault.
-    Console Probe;
+    Console Probe(ZONTERBROOK_DATA_DIR);
     const std::string Position = "board 1" + Zeros(43) + "4" + Zeros(10) + "4" + Zeros(44) + " b";
     ASSERT_EQ("ok\n", Ask(Probe, {"rule JumpFriend=1", "rule NumberFriends=1", "rule LongKings=0", Position}));
     const std::string Shown = Probe.Execute("show");
@@ -189,20 +189,20 @@ TEST(Console, VariantFilesThatCannotBeRead) {
         {"byte_of_a_file_wraps", "A title\nMaxCapMove=300\nEND\n", false},
     };
     for (const auto& [Fault, Text, Reads] : Rows) {
-        Console Probe;
+        Console Probe(ZONTERBROOK_DATA_DIR);
         std::ofstream(File, std::ios::binary) << Text;
         const std::string Answer = Probe.Execute("variant " + File.string());
         EXPECT_EQ(Reads ? "ok\n" : "error: ", Answer.substr(0, Reads ? 3 : 7)) << Fault << ": " << Answer;
         EXPECT_EQ(Reads ? "MaxCapMove=0\nok\n" : "MaxCapMove=1\nok\n", Probe.Execute("key MaxCapMove")) << Fault;
     }
     fs::remove(File);
-    Console Probe;
+    Console Probe(ZONTERBROOK_DATA_DIR);
     EXPECT_TRUE(Probe.Execute("variant " + File.string()).starts_with("error: ")) << "missing_file_read";
     EXPECT_TRUE(Probe.Execute("variant " + Variants).starts_with("error: ")) << "folder_read";
 }
 
 TEST(Console, ThinksDepthByDepth) {
-    Console Probe;
+    Console Probe(ZONTERBROOK_DATA_DIR);
     const std::string Once = Probe.Execute("think 5");
     EXPECT_EQ(6, std::count(Once.begin(), Once.end(), '\n'));
     EXPECT_TRUE(std::regex_search(Once, std::regex("^depth 1 score -?\\d+ best \\d+-\\d+ nodes 12\n"))) << Once;
@@ -211,7 +211,7 @@ TEST(Console, ThinksDepthByDepth) {
 }
 
 TEST(Console, BenchLeavesTheGameAloneAndQuitEnds) {
-    Console Probe;
+    Console Probe(ZONTERBROOK_DATA_DIR);
     Probe.Execute("rule CapRequired=0");
     const std::string Answer = Probe.Execute("bench");
     // The fingerprint of the search: a commit that changes it says so and why.

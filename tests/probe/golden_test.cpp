@@ -44,7 +44,7 @@ TEST(Golden, LeavesOfEveryShippedVariant) {
         const std::string Name = Entry.path().stem().string();
         ++Shipped;
         ASSERT_TRUE(Table.contains(Name)) << "a variant without counts: " << Name;
-        Console Probe;
+        Console Probe(ZONTERBROOK_DATA_DIR);
         ASSERT_EQ("ok\n", Probe.Execute("variant " + Entry.path().string()));
         const bool Special = Probe.Execute("show").find("special 0") == std::string::npos;
         for (std::size_t Depth = 1; Depth <= Table[Name].size(); ++Depth) {
@@ -87,7 +87,7 @@ std::vector<Section> Sections(const std::string& File) {
 class GoldenTalk : public testing::TestWithParam<Section> {};
 
 TEST_P(GoldenTalk, IsAnsweredAsEver) {
-    Console Probe;
+    Console Probe(ZONTERBROOK_DATA_DIR);
     for (const auto& [Command, Answer] : GetParam().Talk) {
         EXPECT_EQ(Answer + "ok\n", Probe.Execute(Command)) << Command;
     }

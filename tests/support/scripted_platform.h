@@ -22,6 +22,8 @@ public:
     /// What the test may set and look at.
     double Clock = 1000;
     std::filesystem::path Directory;
+    std::filesystem::path Written = "/no folder"; ///< where the program's own files go
+    control::FileKeeper Keeper = control::FileKeeper::Nobody;
     std::function<void()> OnWait;    ///< runs while the program waits
     std::function<void()> OnMessage; ///< runs while a message stands
     std::function<void()> OnNode;    ///< runs at every node of a search
@@ -53,6 +55,17 @@ public:
     }
     void ExpectPopup(control::CommandId Choice) { Script.push_back({Kind::Popup, "popup", "", false, Choice}); }
 
+    void ExpectOpenDialog(std::optional<std::filesystem::path> File) {
+        Script.push_back({Kind::OpenFile, "Load Game", "", false, control::CommandId::None, std::move(File)});
+    }
+    void ExpectChooser(std::string_view Title, std::optional<control::PdnChoice> Chosen) {
+        Script.push_back({Kind::ChooseGame, std::string(Title), "", false, control::CommandId::None, std::nullopt,
+                          std::move(Chosen)});
+    }
+    void ExpectSaveDialog(std::optional<std::filesystem::path> File) {
+        Script.push_back({Kind::SaveFile, "Save Game", "", false, control::CommandId::None, std::move(File)});
+    }
+
     bool ScriptIsDone() const { return Script.empty(); }
 
     void Message(std::string_view Title, std::string_view Text, control::Icon) override {
@@ -76,6 +89,20 @@ public:
     std::string Time() override { return "04:05:06"; }
     void SeedRandom() override {}
     std::filesystem::path ApplicationDirectory() const override { return Directory; }
+    std::filesystem::path WritableDirectory() const override { return Written; }
+    control::FileKeeper KeptBy() const override { return Keeper; }
+    std::optional<std::filesystem::path> AskFileToOpen(std::string_view Title) override {
+        return Take(Kind::OpenFile, Title, "").File;
+    }
+    std::optional<std::filesystem::path> AskFileToSave(std::string_view Title, const std::filesystem::path&) override {
+        return Take(Kind::SaveFile, Title, "").File;
+    }
+    std::optional<control::PdnChoice> ChoosePdnGame(formats::PdnIndex& Games, std::string_view Title,
+                                                    const std::vector<std::string>&) override {
+        while (Games.Scan(1U << 20U)) {
+        }
+        return Take(Kind::ChooseGame, Title, "").Chosen;
+    }
     bool OpenLog() override { return LogIsOpen = LogCanBeOpened; }
     void AppendLog(std::string_view Text) override {
         EXPECT_TRUE(LogIsOpen) << "written to a closed log: " << Text;
@@ -106,12 +133,14 @@ protected:
     }
 
 private:
-    enum class Kind { Message, Question, Popup };
+    enum class Kind { Message, Question, Popup, OpenFile, SaveFile, ChooseGame };
     struct Expected {
         Kind Sort;
         std::string Title, Text;
         bool Yes = false;
         control::CommandId Choice = control::CommandId::None;
+        std::optional<std::filesystem::path> File = {};
+        std::optional<control::PdnChoice> Chosen = {};
     };
 
     Expected Take(Kind Sort, std::string_view Title, std::string_view Text) {
