@@ -186,6 +186,9 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
     if (Command == "replay") {
         return Replay(Rest);
     }
+    if (Command == "settings") {
+        return ReadSettings(Rest);
+    }
     if (Command == "save") {
         return Save(Rest);
     }

@@ -39,6 +39,10 @@ public:
                                                     const std::vector<std::string>& /*Variants*/) override {
         return std::nullopt;
     }
+    void ShowDetails(const game::Details& /*Details*/,
+                     const std::function<void(const game::Details&)>& /*Store*/) override {}
+    std::string ClipboardText() override { return {}; }
+    void SetClipboardText(std::string_view /*Text*/) override {}
     bool OpenLog() override { return false; }
     void AppendLog(std::string_view /*Text*/) override {}
     void CloseLog() override {}
@@ -100,6 +104,7 @@ private:
     std::string Save(std::string_view File);
     std::string Game() const;
     std::string GoTo(const Words& Arguments);
+    std::string ReadSettings(std::string_view File);
     std::string Compute(const Words& Arguments);
     std::string Enter(const Words& Arguments);
 

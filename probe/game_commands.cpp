@@ -11,6 +11,7 @@
 #include "control/turn_state.h"
 #include "control/variant_start.h"
 #include "formats/pdn_index.h"
+#include "formats/settings.h"
 #include "rules/generate.h"
 #include "rules/position.h"
 #include "view/move_lists.h"
@@ -183,6 +184,16 @@ std::string Console::Game() const {
         Lines += Made.Comment.empty() ? "\n" : " {" + OneLine(Made.Comment) + "}\n";
     }
     return Lines;
+}
+
+// The values of the file as they would be written again, or the defaults where it can't be used.
+std::string Console::ReadSettings(std::string_view File) {
+    if (File.empty()) {
+        throw CommandError("no file given");
+    }
+    const auto Text = formats::ReadTextFile(formats::TextPath(File));
+    const auto Read = Text.Document ? formats::ReadSettings(*Text.Document) : std::nullopt;
+    return (Read ? "read\n" : "default\n") + formats::WriteSettingValues(Read.value_or(formats::Settings{}), "\n");
 }
 
 std::string Console::GoTo(const Words& Arguments) {

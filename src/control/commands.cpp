@@ -2,6 +2,8 @@
 #include "control/commands.h"
 
 #include "base/fault.h"
+#include "control/clipboard.h"
+#include "control/details.h"
 #include "control/draw_offer.h"
 #include "control/input.h"
 #include "control/input_state.h"
@@ -68,6 +70,10 @@ bool WorthSaving(const GameState& State) {
 
 bool HasReplaced(const GameState& State) {
     return !IsBusy(State) && State.Replaced != nullptr;
+}
+
+bool HasRecent(const GameState& State) {
+    return !IsBusy(State) && !State.RecentFiles.empty();
 }
 
 bool MovesAhead(const GameState& State) {
@@ -157,14 +163,20 @@ constexpr CommandRow Rows[] = {
     ToCome(Id::NewVariant, Id::GameMenu, "NewVariant", "New Variant...", "Ctrl+Shift+N"),
     Line(Id::GameMenu, "streep1"),
     {Id::Open, Id::GameMenu, Kind::Entry, "Open1", "Open...", "Ctrl+O", AtRest, Run<Open_Click>},
+    Menu(Id::RecentMenu, Id::GameMenu, "OpenRecent", "Open Recent", HasRecent),
     {Id::Save, Id::GameMenu, Kind::Entry, "Save", "Save...", "Ctrl+S", WorthSaving, Run<Save_Click>},
     {Id::SaveAs, Id::GameMenu, Kind::Entry, "SaveAs", "Save As...", "Ctrl+Shift+S", AtRest, Run<SaveAs_Click>},
     {Id::RestorePrevious, Id::GameMenu, Kind::Entry, "RestorePrevious", "Restore Previous Game", "Ctrl+Shift+Z",
      HasReplaced, Run<RestorePrevious>},
+    Line(Id::GameMenu, "streep15"),
+    {Id::CopyPosition, Id::GameMenu, Kind::Entry, "CopyPosition", "Copy Position", "Ctrl+Shift+P", AtRest,
+     Run<CopyPosition>},
+    {Id::CopyGame, Id::GameMenu, Kind::Entry, "CopyGame", "Copy Game", "Ctrl+Shift+C", AtRest, Run<CopyGame>},
+    {Id::Paste, Id::GameMenu, Kind::Entry, "Paste", "Paste Game or Position", "Ctrl+Shift+V", AtRest, Run<Paste>},
     Line(Id::GameMenu, "streep2"),
     ToCome(Id::SearchProblems, Id::GameMenu, "mnuProblem", "Search for Problems...", ""),
     Line(Id::GameMenu, "streep3"),
-    ToCome(Id::Details, Id::GameMenu, "Details", "Details...", "Ctrl+I"),
+    {Id::Details, Id::GameMenu, Kind::Entry, "Details", "Details...", "Ctrl+I", AtRest, Run<Details_Click>},
     Line(Id::GameMenu, "streep4"),
     {Id::Exit, Id::GameMenu, Kind::Entry, "Exit", "Exit", "Ctrl+Q", Always, Run<Exit_Click>},
 

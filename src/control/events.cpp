@@ -2,6 +2,7 @@
 #include "control/events.h"
 
 #include "control/navigation.h"
+#include "control/open_game.h"
 #include "control/program.h"
 #include "control/trap.h"
 #include "control/turn_state.h"
@@ -82,6 +83,18 @@ void List1_MouseUp(GameState& State) {
 void List1_KeyDown(GameState& State, int KeyCode) {
     if (KeyCode == EnterKey) {
         RunTrapped(State, [&] { GoToSelectedMove(State); });
+    }
+}
+
+void OpenDropped(GameState& State, const std::filesystem::path& File) {
+    if (IsEnabled(State, CommandId::Open)) {
+        RunTrapped(State, [&] { OpenNamed(State, File); });
+    }
+}
+
+void OpenListed(GameState& State, std::size_t Place) {
+    if (IsEnabled(State, CommandId::Open)) {
+        RunTrapped(State, [&] { OpenRecent(State, Place); });
     }
 }
 

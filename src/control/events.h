@@ -55,6 +55,11 @@ void List3_DblClick(GameState& State);
 void List1_MouseUp(GameState& State);
 void List1_KeyDown(GameState& State, int KeyCode);
 
+/// A file dropped on the window or named as the program was started; a place, from 0, among the files opened lately.
+/// Nothing while something is at work.
+void OpenDropped(GameState& State, const std::filesystem::path& File);
+void OpenListed(GameState& State, std::size_t Place);
+
 /// Once, before the window is shown. `State` must be fresh and its `TwipsPerPixel` set.
 void Form_Load(GameState& State);
 

@@ -6,6 +6,7 @@
 
 #include "control/ending.h"
 #include "control/game_document.h"
+#include "control/settings.h"
 #include "control/trap.h"
 #include "control/turn_state.h"
 #include "control/variant_start.h"
@@ -110,6 +111,7 @@ void ClearForLoad(GameState& State) {
 
 void NameFile(GameState& State, const std::filesystem::path& File) {
     State.File = File;
+    NoteRecentFile(State, File);
     view::ShowFileName(State, formats::PathText(File.filename()));
 }
 

@@ -4,16 +4,13 @@
 #include "control/game_document.h"
 #include "control/kept_game.h"
 #include "control/pdn_game.h"
+#include "control/settings.h"
 #include "formats/text_file.h"
 #include "view/move_lists.h"
 
 namespace zonterbrook::control {
 
 namespace {
-
-bool PersonLeavesGame(const GameState& State) {
-    return !WouldLoseMoves(State) || State.Outside().Ask("Confirmation", "Quit current game?");
-}
 
 void OpenFile(GameState& State, const std::filesystem::path& File) {
     std::error_code Error;
@@ -42,6 +39,10 @@ bool WouldLoseMoves(const GameState& State) {
     return State.Record.Count > 0 && State.GameChanged;
 }
 
+bool PersonLeavesGame(const GameState& State) {
+    return !WouldLoseMoves(State) || State.Outside().Ask("Confirmation", "Quit current game?");
+}
+
 void Open_Click(GameState& State) {
     if (!PersonLeavesGame(State)) {
         return;
@@ -55,6 +56,19 @@ void OpenNamed(GameState& State, const std::filesystem::path& File) {
     if (PersonLeavesGame(State)) {
         OpenFile(State, File);
     }
+}
+
+void OpenRecent(GameState& State, std::size_t Place) {
+    if (Place >= State.RecentFiles.size()) {
+        return;
+    }
+    const std::filesystem::path File = formats::TextPath(State.RecentFiles[Place]);
+    std::error_code Error;
+    if (!std::filesystem::exists(File, Error)) {
+        State.RecentFiles.erase(State.RecentFiles.begin() + static_cast<std::ptrdiff_t>(Place));
+        SaveOwnSettings(State);
+    }
+    OpenNamed(State, File);
 }
 
 } // namespace zonterbrook::control

@@ -6,9 +6,11 @@
 #include "base/outside_world.h"
 #include "control/command_id.h"
 #include "formats/pdn_index.h"
+#include "game/details.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -85,6 +87,13 @@ public:
     /// play it under. Nothing when they change their mind.
     virtual std::optional<PdnChoice> ChoosePdnGame(formats::PdnIndex& Games, std::string_view Title,
                                                    const std::vector<std::string>& Variants) = 0;
+
+    /// Shows the details of a game for editing; `Store` takes them over each time that the person wants it.
+    virtual void ShowDetails(const game::Details& Details, const std::function<void(const game::Details&)>& Store) = 0;
+
+    /// The text of the clipboard, empty if it holds none.
+    virtual std::string ClipboardText() = 0;
+    virtual void SetClipboardText(std::string_view Text) = 0;
 
     /// Opens the log for appending; false if it can't be written. Then text goes to its end, until it is closed;
     /// its lines end in "\n" here, in the file as those of every text file of the program.

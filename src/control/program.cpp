@@ -56,6 +56,7 @@ void StartProgram(GameState& State) {
     engine::ResetEngine(State, State.Outside());
     LoadRating(State);
     LoadSettings(State);
+    LoadOwnSettings(State);
     LoadSkin(State);
     OpenLog(State);
     StartVariant(State, ReadChosenVariant(State), RulesFrom::Hand);

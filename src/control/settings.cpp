@@ -4,6 +4,7 @@
 #include "base/checked_number.h"
 #include "base/text.h"
 #include "control/trap.h"
+#include "formats/configuration.h"
 #include "formats/text_file.h"
 
 #include <algorithm>
@@ -17,6 +18,9 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view SettingsName = "quavermill.ini";
 constexpr std::string_view RatingName = "quavermill.rtg";
+constexpr std::string_view OwnSettingsName = "zonterbrook.conf";
+constexpr std::string_view RecentKey = "recent";
+constexpr std::size_t MostRecentFiles = 8;
 constexpr std::uint8_t LeastDepth = 2;
 
 /// Every setting beside its field in the state: `Do(value of the file, field)`.
@@ -132,6 +136,34 @@ void SaveSettings(const GameState& State) {
     WriteOwnFile(State, SettingsName, formats::WriteSettings(SettingsOf(State)));
     WriteOwnFile(State, RatingName,
                  formats::EncodeRatingText(formats::RatingDigits, std::to_string(State.Rating)) + "\r\n");
+}
+
+void LoadOwnSettings(GameState& State) {
+    if (const auto Text = ReadOwnFile(State, OwnSettingsName)) {
+        State.RecentFiles = formats::ValuesOf(formats::ReadConfiguration(*Text), RecentKey);
+        State.RecentFiles.resize(std::min(State.RecentFiles.size(), MostRecentFiles));
+    }
+}
+
+void SaveOwnSettings(const GameState& State) {
+    if (State.Outside().KeptBy() != FileKeeper::ThisProgram) {
+        return;
+    }
+    formats::Configuration Values;
+    for (const std::string& File : State.RecentFiles) {
+        Values.emplace_back(RecentKey, File);
+    }
+    WriteOwnFile(State, OwnSettingsName, formats::WriteConfiguration(Values));
+}
+
+void NoteRecentFile(GameState& State, const fs::path& File) {
+    std::error_code Error;
+    const fs::path Whole = fs::absolute(File, Error);
+    const std::string Name = formats::PathText(Error ? File : Whole);
+    std::erase(State.RecentFiles, Name);
+    State.RecentFiles.insert(State.RecentFiles.begin(), Name);
+    State.RecentFiles.resize(std::min(State.RecentFiles.size(), MostRecentFiles));
+    SaveOwnSettings(State);
 }
 
 } // namespace zonterbrook::control

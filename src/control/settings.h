@@ -20,6 +20,14 @@ void LoadSettings(GameState& State);
 /// Reads the player's rating, 1200 where there is none.
 void LoadRating(GameState& State);
 
+/// Reads what the settings file has no line for: the files that were opened lately.
+void LoadOwnSettings(GameState& State);
+/// Writes the same, at once when it has changed.
+void SaveOwnSettings(const GameState& State);
+
+/// Puts a file at the head of those opened lately.
+void NoteRecentFile(GameState& State, const std::filesystem::path& File);
+
 /// Writes settings and rating for the next run, unless another program keeps them. A failure is said.
 void SaveSettings(const GameState& State);
 

@@ -12,8 +12,12 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QScreen>
+#include <QUrl>
 
 #include <cmath>
 
@@ -48,6 +52,7 @@ MainWindow::MainWindow(ProgramFolders Folders, QWidget* Parent)
     State->TwipsPerPixel = TwipsPerPixelOf(screen());
     control::Form_Load(*State);
     ShowContents();
+    setAcceptDrops(true);
     Board->setFocus();
 }
 
@@ -167,6 +172,27 @@ control::CommandId MainWindow::RunPopup(control::CommandId Menu) {
         }
     }
     return control::CommandId::None;
+}
+
+// --- Files from outside ---------------------------------------------------------------------------------------------
+
+void MainWindow::OpenFile(const std::filesystem::path& File) {
+    Dispatch([&](control::GameState& Game) { control::OpenDropped(Game, File); });
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* Event) {
+    const QList<QUrl> Files = Event->mimeData()->urls();
+    if (Files.size() == 1 && Files.constFirst().isLocalFile()) {
+        Event->acceptProposedAction();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent* Event) {
+    Event->acceptProposedAction();
+    const std::filesystem::path File(Event->mimeData()->urls().constFirst().toLocalFile().toStdU16String());
+    // A message that the file brings up must not keep the program waiting that it was dragged from.
+    QMetaObject::invokeMethod(
+        this, [this, File] { OpenFile(File); }, Qt::QueuedConnection);
 }
 
 // --- The end --------------------------------------------------------------------------------------------------------

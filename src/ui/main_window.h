@@ -47,6 +47,10 @@ public:
     /// Opens a popup menu at the mouse and returns what was chosen.
     control::CommandId RunPopup(control::CommandId Menu);
 
+    /// Opens a file that has been named from outside: as the program was started, or dropped on the window. Nothing
+    /// while something is at work.
+    void OpenFile(const std::filesystem::path& File);
+
     /// Closes the window as a person would, or for good, as soon as no handler is at work.
     void CloseLater();
     void EndLater();
@@ -56,6 +60,8 @@ protected:
     bool eventFilter(QObject* Watched, QEvent* Event) override;
     void keyPressEvent(QKeyEvent* Event) override;
     void changeEvent(QEvent* Event) override;
+    void dragEnterEvent(QDragEnterEvent* Event) override;
+    void dropEvent(QDropEvent* Event) override;
 
 private:
     void BuildMenus();
@@ -78,6 +84,7 @@ private:
     void ShowOpenControls();
     void ShowLabels();
     void ShowProgress();
+    void ShowRecentFiles();
     void KeepFocus(QWidget* Before);
     void ShowCommands();
     void CentreOnScreen();

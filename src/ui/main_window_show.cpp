@@ -4,8 +4,10 @@
 // compared with the entries themselves, since a click ticks an entry before its handler has agreed.
 #include "ui/main_window.h"
 
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLayout>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QSignalBlocker>
@@ -74,6 +76,7 @@ void MainWindow::ShowContents() {
     QWidget* Focused = focusWidget();
     ShowOpenControls();
     KeepFocus(Focused);
+    setWindowModified(State->GameChanged);
     if (EverShown && Now == Shown) {
         return;
     }
@@ -82,8 +85,10 @@ void MainWindow::ShowContents() {
     ShowTexts();
     ShowLabels();
     ShowProgress();
+    ShowRecentFiles();
     if (!EverShown || Now.Caption != Shown.Caption) {
-        setWindowTitle(Text(Now.Caption).trimmed());
+        // The desktop puts its mark for what is not saved in the place of the brackets.
+        setWindowTitle(Text(Now.Caption).trimmed() + QLatin1String("[*]"));
     }
     for (std::size_t I = 0; I < Panels.size(); ++I) {
         Panels.at(I)->setText(Text(Now.StatusPanels[I]));
@@ -93,6 +98,25 @@ void MainWindow::ShowContents() {
     ShowBoard();
     Shown = Now;
     EverShown = true;
+}
+
+void MainWindow::ShowRecentFiles() {
+    if (EverShown && State->RecentFiles == Shown.RecentFiles) {
+        return;
+    }
+    QMenu* Recent = Menus.at(static_cast<std::size_t>(control::CommandId::RecentMenu));
+    Recent->clear();
+    for (std::size_t Place = 0; Place < State->RecentFiles.size(); ++Place) {
+        const QFileInfo File(Text(State->RecentFiles[Place]));
+        QString Caption = File.fileName();
+        Caption.replace(QLatin1Char('&'), QLatin1String("&&"));
+        QAction* Entry = Recent->addAction(QStringLiteral("&%1 %2").arg(Place + 1).arg(Caption));
+        Entry->setObjectName(QStringLiteral("Recent%1").arg(Place + 1));
+        Entry->setToolTip(File.filePath());
+        Entry->setStatusTip(File.filePath());
+        connect(Entry, &QAction::triggered, this,
+                [this, Place] { Dispatch([Place](control::GameState& Game) { control::OpenListed(Game, Place); }); });
+    }
 }
 
 void MainWindow::ShowBoard() {

@@ -3,9 +3,11 @@
 // Whatever waits for a person shows the contents first, so that a message never stands over a stale board.
 #include "ui/qt_platform.h"
 
+#include "ui/details_dialog.h"
 #include "ui/main_window.h"
 #include "ui/pdn_dialog.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDesktopServices>
@@ -14,6 +16,7 @@
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QTemporaryFile>
 #include <QTimer>
@@ -242,6 +245,19 @@ std::optional<control::PdnChoice> QtPlatform::ChoosePdnGame(formats::PdnIndex& G
     Window.ShowContents();
     PdnDialog Dialog(&Window, Games, Text(Title), Variants);
     return Dialog.Choose();
+}
+
+void QtPlatform::ShowDetails(const game::Details& Details, const std::function<void(const game::Details&)>& Store) {
+    Window.ShowContents();
+    DetailsDialog(&Window, Details, Store).exec();
+}
+
+std::string QtPlatform::ClipboardText() {
+    return QGuiApplication::clipboard()->text().toStdString();
+}
+
+void QtPlatform::SetClipboardText(std::string_view Words) {
+    QGuiApplication::clipboard()->setText(Text(Words));
 }
 
 bool QtPlatform::OpenLog() {

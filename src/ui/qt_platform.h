@@ -55,6 +55,9 @@ public:
                                                        const std::filesystem::path& Suggested) override;
     std::optional<control::PdnChoice> ChoosePdnGame(formats::PdnIndex& Games, std::string_view Title,
                                                     const std::vector<std::string>& Variants) override;
+    void ShowDetails(const game::Details& Details, const std::function<void(const game::Details&)>& Store) override;
+    std::string ClipboardText() override;
+    void SetClipboardText(std::string_view Words) override;
     bool OpenLog() override;
     void AppendLog(std::string_view Text) override;
     void CloseLog() override;

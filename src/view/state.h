@@ -172,6 +172,7 @@ struct WindowContents {
     LabelFields ExtraWhiteName;
     LabelFields ExtraWhiteCount; ///< of White
     ProgressFields Progress;
+    std::vector<std::string> RecentFiles; ///< opened or saved lately, the last one first
     base::CheckedArray<std::string, StatusPanelCount> StatusPanels{};
     bool operator==(const WindowContents&) const = default;
 };

@@ -68,12 +68,14 @@ using Mode = view::GameMode;
 
 constexpr StateCase StateRows[] = {
     {"at_the_start", Resting, Mode::ComputerPlayer, 0,
-     "New1 Open1 Save SaveAs Exit Compute MoveForward Last Offerdraw Resign Cplayer Pplayer mnu_Play_Ccomputer Turn "
+     "New1 Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit Compute MoveForward Last Offerdraw Resign "
+     "Cplayer Pplayer mnu_Play_Ccomputer Turn "
      "Nonotation "
      "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers calculation rating",
      "CGRT"},
     {"between_persons_in_the_middle", Resting, Mode::PlayerPlayer, 1,
-     "New1 Open1 Save SaveAs Exit Compute First Moveback MoveForward Last Cplayer Pplayer mnu_Play_Ccomputer Turn "
+     "New1 Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit Compute First Moveback MoveForward Last Cplayer "
+     "Pplayer mnu_Play_Ccomputer Turn "
      "Nonotation "
      "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers calculation rating",
      "CGRT"},
@@ -82,7 +84,8 @@ constexpr StateCase StateRows[] = {
     {"replaying", Replaying, Mode::ComputerPlayer, 1, "Exit calculation rating", "G"},
     {"message_to_come", Ending, Mode::ComputerPlayer, 2, "Exit", "G"},
     {"over_at_the_end", Over, Mode::ComputerPlayer, 2,
-     "New1 Open1 Save SaveAs Exit First Moveback Cplayer Pplayer Turn Nonotation mnu_Board_Notation_Chess "
+     "New1 Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit First Moveback Cplayer Pplayer Turn Nonotation "
+     "mnu_Board_Notation_Chess "
      "mnu_Board_Notation_Checkers "
      "calculation rating",
      "GRT"},

@@ -171,6 +171,50 @@ TEST_F(Files, WhatIsReplacedComesBack) {
     EXPECT_EQ(3, State.Record.Cursor);
 }
 
+TEST_F(Files, ThroughTheClipboard) {
+    Play("d4e5 c7d6");
+    Run(CopyGame);
+    const std::string Game = World.Clipboard;
+    EXPECT_NE(std::string::npos, Game.find("1. 32-28 17-22 *\r\n"));
+    Run(CopyPosition);
+    EXPECT_TRUE(World.Clipboard.starts_with("W:W")) << World.Clipboard;
+    State.GameChanged = false;
+    Run(CommandId::Paste);
+    EXPECT_EQ(0, State.Record.Count);
+    EXPECT_EQ(rules::BlackMan, PieceOn("d6"));
+    World.Clipboard = Game;
+    Run(CommandId::Paste);
+    EXPECT_EQ(2, State.Record.Count);
+    EXPECT_TRUE(State.GameChanged) << "it stands in no file";
+    for (const auto& [Text, Said] : {std::pair{"W:W99:B1", "Illegal Setup!"},
+                                     {"milk, bread", "The clipboard holds neither a game nor a position"}}) {
+        World.Clipboard = Text;
+        World.ExpectQuestion("Confirmation", "Quit current game?", true);
+        World.ExpectMessage("Error", Said);
+        Run(CommandId::Paste);
+        EXPECT_EQ(2, State.Record.Count) << Text;
+    }
+    World.EditedDetails.White = "Ann";
+    Run(CommandId::Details);
+    EXPECT_EQ("Ann", State.Details.White);
+}
+
+TEST_F(Files, ThoseOpenedLatelyAreKnownInTheNextRun) {
+    World.Keeper = control::FileKeeper::ThisProgram;
+    Play("d4e5");
+    for (int I = 0; I < 9; ++I) {
+        Save(File(("game" + std::to_string(I) + ".qvm").c_str()));
+    }
+    control::OpenListed(State, 1);
+    Start();
+    ASSERT_EQ(8U, Owned->RecentFiles.size());
+    EXPECT_EQ(File("game7.qvm").string(), Owned->RecentFiles.front());
+    fs::remove(File("game8.qvm"));
+    World.ExpectMessage("Zonterbrook", File("game8.qvm").string() + " does not exist");
+    control::OpenListed(*Owned, 1);
+    EXPECT_EQ(7U, Owned->RecentFiles.size());
+}
+
 struct PdnCase {
     const char* Name;
     const char* Text;

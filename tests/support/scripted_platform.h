@@ -22,6 +22,9 @@ public:
     /// What the test may set and look at.
     double Clock = 1000;
     std::filesystem::path Directory;
+    std::string Clipboard;
+    game::Details DetailsShown;
+    game::Details EditedDetails;                  ///< what the person makes of a game's details
     std::filesystem::path Written = "/no folder"; ///< where the program's own files go
     control::FileKeeper Keeper = control::FileKeeper::Nobody;
     std::function<void()> OnWait;    ///< runs while the program waits
@@ -103,6 +106,12 @@ public:
         }
         return Take(Kind::ChooseGame, Title, "").Chosen;
     }
+    void ShowDetails(const game::Details& Details, const std::function<void(const game::Details&)>& Store) override {
+        DetailsShown = Details;
+        Store(EditedDetails);
+    }
+    std::string ClipboardText() override { return Clipboard; }
+    void SetClipboardText(std::string_view Text) override { Clipboard = Text; }
     bool OpenLog() override { return LogIsOpen = LogCanBeOpened; }
     void AppendLog(std::string_view Text) override {
         EXPECT_TRUE(LogIsOpen) << "written to a closed log: " << Text;
