@@ -281,22 +281,39 @@ constexpr OfferCase OfferRows[] = {{"all_agrees", 0.09, Answer::No},
                                    {"men_are_left", 0.0, Answer::NotAsked, 1, -40, 0, "W c1, w g1, B b0, b h0"}};
 INSTANTIATE_TEST_SUITE_P(Rows, Offers, testing::ValuesIn(OfferRows), RowName);
 
-TEST_F(ComputerMoves, FlatScoresAreCounted) {
+TEST_F(ComputerMoves, FlatScoresAreCountedAndOfferADraw) {
     State.ChessDrawRules = 0;
-    Lay("W c1, W g1, w j2, B b0, B h0, b a9");
-    BetweenPersons();
-    Shuffle({"c1d2", "b0c9", "d2c1", "c9b0"}, 80);
-    Think();
-    const int Score = State.Record.HalfMoves[81].Score;
-    // How much higher the score was 78 half-moves ago, or that there was none, and the count then.
-    for (const auto& [Before, Count] : {std::pair{99, 2}, {100, 0}, {-99, 2}, {-100, 0}, {-Score, 0}}) {
-        Run(Back);
-        State.ScoreFlatCount = 1;
-        State.Record.HalfMoves[3].Score = static_cast<std::int16_t>(Score + Before);
+    State.MoveLimitChoice = 2;
+    for (const char* Lone : {"", ", w i1"}) { // material that differs is no draw
+        BetweenPersons();
+        Lay("W c1, W g1, w j2, B b0, B h0, b a9" + std::string(Lone));
+        Shuffle({"c1d2", "b0c9", "d2c1", "c9b0"}, 80);
+        Run(ComputerPlayer);
+        World.OnNode = [&] {
+            EXPECT_EQ("81 of 32", std::to_string(State.QuietMoves) + " of " + std::to_string(State.QuietLimit));
+        };
+        State.AskForDraw = 0;
         Think();
-        ASSERT_EQ(81, State.GameMoves);
-        ASSERT_EQ(Score, State.Record.HalfMoves[81].Score);
-        EXPECT_EQ(Count, State.ScoreFlatCount) << Before;
+        const int Score = State.Record.HalfMoves[81].Score;
+        State.AskForDraw = 1;
+        // How much higher the score was 78 half-moves ago, or that there was none, how often it has been flat before,
+        // and how often then.
+        for (const auto& [Before, Often, Then] :
+             {std::array{99, 1, 2}, {99, 0, 1}, {100, 2, 0}, {-99, 1, 2}, {-100, 1, 0}, {-Score, 1, 0}}) {
+            Run(Back);
+            State.ScoreFlatCount = Often;
+            State.LastDrawOffer = 0;
+            State.Record.HalfMoves[3].Score = static_cast<std::int16_t>(Score + Before);
+            World.Chances = {0.99, 0.99};
+            if (Then == 2 && *Lone == '\0') {
+                World.ExpectQuestion("Question", "How about a draw?", false);
+            }
+            Think();
+            ASSERT_EQ(81, State.GameMoves);
+            ASSERT_EQ(Score, State.Record.HalfMoves[81].Score);
+            EXPECT_EQ(Then, State.ScoreFlatCount) << Before;
+            EXPECT_TRUE(World.ScriptIsDone());
+        }
     }
 }
 

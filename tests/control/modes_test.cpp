@@ -150,6 +150,9 @@ TEST_P(OwnGames, EndByARule) {
         State.SearchDepth = Depth;
         PlayVariant(GetParam());
         const std::string Start = rules::SetupText(State.Board);
+        for (rules::CellSet Men = rules::AllPieces(State); Men.Any();) {
+            EXPECT_TRUE(rules::IsPlayingSquare(State, Men.TakeFirst()) || State.RuleSet.PiecesOnBlack == 2);
+        }
         Run(ComputerComputer);
         EXPECT_FALSE(World.Ended);
         EXPECT_TRUE(control::IsOver(State)) << "stopped at half-move " << State.GameMoves;

@@ -149,6 +149,24 @@ protected:
         ExpectConsistent();
     }
 
+    /// The window shows what there is to show: to paint and to write it anew changes nothing.
+    void ExpectShown() {
+        const view::WindowContents Before = State;
+        view::ShowPlayers(State);
+        view::WriteCalculation(State);
+        if (State.SourceCell < 0 && !State.NumbersShown) {
+            view::DrawBoard(State, 0);
+        }
+        for (int Cell = 0; Cell < view::BoardPictures; ++Cell) {
+            State.Cells[Cell].Box = Before.Cells[Cell].Box; // they go with the mouse
+        }
+        if (control::TakesMoves(State)) {
+            view::RefreshMoveChoices(State);
+            State.ChoiceList.Selected = Before.ChoiceList.Selected;
+        }
+        EXPECT_TRUE(Before == static_cast<const view::WindowContents&>(State)) << "something old stands in the window";
+    }
+
     void ExpectConsistent() const { EXPECT_EQ("", rules::CheckPosition(State)); }
 };
 
