@@ -29,7 +29,11 @@ protected:
 TEST_F(ComputerMoves, AMoveIsPlayedAndRecorded) {
     State.SearchDepth = 3;
     State.UseSound = 1;
-    World.OnNode = [&] { EXPECT_EQ(control::TurnState::Thinking, State.Turn); };
+    State.RootList.Lines = {"d4-e5"}; // of the search before
+    World.OnNode = [&] {
+        EXPECT_EQ(control::TurnState::Thinking, State.Turn);
+        EXPECT_TRUE(State.ChoiceList.Lines.empty() && State.RootList.Lines.empty());
+    };
     World.OnWait = World.OnNode;
     Think();
     ASSERT_EQ(1, State.GameMoves);
@@ -51,6 +55,7 @@ TEST_F(ComputerMoves, AMoveIsPlayedAndRecorded) {
 }
 
 TEST_F(ComputerMoves, TheComputerTakesTheSideToMoveOver) {
+    World.OnWait = [&] { ExpectShown(); };
     Think();
     ExpectNames("Computer", "Player");
     Think();
@@ -82,8 +87,10 @@ TEST_F(ComputerMoves, WhatLayAheadIsDropped) {
 TEST_F(ComputerMoves, TheCalculationIsShown) {
     State.SearchDepth = 4;
     std::set<std::string> Seen;
+    double Progress = 0;
     World.OnNode = [&] {
         World.Clock += 1;
+        EXPECT_LE(State.Progress.Value - std::exchange(Progress, State.Progress.Value), 1) << "a move is one step";
         Seen.insert(Status());
     };
     Think();
@@ -156,10 +163,17 @@ using ClosedInMidSearch = RowsOf<ComputerMoves, CloseCase>;
 TEST_P(ClosedInMidSearch, AsksFirstAndStopsOnlyAfterAYes) {
     const CloseCase& Row = GetParam();
     State.SearchDepth = 6;
+    Lay("W c1, W g1, B b0, B h0");
+    State.AskForDraw = 1;
+    State.LastDrawOffer = -40;
     State.ConfirmExit = Row.ConfirmExit;
     if (Row.ConfirmExit != 0) {
         World.ExpectQuestion("Confirmation", "Are you sure you want to exit?", Row.Closes);
     }
+    if (!Row.Closes) { // who goes is not asked for a draw
+        World.ExpectQuestion("Question", "How about a draw?", false);
+    }
+    World.Chances.assign(9, 0);
     World.OnNode = [&] {
         if (World.Nodes < 500 || World.Nodes > 501) {
             return;
@@ -256,6 +270,8 @@ TEST_P(Offers, AreMadeWhenEverythingAgrees) {
     State.LastDrawOffer = Row.LastOffer;
     State.ForcedAnnounced = Row.Announced;
     World.Chances = {Row.Chance};
+    int Pauses = 0;
+    World.OnWait = [&] { Pauses += State.GameMoves; };
     if (Row.Asked != Answer::NotAsked) {
         World.ExpectQuestion("Question", "How about a draw?", Row.Asked == Answer::Yes);
     }
@@ -265,6 +281,7 @@ TEST_P(Offers, AreMadeWhenEverythingAgrees) {
     Think();
     EXPECT_EQ(1, State.GameMoves);
     EXPECT_EQ(Row.Asked != Answer::NotAsked, State.LastDrawOffer == 1);
+    EXPECT_EQ(Row.Asked != Answer::NotAsked ? 1 : 0, Pauses) << "the move must be seen first";
     if (Row.Asked == Answer::Yes) {
         ExpectOver("It's a draw!", "1/2-1/2");
     } else {

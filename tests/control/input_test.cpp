@@ -69,7 +69,7 @@ TEST_P(Refusals, SayWhyAndChangeNothing) {
         }
     }
     Hover("a1");
-    EXPECT_EQ(Highlight::Dark, State.Cells[view::CellOfSquare(State, State.MoveStack[0].Source)].Box);
+    ExpectShown();
 }
 
 // Two captures from c3: a long one over d4 and f6, a short one over b4.

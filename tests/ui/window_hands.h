@@ -74,6 +74,8 @@ public:
                    auto* Box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
                    EXPECT_EQ(Said, Box->windowTitle() + ": " + Box->text());
                    EXPECT_EQ(Icon, Box->icon());
+                   const bool Asks = Icon == QMessageBox::Question;
+                   EXPECT_TRUE(!Asks || Box->defaultButton() == Box->button(QMessageBox::Yes));
                    Answer == QMessageBox::NoButton ? QTest::keyClick(Box, Qt::Key_Escape)
                                                    : QTest::mouseClick(Box->button(Answer), Qt::LeftButton);
                }) {}

@@ -1,6 +1,7 @@
 // The main window with a game in it, driven by mouse and keys as a person would.
 //
 // Most cases play both sides by hand; the few with the computer use shallow searches, or deep ones that are cancelled.
+#include "control/trap.h"
 #include "window_hands.h"
 
 namespace zonterbrook::tests {
@@ -191,9 +192,10 @@ TEST_F(MainWindow, ListsShowWhatIsChosenAndElseTheirBeginning) {
     Window->ShowContents();
     const QScrollBar* Bar = List("List1")->verticalScrollBar();
     EXPECT_EQ(Bar->maximum(), Bar->value());
-    Game().GameList.Selected = 150;
+    List("List1")->verticalScrollBar()->setValue(0);
+    Game().GameList.Lines.front() = "   1. 32-28";
     Window->ShowContents();
-    EXPECT_TRUE(Bar->value() > 0 && Bar->value() < Bar->maximum());
+    EXPECT_EQ(Bar->maximum(), Bar->value()) << "the chosen line is out of sight";
     Game().GameList.Selected = -1;
     Window->ShowContents();
     EXPECT_EQ(0, Bar->value());
@@ -248,6 +250,14 @@ TEST_F(MainWindow, ClosingInMidSearchEndsCleanly) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !Window->isVisible(); }));
     EXPECT_TRUE(Window->HasEnded());
     EXPECT_EQ(0, Game().HandlersAtWork);
+    Open();
+    InMidSearch([&] {
+        const NextBox Fault("Error: broken", QMessageBox::Ok, QMessageBox::Warning);
+        control::RunTrapped(Game(), [] { throw base::Fault("broken"); });
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(Window->isVisible()) << "gone before the search had unwound";
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !Window->isVisible(); }));
 }
 
 TEST_F(MainWindow, ClosingCanBeRefused) {
