@@ -29,7 +29,11 @@ protected:
 TEST_F(ComputerMoves, AMoveIsPlayedAndRecorded) {
     State.SearchDepth = 3;
     State.UseSound = 1;
-    World.OnNode = [&] { EXPECT_EQ(control::TurnState::Thinking, State.Turn); };
+    State.RootList.Lines = {"d4-e5"}; // of the search before
+    World.OnNode = [&] {
+        EXPECT_EQ(control::TurnState::Thinking, State.Turn);
+        EXPECT_TRUE(State.ChoiceList.Lines.empty() && State.RootList.Lines.empty());
+    };
     World.OnWait = World.OnNode;
     Think();
     ASSERT_EQ(1, State.GameMoves);
@@ -51,6 +55,7 @@ TEST_F(ComputerMoves, AMoveIsPlayedAndRecorded) {
 }
 
 TEST_F(ComputerMoves, TheComputerTakesTheSideToMoveOver) {
+    World.OnWait = [&] { ExpectShown(); };
     Think();
     ExpectNames("Computer", "Player");
     Think();
@@ -82,8 +87,10 @@ TEST_F(ComputerMoves, WhatLayAheadIsDropped) {
 TEST_F(ComputerMoves, TheCalculationIsShown) {
     State.SearchDepth = 4;
     std::set<std::string> Seen;
+    double Progress = 0;
     World.OnNode = [&] {
         World.Clock += 1;
+        EXPECT_LE(State.Progress.Value - std::exchange(Progress, State.Progress.Value), 1) << "a move is one step";
         Seen.insert(Status());
     };
     Think();
@@ -156,10 +163,17 @@ using ClosedInMidSearch = RowsOf<ComputerMoves, CloseCase>;
 TEST_P(ClosedInMidSearch, AsksFirstAndStopsOnlyAfterAYes) {
     const CloseCase& Row = GetParam();
     State.SearchDepth = 6;
+    Lay("W c1, W g1, B b0, B h0");
+    State.AskForDraw = 1;
+    State.LastDrawOffer = -40;
     State.ConfirmExit = Row.ConfirmExit;
     if (Row.ConfirmExit != 0) {
         World.ExpectQuestion("Confirmation", "Are you sure you want to exit?", Row.Closes);
     }
+    if (!Row.Closes) { // who goes is not asked for a draw
+        World.ExpectQuestion("Question", "How about a draw?", false);
+    }
+    World.Chances.assign(9, 0);
     World.OnNode = [&] {
         if (World.Nodes < 500 || World.Nodes > 501) {
             return;
@@ -256,6 +270,8 @@ TEST_P(Offers, AreMadeWhenEverythingAgrees) {
     State.LastDrawOffer = Row.LastOffer;
     State.ForcedAnnounced = Row.Announced;
     World.Chances = {Row.Chance};
+    int Pauses = 0;
+    World.OnWait = [&] { Pauses += State.GameMoves; };
     if (Row.Asked != Answer::NotAsked) {
         World.ExpectQuestion("Question", "How about a draw?", Row.Asked == Answer::Yes);
     }
@@ -265,6 +281,7 @@ TEST_P(Offers, AreMadeWhenEverythingAgrees) {
     Think();
     EXPECT_EQ(1, State.GameMoves);
     EXPECT_EQ(Row.Asked != Answer::NotAsked, State.LastDrawOffer == 1);
+    EXPECT_EQ(Row.Asked != Answer::NotAsked ? 1 : 0, Pauses) << "the move must be seen first";
     if (Row.Asked == Answer::Yes) {
         ExpectOver("It's a draw!", "1/2-1/2");
     } else {
@@ -281,22 +298,39 @@ constexpr OfferCase OfferRows[] = {{"all_agrees", 0.09, Answer::No},
                                    {"men_are_left", 0.0, Answer::NotAsked, 1, -40, 0, "W c1, w g1, B b0, b h0"}};
 INSTANTIATE_TEST_SUITE_P(Rows, Offers, testing::ValuesIn(OfferRows), RowName);
 
-TEST_F(ComputerMoves, FlatScoresAreCounted) {
+TEST_F(ComputerMoves, FlatScoresAreCountedAndOfferADraw) {
     State.ChessDrawRules = 0;
-    Lay("W c1, W g1, w j2, B b0, B h0, b a9");
-    BetweenPersons();
-    Shuffle({"c1d2", "b0c9", "d2c1", "c9b0"}, 80);
-    Think();
-    const int Score = State.Record.HalfMoves[81].Score;
-    // How much higher the score was 78 half-moves ago, or that there was none, and the count then.
-    for (const auto& [Before, Count] : {std::pair{99, 2}, {100, 0}, {-99, 2}, {-100, 0}, {-Score, 0}}) {
-        Run(Back);
-        State.ScoreFlatCount = 1;
-        State.Record.HalfMoves[3].Score = static_cast<std::int16_t>(Score + Before);
+    State.MoveLimitChoice = 2;
+    for (const char* Lone : {"", ", w i1"}) { // material that differs is no draw
+        BetweenPersons();
+        Lay("W c1, W g1, w j2, B b0, B h0, b a9" + std::string(Lone));
+        Shuffle({"c1d2", "b0c9", "d2c1", "c9b0"}, 80);
+        Run(ComputerPlayer);
+        World.OnNode = [&] {
+            EXPECT_EQ("81 of 32", std::to_string(State.QuietMoves) + " of " + std::to_string(State.QuietLimit));
+        };
+        State.AskForDraw = 0;
         Think();
-        ASSERT_EQ(81, State.GameMoves);
-        ASSERT_EQ(Score, State.Record.HalfMoves[81].Score);
-        EXPECT_EQ(Count, State.ScoreFlatCount) << Before;
+        const int Score = State.Record.HalfMoves[81].Score;
+        State.AskForDraw = 1;
+        // How much higher the score was 78 half-moves ago, or that there was none, how often it has been flat before,
+        // and how often then.
+        for (const auto& [Before, Often, Then] :
+             {std::array{99, 1, 2}, {99, 0, 1}, {100, 2, 0}, {-99, 1, 2}, {-100, 1, 0}, {-Score, 1, 0}}) {
+            Run(Back);
+            State.ScoreFlatCount = Often;
+            State.LastDrawOffer = 0;
+            State.Record.HalfMoves[3].Score = static_cast<std::int16_t>(Score + Before);
+            World.Chances = {0.99, 0.99};
+            if (Then == 2 && *Lone == '\0') {
+                World.ExpectQuestion("Question", "How about a draw?", false);
+            }
+            Think();
+            ASSERT_EQ(81, State.GameMoves);
+            ASSERT_EQ(Score, State.Record.HalfMoves[81].Score);
+            EXPECT_EQ(Then, State.ScoreFlatCount) << Before;
+            EXPECT_TRUE(World.ScriptIsDone());
+        }
     }
 }
 

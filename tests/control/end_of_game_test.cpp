@@ -132,8 +132,11 @@ TEST_P(Ends, AreAnnouncedOnceTheMoveHasBeenSeen) {
     State.KingVersusKing = Row.KingVersusKing;
     State.SearchDepth = 3;
     State.UseRating = 0;
+    State.AskForDraw = 1; // which comes too late
+    World.Chances.assign(9, 0);
     Run(*Row.Moves != '\0' ? PlayerPlayer : ComputerPlayer);
     Lay(Row.Pieces);
+    State.LastDrawOffer = -40;
     ExpectCongratulation(Row.Text);
     int Seen = 0;
     World.OnWait = [&] {
@@ -149,6 +152,7 @@ TEST_P(Ends, AreAnnouncedOnceTheMoveHasBeenSeen) {
     };
     *Row.Moves != '\0' ? Play(Row.Moves) : Run(Compute);
     EXPECT_EQ(Row.Made, State.GameMoves);
+    EXPECT_TRUE(Status() != "Computer wins!" || State.Progress.Value == State.Progress.Maximum);
     EXPECT_TRUE(State.HintSource == 0 || std::string_view(Row.Result) != "1-0") << "of a side that can't reply";
     ExpectOver(Row.Text, Row.Result);
 }
@@ -181,6 +185,7 @@ constexpr EndCase EndRows[] = {
     {"computer_is_blocked_into_a_draw", "NoLegalDraw=1", NoWayOut, "", "It's a draw!", "1/2-1/2", 0, 0},
     {"computer_reaches_the_goal", "KingWin=1", "w c9, b a9", "", "Computer wins!", ""},
     {"computer_reaches_it_through_a_cancel", "KingWin=1", "w c9, b a9, b a7", "", "Computer wins!", "", 0, 1, true},
+    {"computer_reaches_it_by_kings", "KingWin=1", "W c9, B j2", "", "Computer wins!", "", 0, 1, true},
     {"computer_must_make_a_king_that_loses", "KingWin=1|AntiMode=1", "w a9, b j8", "", "Player wins!", "1-0"},
     {"computer_has_lost_the_race", "KingWin=1", "w a3, B a1, b a9", "", "Player wins!", "", 0, 0},
     {"computer_makes_king_against_king", "", "W c1, B b0", "", KingsText, "1/2-1/2", 1}};

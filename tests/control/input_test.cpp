@@ -68,6 +68,8 @@ TEST_P(Refusals, SayWhyAndChangeNothing) {
             EXPECT_EQ(Highlight::None, Shows.Box) << "the box of a target is left";
         }
     }
+    Hover("a1");
+    ExpectShown();
 }
 
 // Two captures from c3: a long one over d4 and f6, a short one over b4.
@@ -317,6 +319,7 @@ TEST_F(Input, TheRightButtonEditsTheSquare) {
     EXPECT_EQ(rules::BlackKing, State.StartBoard[Square("d4")]);
     EXPECT_TRUE(State.VariantLine.Text.ends_with(" (M)"));
     ExpectConsistent();
+    ExpectShown();
 
     // The press that follows the popup is ignored, and the next one on an empty square shows no numbers.
     Down("e5");

@@ -123,6 +123,10 @@ INSTANTIATE_TEST_SUITE_P(Rows, OwnPlayStops, testing::ValuesIn(StopRows), RowNam
 TEST_F(Modes, TheClockDoesNotEndOwnPlay) {
     State.FixedDepth = 0;
     State.TimeLimit = 1;
+    Lay("W c1, W g1, B b0, B h0"); // nor is a draw offered to anybody
+    State.AskForDraw = 1;
+    State.LastDrawOffer = -40;
+    World.Chances.assign(9, 0);
     World.OnNode = [&] { World.Clock += 0.01; };
     World.OnWait = [&] {
         State.CancelRequested = State.GameMoves == 6 ? rules::StopRequest::Person : State.CancelRequested;
@@ -150,6 +154,9 @@ TEST_P(OwnGames, EndByARule) {
         State.SearchDepth = Depth;
         PlayVariant(GetParam());
         const std::string Start = rules::SetupText(State.Board);
+        for (rules::CellSet Men = rules::AllPieces(State); Men.Any();) {
+            EXPECT_TRUE(rules::IsPlayingSquare(State, Men.TakeFirst()) || State.RuleSet.PiecesOnBlack == 2);
+        }
         Run(ComputerComputer);
         EXPECT_FALSE(World.Ended);
         EXPECT_TRUE(control::IsOver(State)) << "stopped at half-move " << State.GameMoves;

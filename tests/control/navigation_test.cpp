@@ -41,6 +41,17 @@ TEST_F(Navigation, FirstAndLastReachTheEndsAndBackAgain) {
     ExpectTheWholeWay();
 }
 
+TEST_F(Navigation, WhatTheComputerHasThoughtIsForgotten) {
+    for (const CommandId Step : {Back, First}) {
+        Run(Compute);
+        EXPECT_NE("no calculation", State.Calculation.Text);
+        Run(Step);
+        EXPECT_EQ("no calculation", State.Calculation.Text);
+        EXPECT_TRUE(State.RootList.Lines.empty());
+        ExpectShown();
+    }
+}
+
 TEST_F(Navigation, StepsShowTheirMove) {
     Play("d4e5 e7d6");
     State.HintSource = Square("f4"); // expected in another position

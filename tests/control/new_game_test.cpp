@@ -1,5 +1,6 @@
 // A new game, and the openings by lot.
 #include "control/new_game.h"
+#include "engine/evaluate.h"
 #include "support/game_fixture.h"
 
 namespace zonterbrook::tests {
@@ -23,7 +24,12 @@ TEST_F(NewGames, ForgetWhatWasPlayedUnlessTheAnswerIsNo) {
     control::Text1_KeyUp(State);
     Drag("d4", "e5");
     State.DrawCode = control::DrawRule::MoveLimit;
-    State.ThreeKingsStart = 5;
+    State.ThreeKingsStart = State.TwoKingsStart = State.ScoreFlatCount = State.LastDrawOffer = 5;
+    State.HintSource = 5;
+    State.ForcedAnnounced = true;
+    State.BookOpen = false;
+    State.Progress.Value = 1;
+    State.StatusText = "It's a draw!";
     Begin(false);
     EXPECT_EQ(1, State.GameMoves);
     Press("e7");
@@ -32,11 +38,13 @@ TEST_F(NewGames, ForgetWhatWasPlayedUnlessTheAnswerIsNo) {
     EXPECT_EQ("", State.Record.HalfMoves[1].Comment);
     EXPECT_EQ(-1, State.SourceCell);
     EXPECT_EQ(control::DrawRule::None, State.DrawCode);
-    EXPECT_EQ(0, State.ThreeKingsStart);
+    EXPECT_EQ(0, State.ThreeKingsStart + State.TwoKingsStart + State.ScoreFlatCount + State.LastDrawOffer);
+    EXPECT_EQ(0, State.HintSource + State.Progress.Value);
+    EXPECT_FALSE(State.ForcedAnnounced || State.GameChanged || !State.BookOpen);
+    EXPECT_EQ("", State.StatusText);
     EXPECT_EQ(State.StartBoard, State.Board);
     EXPECT_EQ(rules::White, State.Side);
-    EXPECT_EQ(view::Picture::dark_white_man, CellOn("d4").Shows);
-    ExpectCan(false, {Back});
+    ExpectShown();
     EXPECT_EQ("Player", State.BlackPlayerName) << "two persons stay two persons";
     EXPECT_EQ("", control::CheckRest(State));
 }
@@ -84,7 +92,12 @@ TEST_F(NewGames, RemovalsLeaveOneManAtLeast) {
 
 TEST_F(NewGames, AutomaticMovesAreInTheRecordAsIfLoaded) {
     WriteRules(State, "DoMoves=1|NumberMoves=5");
+    World.Log.clear();
     Run(NewGame);
+    EXPECT_EQ(9U, base::SplitLines(World.Log).size()) << World.Log;
+    EXPECT_EQ("Black moves", Status());
+    ExpectShown();
+    EXPECT_EQ(engine::KeyOfPosition(State), State.PositionHistory[4]) << "repetitions are counted from the start";
     EXPECT_EQ(5, State.GameMoves);
     EXPECT_EQ(game::MadeBy::File, State.Record.HalfMoves[5].By);
     EXPECT_EQ("Player", State.BlackPlayerName) << "the person is to move";

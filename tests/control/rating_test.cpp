@@ -1,4 +1,5 @@
 // The rating: what a game is worth, which games count, and what is said; draw offers and resignation.
+#include "control/ending.h"
 #include "control/rating.h"
 #include "support/game_fixture.h"
 
@@ -131,7 +132,7 @@ TEST_F(Ratings, ADrawIsTakenByWhoIsNotAhead) {
     ExpectOver("It's a draw!", "1/2-1/2");
 }
 
-TEST_F(Ratings, WinsAndLossesAreRated) {
+TEST_F(Ratings, AWonGameIsRated) {
     State.Strength = 0;
     Lay("w c3, w a1, b d6");
     Drag("c3", "d4");
@@ -140,13 +141,25 @@ TEST_F(Ratings, WinsAndLossesAreRated) {
                          "The computers' rating in this game was 1700\nYour new rating is 1228\n");
     DoubleClickMove(State.ChoiceList.Lines.at(0));
     EXPECT_EQ(1228, State.Rating);
-    State.RatingAllowed = 1;
-    State.Rating = 1200;
-    Lay("w c3, b d4");
-    ExpectCongratulation("Computer wins!\n\nYour previous rating was 1200\n"
-                         "The computers' rating in this game was 1700\nYour new rating is 1198\n");
-    Run(Compute);
-    EXPECT_EQ(1198, State.Rating);
+}
+
+TEST_F(Ratings, EachEndHasItsScore) {
+    using enum control::Ending;
+    constexpr std::tuple<control::Ending, bool, int> Rows[] = {
+        {WhiteWins, true, 1215},  {WhiteWins, false, 1185},   {BlackWins, true, 1185},    {BlackWins, false, 1215},
+        {PersonWins, true, 1215}, {ComputerWins, true, 1185}, {Resigned, true, 1185},     {Drawn, true, 1200},
+        {DrawAgreed, true, 1200}, {DrawnByRule, true, 1200},  {OfferAccepted, true, 1200}};
+    World.TakesAnything = true;
+    for (const auto& [How, PersonIsWhite, After] : Rows) {
+        Record(4, 5);
+        State.Rating = 1200;
+        State.WhitePlayerName = PersonIsWhite ? "Player" : "Computer";
+        State.BlackPlayerName = PersonIsWhite ? "Computer" : "Player";
+        State.Turn = control::TurnState::Resting;
+        control::EndGame(State, How);
+        EXPECT_EQ(After, State.Rating) << static_cast<int>(How) << PersonIsWhite;
+        EXPECT_NE("", State.RatingSummary) << "a game that does not count";
+    }
 }
 
 TEST_F(Ratings, ResigningCostsPoints) {

@@ -98,8 +98,11 @@ TEST_F(Record, TheNotationRewritesWhatHasBeenPlayed) {
         EXPECT_EQ((Texts{"8-3         7", "46         -3"}), State.RootList.Lines);
         EXPECT_EQ("Depth: 2   Best: 32-28   Score: 12\nMain: 32-28 18K ", State.Calculation.Text);
     };
+    control::c_MouseMove(State, Cell("d4"));
     Run(Numeric);
+    control::c_MouseMove(State, Cell("d4"));
     ExpectNumbers();
+    ExpectShown();
     EXPECT_EQ(1, State.GameList.Selected);
     EXPECT_EQ(1, State.RootList.Selected);
     EXPECT_TRUE(control::IsTicked(State, Numeric));

@@ -44,6 +44,7 @@ TEST(BadFiles, EndTheProgram) {
         control::Form_Load(*State);
         EXPECT_TRUE(World.Ended);
         EXPECT_FALSE(World.LogIsOpen);
+        EXPECT_NE(std::string::npos, World.Log.find("International Checkers.ini: ")) << World.Log;
         // Whatever the window still says goes unheard.
         control::c_MouseDown(*State, 0, control::LeftButton);
         bool Cancel = true;

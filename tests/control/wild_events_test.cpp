@@ -91,12 +91,14 @@ TEST_P(WildEvents, LeaveTheStateInOrder) {
     PlayVariant(GetParam());
     rules::BoardCellsArray Start = State.Board;
     int MovesSeen = 0;
-    for (int Event = 0; Event < 3000; ++Event) {
+    for (int Event = 0; Event < 2000; ++Event) {
         DoSomething();
         MovesSeen = std::max(MovesSeen, State.Record.Count);
         ASSERT_FALSE(World.Ended) << World.LastSaid;
         ASSERT_EQ("", control::CheckRest(State))
             << "after event " << Event << ", position " << rules::SetupText(State.Board);
+        ExpectShown();
+        ASSERT_FALSE(HasFailure()) << "after event " << Event;
         Start = State.Record.Count == 0 ? State.Board : Start;
         if (Event % 20 == 0) {
             Run(First);

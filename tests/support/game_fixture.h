@@ -149,6 +149,31 @@ protected:
         ExpectConsistent();
     }
 
+    /// The window shows what there is to show: to paint and to write it anew changes nothing.
+    void ExpectShown() {
+        const view::WindowContents Before = State;
+        view::ShowPlayers(State);
+        view::WriteCalculation(State);
+        if (State.SourceCell < 0 && !State.NumbersShown) {
+            view::DrawBoard(State, 0);
+        }
+        // Boxes go with the mouse; but what is told to be boxed is.
+        for (int Cell = 0; Cell < view::BoardPictures; ++Cell) {
+            State.Cells[Cell].Box = Before.Cells[Cell].Box;
+        }
+        for (int I = State.StackLimit[State.Ply]; State.SourcesShown && I < State.StackLimit[State.Ply + 1]; ++I) {
+            const int Source = State.MoveStack[I].Source;
+            const bool Boxed = Source == rules::FromHand ||
+                               State.Cells[view::CellOfSquare(State, Source)].Box != view::Highlight::None;
+            EXPECT_TRUE(Boxed || State.SourceCell >= 0) << "a piece that can move is not boxed";
+        }
+        if (control::TakesMoves(State)) {
+            view::RefreshMoveChoices(State);
+            State.ChoiceList.Selected = Before.ChoiceList.Selected;
+        }
+        EXPECT_TRUE(Before == static_cast<const view::WindowContents&>(State)) << "something old stands in the window";
+    }
+
     void ExpectConsistent() const { EXPECT_EQ("", rules::CheckPosition(State)); }
 };
 

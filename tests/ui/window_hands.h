@@ -65,7 +65,7 @@ private:
     QElapsedTimer Waited;
 };
 
-/// Answers the message box that is about to open, which must say "title: text".
+/// Answers the message box that is about to open, which must say "title: text"; with `NoButton`, by Escape.
 class NextBox : public Soon {
 public:
     NextBox(const char* Said, QMessageBox::StandardButton Answer, QMessageBox::Icon Icon)
@@ -74,7 +74,10 @@ public:
                    auto* Box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
                    EXPECT_EQ(Said, Box->windowTitle() + ": " + Box->text());
                    EXPECT_EQ(Icon, Box->icon());
-                   QTest::mouseClick(Box->button(Answer), Qt::LeftButton);
+                   const bool Asks = Icon == QMessageBox::Question;
+                   EXPECT_TRUE(!Asks || Box->defaultButton() == Box->button(QMessageBox::Yes));
+                   Answer == QMessageBox::NoButton ? QTest::keyClick(Box, Qt::Key_Escape)
+                                                   : QTest::mouseClick(Box->button(Answer), Qt::LeftButton);
                }) {}
 };
 

@@ -1,6 +1,7 @@
 // The main window with a game in it, driven by mouse and keys as a person would.
 //
 // Most cases play both sides by hand; the few with the computer use shallow searches, or deep ones that are cancelled.
+#include "control/trap.h"
 #include "window_hands.h"
 
 namespace zonterbrook::tests {
@@ -21,6 +22,13 @@ TEST_F(MainWindow, OpensWithTheBoardDrawn) {
     EXPECT_GT(At("d4"), At("e5")) << "a white man on it, and none";
     EXPECT_LT(At("c9"), At("d6")) << "a black man";
     EXPECT_GT(At("e6"), At("e5")) << "a light square, and a dark one";
+    EXPECT_LT(Picture.pixelColor(Board().CellRect(0).topLeft() - QPoint(3, 3)).lightness(),
+              Picture.pixelColor(0, 0).lightness())
+        << "the frame";
+    for (const auto& [Label, Ground] : {std::pair("Label1", QColor(255, 0, 0)), {"Label2", QColor(255, 255, 255)}}) {
+        const QImage Name = Find<QLabel>(Label)->grab().toImage();
+        EXPECT_EQ(Ground, Name.pixelColor(Name.width() / 2, 1)) << "the side to move is red";
+    }
     EXPECT_TRUE(Window->windowTitle().startsWith("Zonterbrook 1.20"));
     const QRect Frame = Window->frameGeometry();
     const QRect Free = Window->screen()->availableGeometry();
@@ -135,6 +143,11 @@ TEST_F(MainWindow, ToolbarButtonsAreTheCommands) {
     Game().RuleSet.PiecesOnBlack = 2; // squares of both colours have no numbers: a refused choice keeps its tick
     Run(CommandId::Numeric);
     EXPECT_TRUE(Entry(CommandId::Algebraic)->isChecked() && !Entry(CommandId::Numeric)->isChecked());
+    Run(CommandId::ComputerPlayer);
+    Game().UseRating = 0;
+    const NextBox End("Congratulations: OK... Computer wins!", QMessageBox::Ok, QMessageBox::Warning);
+    QTest::mouseClick(Button("Resign"), Qt::LeftButton);
+    EXPECT_TRUE(Button("New Game")->isEnabled() && !Button("Resign")->isEnabled());
 }
 
 TEST_F(MainWindow, ArrowsStepThroughTheGame) {
@@ -165,12 +178,24 @@ TEST_F(MainWindow, ArrowsStepThroughTheGame) {
     EXPECT_EQ(0, TypedMove()->cursorPosition());
 }
 
+TEST_F(MainWindow, ProgressIsAPartOfTheWhole) {
+    for (const auto& [Value, Maximum, Shown] : {std::array{1.0, 4.0, 250.0}, {9.0, 9.0, 1000.0}, {0.0, 4.0, 0.0}}) {
+        Game().Progress = {Value, Maximum};
+        Window->ShowContents();
+        EXPECT_EQ(Shown, Find<QProgressBar>("Progress")->value());
+    }
+}
+
 TEST_F(MainWindow, ListsShowWhatIsChosenAndElseTheirBeginning) {
     Game().GameList.Lines.assign(300, "   1. d4-e5");
     Game().GameList.Selected = 299;
     Window->ShowContents();
     const QScrollBar* Bar = List("List1")->verticalScrollBar();
     EXPECT_EQ(Bar->maximum(), Bar->value());
+    List("List1")->verticalScrollBar()->setValue(0);
+    Game().GameList.Lines.front() = "   1. 32-28";
+    Window->ShowContents();
+    EXPECT_EQ(Bar->maximum(), Bar->value()) << "the chosen line is out of sight";
     Game().GameList.Selected = -1;
     Window->ShowContents();
     EXPECT_EQ(0, Bar->value());
@@ -225,16 +250,24 @@ TEST_F(MainWindow, ClosingInMidSearchEndsCleanly) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !Window->isVisible(); }));
     EXPECT_TRUE(Window->HasEnded());
     EXPECT_EQ(0, Game().HandlersAtWork);
+    Open();
+    InMidSearch([&] {
+        const NextBox Fault("Error: broken", QMessageBox::Ok, QMessageBox::Warning);
+        control::RunTrapped(Game(), [] { throw base::Fault("broken"); });
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(Window->isVisible()) << "gone before the search had unwound";
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !Window->isVisible(); }));
 }
 
 TEST_F(MainWindow, ClosingCanBeRefused) {
     constexpr const char* Question = "Confirmation: Are you sure you want to exit?";
     Game().ConfirmExit = 1;
-    {
-        const NextBox Refusal(Question, QMessageBox::No, QMessageBox::Question);
+    for (const QMessageBox::StandardButton Answer : {QMessageBox::No, QMessageBox::NoButton}) {
+        const NextBox Refusal(Question, Answer, QMessageBox::Question);
         Window->close();
+        EXPECT_TRUE(Window->isVisible());
     }
-    EXPECT_TRUE(Window->isVisible());
     const NextBox Consent(Question, QMessageBox::Yes, QMessageBox::Question);
     Run(CommandId::Exit);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !Window->isVisible(); }));
