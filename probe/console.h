@@ -15,7 +15,7 @@ namespace zonterbrook::probe {
 
 /// A world in which no time passes for others, chance follows from a seed, what is said is noted, every question is
 /// answered with Yes and nothing waits.
-class StillWorld final : public control::Platform {
+class StillWorld : public control::Platform {
 public:
     double Seconds() override;
     double Random() override;

@@ -7,7 +7,7 @@ namespace zonterbrook::control {
 
 std::shared_ptr<const ReplacedGame> KeepGame(const GameState& State) {
     auto Kept = std::make_shared<ReplacedGame>();
-    Kept->Game = State;
+    Kept->Game = static_cast<const GameFields&>(State);
     Kept->VariantName = State.VariantName;
     Kept->Title = State.VariantTitle;
     Kept->UseClassic = State.UseClassic;

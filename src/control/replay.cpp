@@ -250,6 +250,7 @@ std::vector<std::int32_t> SquaresBetween(const MoveRecord& Capture) {
         return Landings.Found;
     }
     std::vector<std::int32_t> Taken;
+    Taken.reserve(Capture.Captures.Count);
     for (int I = 0; I < Capture.Captures.Count; ++I) {
         Taken.push_back(Capture.Captures.Groups[I].Cell);
     }
