@@ -153,7 +153,8 @@ std::string Console::ReplayPdnFile(const fs::path& File, std::size_t Game, const
     for (std::size_t Number = First; Number <= Last; ++Number) {
         const auto Read = Games.Read(Number - 1);
         if (!Read.Document) {
-            throw CommandError(Read.Error.Text());
+            Lines += ReplayLine(*State, Number, {});
+            continue;
         }
         control::ClearForLoad(*State);
         const control::LoadReport Report =

@@ -22,7 +22,7 @@ namespace {
 // So much of the file at a time that the window stays alive: some milliseconds.
 constexpr std::size_t Slice = std::size_t{1} << 20U;
 constexpr int BarSteps = 1000;
-constexpr int ColumnWidths[] = {210, 84, 150, 150, 60, 130, 90, 50, 70, 70};
+constexpr int ColumnWidths[] = {200, 84, 135, 135, 62, 110, 58, 44, 62, 62};
 constexpr QSize UsualSize(980, 560);
 
 QString Text(std::string_view Words) {
