@@ -111,7 +111,11 @@ void LoadSettings(GameState& State) {
         throw FileFault(std::string(SettingsName) + ": " + Failure.what());
     }
     ApplySettings(State, Values.value_or(formats::Settings{}));
-    if (!Values && State.Outside().KeptBy() == FileKeeper::ThisProgram) {
+    if (State.Outside().KeptBy() != FileKeeper::ThisProgram) {
+        return;
+    }
+    formats::RemoveUnfinished(State.Outside().WritableDirectory());
+    if (!Values) {
         WriteOwnFile(State, SettingsName, formats::WriteSettings(formats::Settings{}));
     }
 }

@@ -48,11 +48,13 @@ std::optional<fs::path> FindEntry(const fs::path& Folder, const std::string& Nam
     return Found;
 }
 
+constexpr std::string_view Unfinished = ".unfinished";
+
 /// A file under a name of its own, which goes again unless it has taken the place of another.
 class NewFile {
 public:
     explicit NewFile(fs::path Beside) : Path(std::move(Beside)) {
-        Path += "." + std::to_string(::getpid()) + ".new";
+        Path += "." + std::to_string(::getpid()) + std::string(Unfinished);
         Handle = ::open(Path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     }
     NewFile(const NewFile&) = delete;
@@ -179,6 +181,19 @@ ReadResult<std::string> ReadFileBytes(const fs::path& File) {
         return {std::nullopt, {0, "the file can't be read"}};
     }
     return {std::move(Bytes).str(), {}};
+}
+
+void RemoveUnfinished(const fs::path& Folder) {
+    std::error_code Error;
+    std::vector<fs::path> Found;
+    for (fs::directory_iterator Entry(Folder, Error), End; !Error && Entry != End; Entry.increment(Error)) {
+        if (Entry->path().extension() == Unfinished) {
+            Found.push_back(Entry->path());
+        }
+    }
+    for (const fs::path& File : Found) {
+        fs::remove(File, Error);
+    }
 }
 
 ReadResult<std::string> ReadTextFile(const fs::path& File) {

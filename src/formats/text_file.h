@@ -44,6 +44,10 @@ ReadResult<std::string> ReadFileBytes(const std::filesystem::path& File);
 std::optional<ReadError> WriteFile(const std::filesystem::path& File, std::string_view Bytes);
 std::optional<ReadError> AppendToFile(const std::filesystem::path& File, std::string_view Bytes);
 
+/// Removes what a program that was ended in the middle of `WriteFile` has left of new files in a folder. Nobody may be
+/// writing there.
+void RemoveUnfinished(const std::filesystem::path& Folder);
+
 /// The whole file as UTF-8 text; bytes that are no UTF-8 are taken for Latin-1.
 ReadResult<std::string> ReadTextFile(const std::filesystem::path& File);
 

@@ -307,10 +307,12 @@ TEST_F(Files, ABadStartIsStillAStart) {
     World.Keeper = control::FileKeeper::ThisProgram;
     File("quavermill.ini", "QUAVERMILL0.88\n");
     File("quavermill.rtg", "QxCC\n");
+    File("quavermill.sav.77.unfinished", "QUAV");
     Start();
     EXPECT_EQ(1, Owned->Rating);
     EXPECT_TRUE(formats::Settings{} == control::SettingsOf(*Owned));
     EXPECT_EQ(formats::WriteSettings({}), formats::ReadFileBytes(Folder / "quavermill.ini").Document);
+    EXPECT_FALSE(fs::exists(Folder / "quavermill.sav.77.unfinished"));
     World.Keeper = control::FileKeeper::AnotherProgram;
     Start();
     EXPECT_NE(std::string::npos, Owned->StatusPanels[view::StatusPanel].find("Another"));
