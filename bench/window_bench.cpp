@@ -4,7 +4,12 @@
 // Runs on the platform that QT_QPA_PLATFORM names, off screen if none does. Every round of the first needs a game's
 // folder that can be written, so it is made in a temporary one.
 #include "control/events.h"
+#include "control/game_document.h"
+#include "control/loaded_game.h"
+#include "control/saved_game.h"
 #include "control/variant_start.h"
+#include "formats/settings.h"
+#include "formats/text_file.h"
 #include "rules/cells.h"
 #include "rules/square_names.h"
 #include "ui/board_widget.h"
@@ -155,6 +160,64 @@ void ForwardStepByStep(benchmark::State& Rounds) {
     Rounds.counters["half_moves"] = Window.GameOf().Record.Count;
 }
 BENCHMARK(ForwardStepByStep)->Unit(benchmark::kMillisecond);
+
+/// The document of a game of so many half-moves with kings that walk to and fro.
+formats::GameFileDocument KingsWalk(const control::GameState& Game, std::size_t HalfMoves) {
+    formats::GameFileDocument Walk = control::DocumentOf(Game);
+    Walk.Moves.clear();
+    for (std::size_t HalfMove = 0; HalfMove < HalfMoves; ++HalfMove) {
+        Walk.Moves.push_back({std::string(ToAndFro[HalfMove % std::size(ToAndFro)]), {}});
+    }
+    return Walk;
+}
+
+/// A thousand half-moves from a file onto the board, without painting.
+void ReplayLongestGame(benchmark::State& Rounds) {
+    LongGameWindow Played;
+    control::GameState& Game = Played.Window.GameOf();
+    const std::filesystem::path File = std::filesystem::path(Played.Own.path().toStdString()) / "long.qvm";
+    formats::WriteFile(File, formats::WriteGameFile(KingsWalk(Game, rules::MaxGameMoves)));
+    for (auto _ : Rounds) {
+        control::LoadGameFile(Game, File, control::LoadMode::Autosave);
+    }
+    Rounds.counters["half_moves"] = Game.Record.Count;
+}
+BENCHMARK(ReplayLongestGame)->Unit(benchmark::kMillisecond);
+
+/// The same game saved.
+void SaveLongestGame(benchmark::State& Rounds) {
+    LongGameWindow Played;
+    control::GameState& Game = Played.Window.GameOf();
+    control::StartGameOf(Game, KingsWalk(Game, rules::MaxGameMoves), control::LoadMode::Autosave);
+    const std::filesystem::path File = std::filesystem::path(Played.Own.path().toStdString()) / "saved.qvm";
+    for (auto _ : Rounds) {
+        control::SaveGameTo(Game, File);
+    }
+}
+BENCHMARK(SaveLongestGame)->Unit(benchmark::kMillisecond);
+
+/// A start that brings back a game of 200 moves, up to the first picture.
+void StartWithLastGame(benchmark::State& Rounds) {
+    constexpr std::size_t HalfMoves = 400;
+    const QTemporaryDir Own;
+    const std::filesystem::path Folder = Own.path().toStdString();
+    {
+        LongGameWindow Played;
+        const control::GameState& Game = Played.Window.GameOf();
+        formats::WriteFile(Folder / control::AutosaveName, formats::WriteGameFile(KingsWalk(Game, HalfMoves)));
+        formats::Settings Settings;
+        Settings.AutoSave = 1;
+        Settings.ChessDrawRules = 0; // no message over the end of the walk
+        formats::WriteFile(Folder / "quavermill.ini", formats::WriteSettings(Settings));
+    }
+    for (auto _ : Rounds) {
+        ui::MainWindow Window(FoldersIn(Own));
+        Window.show();
+        benchmark::DoNotOptimize(Window.grab());
+        Rounds.counters["half_moves"] = Window.GameOf().Record.Count;
+    }
+}
+BENCHMARK(StartWithLastGame)->Unit(benchmark::kMillisecond);
 
 /// A search of two seconds while events come in: the longest that one of them had to wait.
 void LatencyInSearch(benchmark::State& Rounds) {
