@@ -162,14 +162,5 @@ TEST_F(Ratings, EachEndHasItsScore) {
     }
 }
 
-TEST_F(Ratings, ResigningCostsPoints) {
-    Drag("d4", "e5");
-    ExpectCongratulation("OK... Computer wins!\n\nYour previous rating was 1200\nThe computers' rating in this game "
-                         "was 1600\nYour new rating is 1197\n");
-    Run(Resign);
-    EXPECT_EQ(1197, State.Rating);
-    ExpectOver("Computer wins!", "");
-}
-
 } // namespace
 } // namespace zonterbrook::tests

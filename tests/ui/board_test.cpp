@@ -4,6 +4,7 @@
 #include "ui/board_widget.h"
 #include "view/layout.h"
 
+#include <QPaintEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -98,6 +99,34 @@ TEST_F(BoardOnly, NoSeamsAtAnyScale) {
             EXPECT_EQ(0, Gaps) << "size " << SizeClass << " at " << Density;
         }
     }
+}
+
+TEST_F(BoardOnly, ChangesAreRepainted) {
+    class Watch : public QObject {
+    public:
+        QRegion Painted;
+        bool eventFilter(QObject*, QEvent* Event) override {
+            Painted += Event->type() == QEvent::Paint ? static_cast<QPaintEvent*>(Event)->region() : QRegion();
+            return false;
+        }
+    } Seen;
+    Board.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Board));
+    QCoreApplication::processEvents();
+    Board.installEventFilter(&Seen);
+    const auto Expect = [&](const QRect& Area) {
+        Seen.Painted = {};
+        Board.Display(State);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QRegion(Area).subtracted(Seen.Painted).isEmpty(); }));
+    };
+    State.Cells[45].Box = Highlight::Dark;
+    Expect(Board.CellRect(45));
+    State.CursorCell = 7;
+    Expect(Board.CellRect(7));
+    State.CursorCell = -1;
+    Expect(Board.CellRect(7));
+    State.FrameShown = true;
+    Expect(Board.rect());
 }
 
 TEST_F(BoardOnly, HighlightComesAndGoes) {
