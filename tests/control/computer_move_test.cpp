@@ -88,6 +88,7 @@ TEST_F(ComputerMoves, TheCalculationIsShown) {
     State.SearchDepth = 4;
     std::set<std::string> Seen;
     double Progress = 0;
+    World.OnWait = [&] { EXPECT_EQ("", State.Calculation.Text); };
     World.OnNode = [&] {
         World.Clock += 1;
         EXPECT_LE(State.Progress.Value - std::exchange(Progress, State.Progress.Value), 1) << "a move is one step";

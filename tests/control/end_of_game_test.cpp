@@ -117,11 +117,12 @@ TEST_F(EndOfGame, KingAgainstKingOverwritesLimitAndRepetition) {
 
 struct EndCase {
     const char *Name, *Rules, *Pieces;
-    const char* Moves; ///< of persons, White to begin; empty: the computer moves
+    const char* Moves; ///< of persons; empty: the computer moves
     const char *Text, *Result;
     std::uint8_t KingVersusKing = 0;
     int Made = 1;           ///< half-moves that the game has then
     bool Cancelled = false; ///< before the computer has looked at anything
+    std::int32_t Side = rules::White;
 };
 
 using Ends = RowsOf<EndOfGame, EndCase>;
@@ -135,7 +136,7 @@ TEST_P(Ends, AreAnnouncedOnceTheMoveHasBeenSeen) {
     State.AskForDraw = 1; // which comes too late
     World.Chances.assign(9, 0);
     Run(*Row.Moves != '\0' ? PlayerPlayer : ComputerPlayer);
-    Lay(Row.Pieces);
+    Lay(Row.Pieces, Row.Side);
     State.LastDrawOffer = -40;
     ExpectCongratulation(Row.Text);
     int Seen = 0;
@@ -177,6 +178,9 @@ constexpr EndCase EndRows[] = {
     {"a_waiting_capture_is_made_first", "", "W c3, B h0", "c3b4 h0a3", "Black wins!", "0-1", 1, 2},
     {"a_rule_that_is_off_draws_nothing", "KingWin=1", "W c9, B j2", "c9d0", "White wins!", ""},
     {"a_rule_in_force_goes_before_the_goal", "KingWin=1", "W c9, B j2", "c9d0", KingsText, "1/2-1/2", 1},
+    {"black_began_and_wins", "", "b d6, w c5", "d6xb4", "Black wins!", "1-0", 0, 1, false, rules::Black},
+    {"black_began_and_loses", "", "w c3, b e5", "e5d4 c3xe5", "White wins!", "0-1", 0, 2, false, rules::Black},
+    {"black_began_and_is_blocked", "", "b a3, w b2, w c1", "", "Player wins!", "0-1", 0, 0, false, rules::Black},
     {"computer_takes_the_last_piece", "", "w c3, w j2, b d4", "", "Computer wins!", "1-0"},
     {"computer_blocks", "", Blocked, "", "Computer wins!", "1-0"},
     {"computer_blocks_by_its_only_move_anti", "AntiMode=1", "w a1, b a3, b c1", "", "Player wins!", "0-1"},
@@ -190,45 +194,6 @@ constexpr EndCase EndRows[] = {
     {"computer_has_lost_the_race", "KingWin=1", "w a3, B a1, b a9", "", "Player wins!", "", 0, 0},
     {"computer_makes_king_against_king", "", "W c1, B b0", "", KingsText, "1/2-1/2", 1}};
 INSTANTIATE_TEST_SUITE_P(Rows, Ends, testing::ValuesIn(EndRows), RowName);
-
-// --- results -----------------------------------------------------------------------------------------------------
-
-struct ResultCase {
-    const char *Name, *Pieces;
-    std::int32_t Side;
-    std::uint8_t BlackStarts;
-    int Anti;
-    const char* Result;
-};
-
-using Results = RowsOf<EndOfGame, ResultCase>;
-
-TEST_P(Results, FollowPiecesMovesAndWhoBegan) {
-    const ResultCase& Row = GetParam();
-    Lay(Row.Pieces, Row.Side);
-    State.RuleSet.BlackStarts = Row.BlackStarts;
-    State.RuleSet.AntiMode = Row.Anti;
-    control::EndGame(State, control::Ending::Resigned, control::Announcement::Silent);
-    EXPECT_EQ(Row.Result, game::ResultText(State.Result));
-}
-
-constexpr const char* WhiteBlocked = "w a3, b b4, b c5";
-constexpr const char* BlackBlocked = "b a3, w b2, w c1";
-constexpr const char* Undecided = "w a3, b a9";
-using rules::Black;
-using rules::White;
-
-constexpr ResultCase ResultRows[] = {{"no_white", "b d4", White, 0, 0, "0-1"},
-                                     {"no_white_anti", "b d4", White, 0, 1, "1-0"},
-                                     {"no_black_black_began", "w d4", Black, 1, 0, "0-1"},
-                                     {"no_black_black_began_anti", "w d4", Black, 1, 1, "1-0"},
-                                     {"white_blocked", WhiteBlocked, White, 0, 0, "0-1"},
-                                     {"white_blocked_anti", WhiteBlocked, White, 0, 1, "1-0"},
-                                     {"black_blocked", BlackBlocked, Black, 0, 0, "1-0"},
-                                     {"black_blocked_anti", BlackBlocked, Black, 0, 1, "0-1"},
-                                     {"undecided", Undecided, White, 0, 0, ""},
-                                     {"undecided_anti", Undecided, White, 0, 1, "1-0"}};
-INSTANTIATE_TEST_SUITE_P(Rows, Results, testing::ValuesIn(ResultRows), RowName);
 
 } // namespace
 } // namespace zonterbrook::tests

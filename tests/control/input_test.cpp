@@ -357,6 +357,10 @@ TEST_F(Input, TheBoardIsClearedAndTheSideChosen) {
     Drag("c7", "b6");
     EXPECT_EQ(1, State.GameMoves);
 
+    World.ExpectQuestion("Confirmation", "Quit current game?", true);
+    Run(NewGame);
+    EXPECT_EQ("White moves", Status()) << "as the variant has it";
+
     World.ExpectPopup(ClearBoard);
     UpRight("e5");
     EXPECT_EQ(0, State.GameMoves);

@@ -48,13 +48,6 @@ TEST_F(Modes, APersonAgainstAPersonNeitherResignsNorOffers) {
     ExpectMode(view::GameMode::ComputerPlayer, ComputerPlayer);
     ExpectCan(true, {OfferDraw, Resign});
     EXPECT_EQ("Computer-Player mode", Status());
-    // A change of mode does not reopen a game.
-    BetweenPersons();
-    Lay("w c3, b d4");
-    ExpectCongratulation("White wins!");
-    Type("c3e5");
-    Run(ComputerPlayer);
-    ExpectCan(false, {OfferDraw, Resign, Hint});
 }
 
 // --- the computer against itself ---------------------------------------------------------------------------------
@@ -62,7 +55,7 @@ TEST_F(Modes, APersonAgainstAPersonNeitherResignsNorOffers) {
 struct StopCase {
     const char* Name;
     int InMove; ///< of the game, from 0
-    bool InWait, ByWindow;
+    bool InWait;
     int Moves; ///< that have been made when it is over
 };
 
@@ -71,7 +64,6 @@ using OwnPlayStops = RowsOf<Modes, StopCase>;
 TEST_P(OwnPlayStops, WhenAsked) {
     const StopCase& Row = GetParam();
     State.SearchDepth = 4;
-    State.ConfirmExit = 0;
     State.CancelRequested = rules::StopRequest::Person; // of an earlier search
     int Asked = 0;
     const auto Stop = [&] {
@@ -83,13 +75,7 @@ TEST_P(OwnPlayStops, WhenAsked) {
         }
         EXPECT_EQ(control::TurnState::Thinking, State.Turn);
         ExpectCan(true, {Cancel});
-        if (Row.ByWindow) {
-            bool Cancel = false;
-            control::Form_QueryUnload(State, Cancel);
-            EXPECT_TRUE(Cancel) << "closed in the midst of it";
-        } else {
-            Run(Cancel);
-        }
+        Run(Cancel);
     };
     if (Row.InWait) {
         World.OnWait = Stop;
@@ -108,16 +94,14 @@ TEST_P(OwnPlayStops, WhenAsked) {
     EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
     EXPECT_FALSE(State.RatingAllowed) << "such a game must not be rated";
     ExpectPersonToMove();
-    EXPECT_EQ(Row.ByWindow ? 1 : 0, World.Closings);
     EXPECT_EQ(static_cast<std::size_t>(rules::MoveCountOfPly(State)), State.ChoiceList.Lines.size());
     EXPECT_EQ("", control::CheckRest(State));
 }
 
-constexpr StopCase StopRows[] = {{"in_the_third_search", 2, false, false, 3},
+constexpr StopCase StopRows[] = {{"in_the_third_search", 2, false, 3},
                                  // In the wait before a search the move is still made.
-                                 {"before_the_first_search", 0, true, false, 1},
-                                 {"between_two_moves", 3, true, false, 3},
-                                 {"by_closing_the_window", 2, true, true, 2}};
+                                 {"before_the_first_search", 0, true, 1},
+                                 {"between_two_moves", 3, true, 3}};
 INSTANTIATE_TEST_SUITE_P(Rows, OwnPlayStops, testing::ValuesIn(StopRows), RowName);
 
 TEST_F(Modes, TheClockDoesNotEndOwnPlay) {

@@ -58,26 +58,18 @@ TEST_F(Record, AMoveInTheMiddleCutsTheTail) {
     EXPECT_EQ("", control::CheckRest(State));
 }
 
-TEST_F(Record, TheReplyComesByItself) {
+TEST_F(Record, WhoMovesForTheOtherSideChangesSides) {
     Run(ComputerPlayer);
     Drag("d4", "e5");
     EXPECT_EQ(2, State.GameMoves);
-    EXPECT_FALSE(State.ChoiceList.Lines.empty());
     EXPECT_EQ("Player", State.WhitePlayerName) << "the reply changed the sides";
-    control::c_MouseMove(State, Cell("d4"));
-    EXPECT_TRUE(State.SourcesShown) << "the pieces are boxed again";
-    EXPECT_EQ("", control::CheckRest(State));
-}
-
-TEST_F(Record, WhoMovesForTheOtherSideChangesSides) {
     // A new game names the person White, whoever begins.
-    Run(ComputerPlayer);
     Lay("w c3, w e3, b d8, b f8", rules::Black);
     ASSERT_EQ("Player", State.WhitePlayerName);
     Drag("d8", "c7");
     EXPECT_EQ("Computer", State.WhitePlayerName);
-    EXPECT_EQ("Player", State.BlackPlayerName);
     EXPECT_EQ("Player", State.UpperName.Text) << "Black began and stands above";
+    ExpectShown();
 }
 
 // --- notation ----------------------------------------------------------------------------------------------------

@@ -97,6 +97,7 @@ TEST_P(WildEvents, LeaveTheStateInOrder) {
         ASSERT_FALSE(World.Ended) << World.LastSaid;
         ASSERT_EQ("", control::CheckRest(State))
             << "after event " << Event << ", position " << rules::SetupText(State.Board);
+        ASSERT_EQ(State.Record.Last().TotalMaterial, State.TotalMaterial[State.Ply]);
         ExpectShown();
         ASSERT_FALSE(HasFailure()) << "after event " << Event;
         Start = State.Record.Count == 0 ? State.Board : Start;

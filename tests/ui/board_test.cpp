@@ -4,6 +4,7 @@
 #include "ui/board_widget.h"
 #include "view/layout.h"
 
+#include <QPaintEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -100,6 +101,34 @@ TEST_F(BoardOnly, NoSeamsAtAnyScale) {
     }
 }
 
+TEST_F(BoardOnly, ChangesAreRepainted) {
+    class Watch : public QObject {
+    public:
+        QRegion Painted;
+        bool eventFilter(QObject*, QEvent* Event) override {
+            Painted += Event->type() == QEvent::Paint ? static_cast<QPaintEvent*>(Event)->region() : QRegion();
+            return false;
+        }
+    } Seen;
+    Board.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Board));
+    QCoreApplication::processEvents();
+    Board.installEventFilter(&Seen);
+    const auto Expect = [&](const QRect& Area) {
+        Seen.Painted = {};
+        Board.Display(State);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QRegion(Area).subtracted(Seen.Painted).isEmpty(); }));
+    };
+    State.Cells[45].Box = Highlight::Dark;
+    Expect(Board.CellRect(45));
+    State.CursorCell = 7;
+    Expect(Board.CellRect(7));
+    State.CursorCell = -1;
+    Expect(Board.CellRect(7));
+    State.FrameShown = true;
+    Expect(Board.rect());
+}
+
 TEST_F(BoardOnly, HighlightComesAndGoes) {
     const QImage Before = Painted();
     for (const auto& [Box, Colour] :
@@ -128,31 +157,22 @@ TEST_F(BoardOnly, NumberStandsWhereAPieceLeavesItReadable) {
     EXPECT_EQ(Before.copy(LowerRight), Painted().copy(LowerRight));
 }
 
-struct MouseCase {
-    const char* Name;
-    int Cell;
-    QPoint Moved; ///< in pixels, from the cell's upper left corner
-    QPoint Expected;
-};
-
-using Mouse = RowsOf<BoardOnly, MouseCase>;
-
-TEST_P(Mouse, IsReportedToThePressedCell) {
-    const auto& [Name, Cell, Moved, Expected] = GetParam();
-    const QSignalSpy Pressed(&Board, &BoardWidget::CellPressed);
-    const QSignalSpy Released(&Board, &BoardWidget::CellReleased);
-    const QPoint Corner = Board.CellRect(Cell).topLeft();
-    QTest::mousePress(&Board, Qt::LeftButton, {}, Corner + QPoint(3, 4));
-    QTest::mouseRelease(&Board, Qt::LeftButton, {}, Corner + Moved);
-    EXPECT_EQ((QList<QVariantList>{{Cell, 1}}), Pressed);
-    EXPECT_EQ((QList<QVariantList>{{Cell, 1, Expected.x(), Expected.y()}}), Released);
+TEST_F(BoardOnly, TheMouseIsReportedToThePressedCell) {
+    // Where it goes, in pixels from the cell's upper left corner, and what is told of it in twips.
+    const std::tuple<int, QPoint, QPoint> Rows[] = {{44, {10, 20}, {150, 300}},
+                                                    {44, {60, 20}, {900, 300}},
+                                                    {44, {-10, -1}, {-150, -15}},
+                                                    {0, {-200, 2000}, {-3000, 30000}}};
+    for (const auto& [Cell, Moved, Told] : Rows) {
+        const QSignalSpy Pressed(&Board, &BoardWidget::CellPressed);
+        const QSignalSpy Released(&Board, &BoardWidget::CellReleased);
+        const QPoint Corner = Board.CellRect(Cell).topLeft();
+        QTest::mousePress(&Board, Qt::LeftButton, {}, Corner + QPoint(3, 4));
+        QTest::mouseRelease(&Board, Qt::LeftButton, {}, Corner + Moved);
+        EXPECT_EQ((QList<QVariantList>{{Cell, 1}}), Pressed);
+        EXPECT_EQ((QList<QVariantList>{{Cell, 1, Told.x(), Told.y()}}), Released);
+    }
 }
-
-const MouseCase MouseRows[] = {{"inside", 44, {10, 20}, {150, 300}},
-                               {"to_the_right", 44, {60, 20}, {900, 300}},
-                               {"up_and_left", 44, {-10, -1}, {-150, -15}},
-                               {"outside_the_widget", 0, {-200, 2000}, {-3000, 30000}}};
-INSTANTIATE_TEST_SUITE_P(Rows, Mouse, testing::ValuesIn(MouseRows), RowName);
 
 TEST_F(BoardOnly, PointerFollowsTheContents) {
     EXPECT_EQ(Qt::ArrowCursor, Board.cursor().shape());

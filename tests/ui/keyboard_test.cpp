@@ -1,4 +1,5 @@
 // The board played on with real keys, and the frame that shows where they are.
+#include "control/variant_start.h"
 #include "window_hands.h"
 
 namespace zonterbrook::tests {
@@ -32,13 +33,55 @@ TEST_F(Keys, TabGoesRoundTheWindow) {
     EXPECT_TRUE(Board().hasFocus());
 }
 
+TEST_F(Keys, BeginOnAPieceThatCanMoveAndStopAtTheEdges) {
+    Press(Qt::Key_Up);
+    EXPECT_TRUE(Board().CellText(Board().CursorCell()).contains("can move"));
+    for (const auto& [Edge, Outwards] :
+         {std::pair("a4", Qt::Key_Left), {"j4", Qt::Key_Right}, {"d0", Qt::Key_Up}, {"d1", Qt::Key_Down}}) {
+        Walk(Edge, Outwards);
+        EXPECT_EQ(Cell(Edge), Board().CursorCell());
+    }
+    Run(CommandId::TurnBoard);
+    EXPECT_EQ(Cell("d1"), Board().CursorCell()) << "the square stays behind when the board is turned";
+}
+
+// Whatever a cell measures, the cursor's cell is the one that the piece falls on.
+TEST_F(Keys, WaysEndOnTheCursorsSquare) {
+    // Size, density, and whether the board is turned; a skin that tells no size is the last.
+    constexpr std::tuple<int, int, int> Rows[] = {{0, 15, 0}, {0, 12, 0}, {2, 15, 0},
+                                                  {2, 12, 0}, {2, 12, 1}, {4, 15, 0}};
+    PlayBothSides();
+    for (const auto& [SizeClass, Twips, Turned] : Rows) {
+        Game().SizeClass = SizeClass;
+        Game().TwipsPerPixel = Twips;
+        Game().BoardTurned = Turned;
+        view::LayoutWindow(Game());
+        for (rules::CellSet All = rules::AllPieces(Game()); All.Any();) {
+            Game().Board[All.TakeFirst()] = rules::Empty;
+        }
+        Game().Board[Square("a1")] = rules::WhiteKing;
+        Game().Board[Square("j2")] = rules::BlackKing;
+        Game().Side = rules::White;
+        control::StartPosition(Game());
+        Walk("a1", Qt::Key_Return);
+        Walk("i9", Qt::Key_Return);
+        EXPECT_EQ(rules::WhiteKing, PieceOn("i9")) << SizeClass << ' ' << Twips;
+    }
+}
+
 TEST_F(Keys, MakeMovesAndTakeThemBack) {
     PlayBothSides();
     Walk("e5");
-    QTest::keyPress(&Board(), Qt::Key_Space);
-    EXPECT_TRUE(Game().NumbersShown) << "while the key is held";
-    QTest::keyRelease(&Board(), Qt::Key_Space);
-    EXPECT_FALSE(Game().NumbersShown);
+    for (const bool Elsewhere : {false, true}) { // the release
+        QTest::keyPress(&Board(), Qt::Key_Space);
+        EXPECT_TRUE(Game().NumbersShown) << "while the key is held";
+        Elsewhere ? TypedMove()->setFocus() : QTest::keyRelease(&Board(), Qt::Key_Space);
+        EXPECT_FALSE(Game().NumbersShown);
+    }
+    Board().setFocus();
+    Walk("d4", Qt::Key_Return);
+    Walk("d4", Qt::Key_Return);
+    EXPECT_EQ(-1, Game().SourceCell) << "picked twice it is put back";
     Walk("d4", Qt::Key_Return);
     EXPECT_EQ(Game().CursorCell, Game().SourceCell);
     Walk("e5");
@@ -66,6 +109,7 @@ TEST_F(Keys, EscapeStillCancels) {
         Press(Qt::Key_Left); // the cursor walks meanwhile
         Press(Qt::Key_Return);
         EXPECT_EQ(-1, Game().SourceCell);
+        EXPECT_EQ("c7, Black man", Board().CellText(Cell("c7"))) << "the moves of a search are nobody's";
         Press(Qt::Key_Escape);
         EXPECT_EQ(rules::StopRequest::Person, Game().CancelRequested);
     });
@@ -113,6 +157,9 @@ TEST_F(Keys, FrameComesAndGoesWithTheKeyboard) {
     EXPECT_EQ(There, Board().CursorCell()) << "goes on as before";
     QTest::mouseClick(&Board(), Qt::LeftButton, {}, Middle("e5"));
     EXPECT_EQ(-1, Board().CursorCell());
+    Press(Qt::Key_Right); // comes back where the mouse was pressed, without a step
+    EXPECT_EQ(Cell("e5"), Board().CursorCell());
+    EXPECT_EQ(view::Highlight::Dark, Game().Cells[Cell("d4")].Box) << "what can move is boxed, as by the mouse";
 }
 
 TEST_F(Keys, EditorOpensAtTheCursor) {

@@ -32,6 +32,10 @@ inline void PrintTo(const QString& Text, std::ostream* Out) {
 
 namespace zonterbrook::tests {
 
+inline QString Text(std::string_view Utf8) {
+    return QString::fromUtf8(Utf8.data(), static_cast<qsizetype>(Utf8.size()));
+}
+
 using control::CommandId;
 using view::Picture;
 

@@ -46,6 +46,7 @@ TEST_P(Fonts, TextsAreReadWhole) {
     Game().SizeClass = SizeClass;
     Game().RuleSet.canContract = 1; // with the labels of the pieces off the board
     Game().WhitePlayerName = "A player with a long name";
+    Game().StatusPanels[view::StatusPanel].assign(300, 'x'); // is cut: the window keeps its width
     view::LayoutWindow(Game());
     view::DrawBoard(Game(), 0);
     Window->ShowContents();
@@ -53,6 +54,7 @@ TEST_P(Fonts, TextsAreReadWhole) {
     QList<QWidget*> Controls = Window->centralWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
     Controls.removeIf([](const QWidget* Control) { return !Control->isVisible(); });
     EXPECT_EQ(21, Controls.size());
+    EXPECT_LE(Window->minimumSizeHint().width(), Window->centralWidget()->width());
     for (const QWidget* Control : Controls) {
         SCOPED_TRACE(qPrintable(Control->objectName()));
         EXPECT_TRUE(Window->centralWidget()->rect().contains(Control->geometry()));
@@ -150,6 +152,29 @@ TEST_F(MainWindow, ToolbarButtonsAreTheCommands) {
     EXPECT_TRUE(Button("New Game")->isEnabled() && !Button("Resign")->isEnabled());
 }
 
+TEST_F(MainWindow, EntriesFollowTheState) {
+    const auto Expect = [&] {
+        for (const control::CommandRow& Row : control::CommandRows()) {
+            const QAction* Shown = Row.Id == CommandId::None ? nullptr : Entry(Row.Id);
+            if (Shown != nullptr && Row.Menu != CommandId::PopupMenu) {
+                EXPECT_EQ(Text(Row.Caption), Shown->text());
+                EXPECT_EQ(control::IsEnabled(Game(), Row.Id), Shown->isEnabled()) << Row.Name;
+                EXPECT_EQ(control::IsTicked(Game(), Row.Id), Shown->isChecked()) << Row.Name;
+            }
+        }
+    };
+    Expect();
+    InMidSearch([&] {
+        Expect();
+        Run(CommandId::Cancel);
+        Expect();
+    });
+    for (const CommandId Id : {CommandId::PlayerPlayer, CommandId::Back, CommandId::First, CommandId::Last}) {
+        Run(Id);
+        Expect();
+    }
+}
+
 TEST_F(MainWindow, ArrowsStepThroughTheGame) {
     PlayBothSides();
     Drag("d4", "e5");
@@ -215,6 +240,8 @@ TEST_F(MainWindow, CommentsStayWithTheirMove) {
 // --- The computer
 
 TEST_F(MainWindow, ComputerAnswersAndTheKeyboardComesBack) {
+    const Soon Pause([&] { return Game().Turn == control::TurnState::Thinking; },
+                     [&] { EXPECT_EQ(1, List("List1")->count()) << "the pause is there to see the move"; });
     Type("d4e5");
     EXPECT_EQ(2, Game().GameMoves);
     EXPECT_EQ(2, List("List1")->count());

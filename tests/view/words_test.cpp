@@ -28,6 +28,7 @@ using Words = tests::RowsOf<tests::ViewFixture, WordsCase>;
 TEST_P(Words, NameSquareAndPieceAndWhatCanBeDone) {
     const WordsCase& Row = GetParam();
     rules::GenerateMoves(State, 1);
+    State.MoveStack[State.StackLimit[State.Ply + 1]].Source = rules::AlgebraicCell("C3"); // of another search
     rules::SetCell(State, rules::AlgebraicCell("C3"), Row.Piece);
     State.NotationMode = static_cast<rules::Notation>(Row.Notation);
     State.BoardTurned = Row.Turned;
