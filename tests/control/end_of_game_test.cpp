@@ -156,6 +156,11 @@ TEST_P(Ends, AreAnnouncedOnceTheMoveHasBeenSeen) {
     EXPECT_TRUE(Status() != "Computer wins!" || State.Progress.Value == State.Progress.Maximum);
     EXPECT_TRUE(State.HintSource == 0 || std::string_view(Row.Result) != "1-0") << "of a side that can't reply";
     ExpectOver(Row.Text, Row.Result);
+    if (Row.Made > 0) { // and said once is enough
+        Run(Back);
+        Run(Forward);
+        ExpectOver(Row.Text, Row.Result);
+    }
 }
 
 constexpr const char* LastPiece = "w c3, b d4";

@@ -48,7 +48,7 @@ TEST_F(World, TheWindowHasItsTurnEveryTenMilliseconds) {
     Counter.start(0);
     QElapsedTimer Clock;
     Clock.start();
-    while (Clock.elapsed() < 50) {
+    while (Clock.elapsed() < 50 || (Turns == 0 && Clock.elapsed() < 30000)) {
         for (int Node = 0; Node < 2048; ++Node) {
             Game().Outside().Yield();
         }
