@@ -171,7 +171,9 @@ std::string Console::Save(std::string_view File) {
     NeedGame();
     World.Said.clear();
     if (!control::SaveGameTo(*State, formats::TextPath(File))) {
-        throw CommandError(std::exchange(World.Said, {}).substr(std::string_view("message Error|").size()));
+        constexpr std::string_view Front = "message Error|";
+        const std::string Said = TakeMessages();
+        throw CommandError(Said.substr(Front.size(), Said.find('\n') - Front.size()));
     }
     return {};
 }

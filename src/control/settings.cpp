@@ -21,7 +21,6 @@ constexpr std::string_view RatingName = "quavermill.rtg";
 constexpr std::string_view OwnSettingsName = "zonterbrook.conf";
 constexpr std::string_view RecentKey = "recent";
 constexpr std::size_t MostRecentFiles = 8;
-constexpr std::uint8_t LeastDepth = 2;
 
 /// Every setting beside its field in the state: `Do(value of the file, field)`.
 template <typename Values, typename State, typename Visit>
@@ -95,7 +94,6 @@ formats::Settings SettingsOf(const GameState& State) {
 
 void ApplySettings(GameState& State, const formats::Settings& Values) {
     ForEachSetting(Values, State, [](const auto& Value, auto& Field) { Field = Value; });
-    State.SearchDepth = State.SearchDepth == 0 ? LeastDepth : State.SearchDepth;
     State.PlayMode = Values.PlayMode == 1 ? view::GameMode::PlayerPlayer : view::GameMode::ComputerPlayer;
     State.NotationMode = static_cast<rules::Notation>(std::min<std::uint8_t>(Values.NotationMode, 2));
     State.BoardTurned = Values.BoardTurned == 0 ? 1 : 0;

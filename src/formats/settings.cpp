@@ -13,6 +13,8 @@ namespace zonterbrook::formats {
 namespace {
 
 constexpr std::string_view FirstLine = "QUAVERMILL0.89";
+constexpr std::int32_t ComputerAlone = 2;
+constexpr std::uint8_t LeastDepth = 2;
 constexpr std::string_view FileLineEnd = "\r\n";
 
 using S = Settings;
@@ -189,6 +191,9 @@ std::optional<Settings> ReadSettings(std::string_view Text) {
     for (std::size_t Index = 0; Index < SettingsRows; ++Index) {
         std::visit(RowReader{Values, Lines[Index + 1]}, Rows[Index]);
     }
+    // A run never begins with the computer playing itself, and never at no depth.
+    Values.PlayMode = Values.PlayMode == ComputerAlone ? 0 : Values.PlayMode;
+    Values.SearchDepth = Values.SearchDepth == 0 ? LeastDepth : Values.SearchDepth;
     return Values;
 }
 

@@ -58,7 +58,8 @@ struct Settings {
 inline constexpr int SettingsRows = 83;
 
 /// Reads the text of a settings file. Nothing where its first line is another one or lines are missing: then the
-/// defaults hold. Throws a `base::Fault` where a number does not fit its field.
+/// defaults hold. The mode of the computer alone is read as that of computer and player, a depth of 0
+/// as 2. Throws a `base::Fault` where a number does not fit its field.
 std::optional<Settings> ReadSettings(std::string_view Text);
 
 /// The text of the file, lines ended as in all files of the program.

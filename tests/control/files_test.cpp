@@ -66,7 +66,12 @@ protected:
 TEST_F(Files, AGameComesBackFromBothFormats) {
     Play("d4e5 c7d6 e5c7");
     State.CommentText = "what next?\nwell";
+    State.GameChanged = false;
     control::Text1_KeyUp(State);
+    EXPECT_TRUE(State.GameChanged) << "a comment would be lost";
+    State.GameChanged = false;
+    control::Text1_KeyUp(State);
+    EXPECT_FALSE(State.GameChanged);
     State.Details.Event = "Cup";
     Run(Back);
     const std::string Before = Whole();
@@ -167,6 +172,9 @@ TEST_F(Files, WhatIsReplacedComesBack) {
     control::EditSquare(State, Square("d4"));
     EXPECT_EQ(rules::Empty, PieceOn("d4"));
     Run(RestorePrevious);
+    World.ExpectPopup(BlackMoves);
+    control::EditSquare(State, Square("d4"));
+    Run(RestorePrevious);
     EXPECT_EQ(Game, Whole());
     EXPECT_EQ(3, State.Record.Cursor);
 }
@@ -176,6 +184,7 @@ TEST_F(Files, ThroughTheClipboard) {
     Run(CopyGame);
     const std::string Game = World.Clipboard;
     EXPECT_NE(std::string::npos, Game.find("1. 32-28 17-22 *\r\n"));
+    EXPECT_NE(std::string::npos, Game.find("[GameType \"20,W,10,10,N2,0\"]"));
     Run(CopyPosition);
     EXPECT_TRUE(World.Clipboard.starts_with("W:W")) << World.Clipboard;
     State.GameChanged = false;
@@ -233,6 +242,10 @@ TEST_P(Pdn, IsPlayed) {
     EXPECT_EQ(Row.Played, State.Record.Count);
     const std::string Last = State.GameList.Lines.empty() ? "" : State.GameList.Lines.back();
     EXPECT_EQ(Row.Lists, State.VariantName + Last);
+    if (*Row.Message == '\0') {
+        const bool OwnStart = std::string_view(Row.Text).find("FEN") != std::string_view::npos;
+        EXPECT_EQ(OwnStart, State.VariantTitle.ends_with(" (M)"));
+    }
     ExpectConsistent();
 }
 
@@ -292,13 +305,18 @@ TEST_F(Files, TheProgramComesBackAsItWasLeft) {
     EXPECT_TRUE(formats::ReadFileBytes(Folder / control::AutosaveName).Document->ends_with("3228\r\n"))
         << "before the program ends";
     Play("17-22");
+    World.Written = Folder / "nowhere";
+    World.ExpectMessage("Error", (Folder / "nowhere" / control::AutosaveName).string() +
+                                     " can't be written: No such file or directory");
+    Play("28x17 11x22");
+    World.Written = Folder;
     const formats::Settings Before = control::SettingsOf(State);
     control::Form_Unload(State);
     EXPECT_EQ("QZ4T\r\n", formats::ReadFileBytes(Folder / "quavermill.rtg").Document);
     Start();
     EXPECT_TRUE(Before == control::SettingsOf(*Owned));
     EXPECT_EQ(1234, Owned->Rating);
-    EXPECT_EQ(2, Owned->Record.Count);
+    EXPECT_EQ(4, Owned->Record.Count);
     EXPECT_TRUE(Owned->VariantTitle.ends_with(" (M)"));
     EXPECT_EQ("Jo", Owned->WhitePlayerName);
 }

@@ -61,6 +61,8 @@ TEST(Settings, WhatIsTakenAndWhatIsNot) {
     EXPECT_FALSE(ReadSettings(Lines(Defaults.substr(0, Defaults.size() - 4)))) << "a line short";
     EXPECT_EQ("Jan", ReadSettings(WithRow(20, " Jan, the other"))->PlayerName) << "ends at a comma";
     EXPECT_EQ("A, B", ReadSettings(WithRow(10, "A, B"))->VariantName) << "a whole line";
+    EXPECT_EQ(0, ReadSettings(WithRow(1, " 2 "))->PlayMode);
+    EXPECT_EQ(2, ReadSettings(WithRow(3, " 0 "))->SearchDepth);
     EXPECT_EQ(0, ReadSettings(WithRow(14, "x"))->TimeLimit);
     EXPECT_EQ(-12, ReadSettings(WithRow(14, "-1 2x"))->TimeLimit);
     EXPECT_EQ("-12 ", base::SplitLines(WriteSettings(*ReadSettings(WithRow(14, "-12")))).at(14));

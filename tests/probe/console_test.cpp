@@ -9,6 +9,7 @@
 #include <fstream>
 #include <regex>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace zonterbrook::probe {
@@ -159,6 +160,30 @@ TEST(Console, RefusesAndChangesNothing) {
         EXPECT_EQ("error: " + R.Answer + "\n", Probe.Execute(R.Commands.back())) << R.Fault;
         EXPECT_EQ(Before, Kept()) << R.Fault;
     }
+}
+
+TEST(Console, PlaysAWholeGame) {
+    const auto Folder = std::filesystem::path(testing::TempDir()) / ("console_" + std::to_string(getpid()));
+    std::filesystem::create_directories(Folder);
+    const std::string Game = (Folder / "game.qvm").string();
+    Console Probe(ZONTERBROOK_DATA_DIR);
+    EXPECT_EQ("message Error|Illegal move\nrefused\nok\n", Probe.Execute("enter a1-a2"));
+    EXPECT_EQ("ok\n", Probe.Execute("enter d4-e5"));
+    EXPECT_TRUE(Probe.Execute("compute 4").ends_with("\nmove c7d6\nok\n"));
+    EXPECT_EQ("ok\n", Probe.Execute("save " + Game));
+    EXPECT_EQ("error: /no/where.qvm can't be written: No such file or directory\n",
+              Probe.Execute("save /no/where.qvm"));
+    EXPECT_EQ("ok\n", Probe.Execute("step 1"));
+    EXPECT_TRUE(Probe.Execute("game").ends_with(" w\n1 d4e5 d4-e5\n2 c7d6 c7-d6\nok\n"));
+    EXPECT_EQ("game 1 ok plies 2 result * variant International Checkers fen no comments 0\nok\n",
+              Probe.Execute("replay " + Game));
+    Probe.Execute("moves");
+    Probe.Execute("play 0");
+    EXPECT_EQ("error: undo what was played first\n", Probe.Execute("game"));
+    Probe.Execute("board 1" + std::string(98, '0') + "2 b");
+    EXPECT_TRUE(Probe.Execute("game").ends_with("2 b\nok\n")) << "begins from there";
+    EXPECT_TRUE(Probe.Execute("settings " + Game).starts_with("default\n 0 \n 1 \n"));
+    std::filesystem::remove_all(Folder);
 }
 
 TEST(Console, AFaultInAGeneratorPutsEverythingBack) {
