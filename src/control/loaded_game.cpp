@@ -140,10 +140,12 @@ LoadReport PlayLoadedMoves(GameState& State, const std::vector<FileMove>& Moves,
     view::RefreshMoveChoices(State);
     view::DrawBoard(State, 0);
 
-    // 3. Whether it has ended. A game is read whole even where it was played on past its end.
+    // 3. Whether it has ended. A game is read whole even where it was played on past its end. The end of the last run's
+    // game has been announced in that run.
     if (State.Record.Count > 0) {
         if (const auto End = FindEnding(State)) {
-            EndGame(State, *End);
+            EndGame(State, *End, Mode == LoadMode::Autosave ? Announcement::Silent : Announcement::Aloud);
+            view::SetStatus(State, State.EndText);
         }
     }
     State.GameChanged = false;

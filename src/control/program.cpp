@@ -30,6 +30,7 @@ void LoadLastGame(GameState& State) {
     }
     if (const auto File = formats::FindFile(State.Outside().WritableDirectory(), AutosaveName)) {
         LoadGameFile(State, *File, LoadMode::Autosave);
+        State.GameChanged = State.Record.Count > 0; // no file of the person's own holds it
     }
 }
 

@@ -319,6 +319,13 @@ TEST_F(Files, TheProgramComesBackAsItWasLeft) {
     EXPECT_EQ(4, Owned->Record.Count);
     EXPECT_TRUE(Owned->VariantTitle.ends_with(" (M)"));
     EXPECT_EQ("Jo", Owned->WhitePlayerName);
+    EXPECT_TRUE(Owned->GameChanged);
+    // A game that is over is over without a word.
+    File("quavermill.sav", "QUAVERMILL Version=0.89\nSetup=1" + std::string(10, '0') + "2" + std::string(88, '0') +
+                               "\nUseClassic=1\nNotation=0\nSTART\na1c3\n");
+    Start();
+    EXPECT_TRUE(control::IsOver(*Owned));
+    EXPECT_EQ("White wins!", Owned->StatusPanels[view::StatusPanel]);
 }
 
 TEST_F(Files, ABadStartIsStillAStart) {
