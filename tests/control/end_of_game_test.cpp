@@ -157,6 +157,9 @@ TEST_P(Ends, AreAnnouncedOnceTheMoveHasBeenSeen) {
     EXPECT_TRUE(State.HintSource == 0 || std::string_view(Row.Result) != "1-0") << "of a side that can't reply";
     ExpectOver(Row.Text, Row.Result);
     if (Row.Made > 0) { // and said once is enough
+        State.GameList.Selected = State.GameMoves - 1;
+        control::List1_MouseUp(State);
+        ExpectOver(Row.Text, Row.Result);
         Run(Back);
         Run(Forward);
         ExpectOver(Row.Text, Row.Result);

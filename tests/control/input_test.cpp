@@ -327,6 +327,8 @@ TEST_F(Input, TheRightButtonEditsTheSquare) {
     Down("e5");
     EXPECT_EQ(0, CellOn("a1").Number);
     Up("e5");
+    State.SetupLatch = true;
+    Drag("c3", "c3"); // a drag lies between
     Down("e5");
     EXPECT_EQ(46, CellOn("a1").Number);
 }

@@ -53,6 +53,7 @@ TEST_F(NewGames, AskNothingBeforeTheFirstMoveAndOpenEverythingAfterAResult) {
     State.UseSound = 1;
     Run(NewGame);
     EXPECT_EQ((std::vector<std::string>{"sounds/roll.wav"}), World.Sounds);
+    EXPECT_EQ(2, World.Seeds) << "every game has chances of its own";
     BetweenPersons();
     Lay("w c3, b d4");
     ExpectCongratulation("White wins!");

@@ -39,6 +39,7 @@ public:
     bool Ended = false;
     bool TakesAnything = false; ///< nothing that is said or asked is unexpected; questions are answered by lot
     int Closings = 0;
+    int Seeds = 0;
     std::string LastSaid;
 
     explicit ScriptedPlatform(std::filesystem::path ApplicationFolder)
@@ -90,7 +91,7 @@ public:
     void Refresh() override {}
     std::string Date() override { return "01/02/2003"; }
     std::string Time() override { return "04:05:06"; }
-    void SeedRandom() override {}
+    void SeedRandom() override { ++Seeds; }
     std::filesystem::path ApplicationDirectory() const override { return Directory; }
     std::filesystem::path WritableDirectory() const override { return Written; }
     control::FileKeeper KeptBy() const override { return Keeper; }

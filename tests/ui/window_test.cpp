@@ -54,6 +54,7 @@ TEST_P(Fonts, TextsAreReadWhole) {
     QList<QWidget*> Controls = Window->centralWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
     Controls.removeIf([](const QWidget* Control) { return !Control->isVisible(); });
     EXPECT_EQ(21, Controls.size());
+    EXPECT_EQ(FontPixels, QFontInfo(List("List1")->font()).pixelSize());
     EXPECT_LE(Window->minimumSizeHint().width(), Window->centralWidget()->width());
     for (const QWidget* Control : Controls) {
         SCOPED_TRACE(qPrintable(Control->objectName()));
@@ -80,6 +81,7 @@ TEST_F(MainWindow, MovablePiecesAreBoxedAndATurnedBoardIsMirrored) {
     const QPoint LeftEdge(2 - Board().CellRect(0).width() / 2, 0);
     EXPECT_EQ(Yellow, Boxed.pixelColor(Middle("b4") + LeftEdge));
     EXPECT_NE(Yellow, Boxed.pixelColor(Middle("c3") + LeftEdge));
+    EXPECT_EQ(Before.pixelColor(Middle("b4")), Boxed.pixelColor(Middle("b4"))) << "a box is empty";
     const QPoint Corner = Middle("a1");
     Run(CommandId::TurnBoard);
     const QImage Turned = Seen();
@@ -248,7 +250,7 @@ TEST_F(MainWindow, ComputerAnswersAndTheKeyboardComesBack) {
     EXPECT_GT(List("List3")->count(), 0);
     EXPECT_TRUE(TypedMove()->hasFocus());
     List("List2")->setFocus();
-    List("List2")->setCurrentRow(0);
+    QTest::keyClick(List("List2"), Qt::Key_Down);
     QTest::keyClick(List("List2"), Qt::Key_Return);
     EXPECT_EQ(4, Game().GameMoves);
     EXPECT_TRUE(List("List2")->hasFocus());
