@@ -77,6 +77,7 @@ TEST_F(Record, WhoMovesForTheOtherSideChangesSides) {
 TEST_F(Record, TheNotationRewritesWhatHasBeenPlayed) {
     Play("d4e5 e7d6");
     State.Record.HalfMoves[2].FromBook = true;
+    view::ListGame(State, State.Record);
     const game::NamedMove Best = {Square("d4"), Square("e5"), false, false};
     State.Calculated = {view::CalculationFields::Stage::Found, 2, Best, 12, false, 2};
     State.Calculated.Line[0] = Best;
