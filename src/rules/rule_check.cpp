@@ -343,8 +343,9 @@ private:
             Reached |= Pieces.StandsOn(Index);
         }
         if ((AllPieces(*State).Without(Played)).None() && Reached.Without(Played).Any()) {
-            Warn("PiecesOnBlack", "Straight steps lead to squares of the colour that is not played on, which have no "
-                                  "number. Let all squares be played on (2).");
+            Warn("PiecesOnBlack",
+                 "Straight steps can lead to squares of the colour that is not played on, which have no "
+                 "number. Let all squares be played on (2).");
         }
     }
 
