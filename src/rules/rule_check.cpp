@@ -73,7 +73,10 @@ constexpr VoidRule VoidRules[] = {
      "chosen, whatever it takes."},
     {"MulJumps",
      [](const R& Rules, const Roaming&) {
-         return Rules.MulJumps == 0 && Rules.MaxCapMove != 0 && !(Rules.KingCapMove == 1 && Rules.MaxCapMoveKings == 1);
+         // Where men fly and kings do not, MulJumps also decides on which squares a capture may end.
+         return Rules.MulJumps == 0 && Rules.MaxCapMove != 0 &&
+                !(Rules.KingCapMove == 1 && Rules.MaxCapMoveKings == 1) &&
+                (Rules.LongKings == 1 || (Rules.ManCapMoveKing == 0 && Rules.ManContJumpCrowned == 0));
      },
      "A capture may be broken off, but a capture of the most pieces is mandatory: so nobody can ever break one off."},
     {"MaxCapMoveK", [](const R& Rules, const Roaming&) { return Rules.MaxCapMoveK == 0 && Rules.LongKings == 0; },
