@@ -10,7 +10,6 @@
 #include "engine/root_search.h"
 #include "engine/search.h"
 #include "formats/text_file.h"
-#include "formats/variant_file.h"
 #include "rules/generate.h"
 #include "rules/install.h"
 #include "rules/perft.h"
@@ -180,6 +179,9 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
     if (Command == "variant") {
         return Variant(Rest);
     }
+    if (Command == "check") {
+        return Check(Rest);
+    }
     if (Command == "rule") {
         return Rule(Rest);
     }
@@ -231,7 +233,7 @@ void Console::ForgetMoves() {
     HasList = false;
 }
 
-std::string Console::Variant(std::string_view File) {
+formats::VariantDocument Console::ReadDocument(std::string_view File) {
     if (File.empty()) {
         throw CommandError("no file given");
     }
@@ -239,12 +241,17 @@ std::string Console::Variant(std::string_view File) {
     if (!Text.Document) {
         throw CommandError(Text.Error.Text());
     }
-    const auto Document = formats::ReadVariant(*Text.Document, RuleSetFields{});
+    auto Document = formats::ReadVariant(*Text.Document, RuleSetFields{});
     if (!Document.Document) {
         throw CommandError(Document.Error.Text());
     }
+    return *std::move(Document.Document);
+}
+
+std::string Console::Variant(std::string_view File) {
+    const formats::VariantDocument Document = ReadDocument(File);
     State->VariantName = formats::PathText(formats::TextPath(File).stem());
-    control::StartVariant(*State, *Document.Document, control::RulesFrom::File, control::Lots::Left);
+    control::StartVariant(*State, Document, control::RulesFrom::File, control::Lots::Left);
     ForgetMoves();
     PositionIsNew = false;
     return {};

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "control/state.h"
+#include "formats/variant_file.h"
 
 #include <memory>
 #include <string>
@@ -83,6 +84,7 @@ private:
     std::string Run(std::string_view Command, std::string_view Rest);
 
     std::string Variant(std::string_view File);
+    std::string Check(std::string_view File) const;
     std::string Rule(std::string_view Assignment);
     std::string Board(const Words& Arguments);
     std::string Show() const;
@@ -108,6 +110,7 @@ private:
     std::string Compute(const Words& Arguments);
     std::string Enter(const Words& Arguments);
 
+    static formats::VariantDocument ReadDocument(std::string_view File);
     void NeedGame();
     std::string TakeMessages();
     std::string ReplayGameFile(const std::filesystem::path& File);

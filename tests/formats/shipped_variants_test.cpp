@@ -4,6 +4,7 @@
 #include "formats/variant_file.h"
 #include "rules/install.h"
 #include "rules/position.h"
+#include "rules/rule_check.h"
 #include "rules/square_names.h"
 
 #include <gtest/gtest.h>
@@ -152,6 +153,15 @@ TEST(ShippedVariants, StartWithTheirMenAndPromotionOnPlayingSquares) {
                     EXPECT_TRUE(rules::IsPlayingSquare(*State, Row[Column])) << rules::AlgebraicName(Row[Column]);
                 }
             }
+        }
+    }
+}
+
+TEST(ShippedVariants, HaveNoRuleThatIsVoid) {
+    for (const std::string& Name : ListVariants(Folder())) {
+        const VariantDocument Document = Read(Name);
+        for (const rules::RuleWarning& Warning : rules::CheckRules(Document.Rules, Document.Setup)) {
+            ADD_FAILURE() << Name << ", " << Warning.Key << ": " << Warning.Sentence;
         }
     }
 }

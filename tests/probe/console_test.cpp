@@ -98,6 +98,12 @@ TEST(Console, Answers) {
          "score 1914 lost 1 nolegal 0\n"},
         {"window_not_used", {King('w'), "set LazyMargin 0", "eval generic -10 10"}, "score 200 lost 0 nolegal 0\n"},
         {"depth_by_plys_ignored", {"set Plys 1", "search SearchGerman 1"}, "score 29 nodes 10\nline 68-79\n"},
+        {"check_reads_other_rules",
+         {"rule CapReverse=1", "rule Setup=" + Zeros(100), "check " + Variants + "Fox and Hounds 10x10.ini"},
+         ""},
+        {"check_reads_another_start",
+         {"rule Setup=1" + Zeros(99), "check"},
+         "warning Setup|Black has no piece on the board at the start: the game is over before it begins.\n"},
         {"blocked_root_thinks", {EmptyBoard, "think 4"}, ""},
     };
     for (const TalkRow& R : Rows) {
@@ -109,6 +115,7 @@ TEST(Console, Answers) {
 TEST(Console, RefusesAndChangesNothing) {
     const TalkRow Rows[] = {
         {"empty_line", {""}, "'' is no command"},
+        {"check_of_nothing", {"check nowhere.ini"}, "the file can't be read"},
         {"unknown_word", {"castle"}, "'castle' is no command"},
         {"command_in_capitals", {"SHOW"}, "'SHOW' is no command"},
         {"bytes_that_are_no_text", {"\xFF\x80"}, "'\xFF\x80' is no command"},
