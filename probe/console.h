@@ -22,7 +22,7 @@ public:
     double Random() override;
     void Message(std::string_view Title, std::string_view Text, control::Icon Sign) override;
     bool Ask(std::string_view /*Title*/, std::string_view /*Text*/) override { return true; }
-    void PlaySound(std::string_view /*File*/) override {}
+    void PlaySound(std::string_view /*File*/, int /*Volume*/) override {}
     void Wait(double /*Seconds*/) override {}
     void Refresh() override {}
     std::string Date() override;
@@ -42,6 +42,13 @@ public:
     }
     void ShowDetails(const game::Details& /*Details*/,
                      const std::function<void(const game::Details&)>& /*Store*/) override {}
+    void ShowVariants(control::VariantEditor& /*Editor*/) override {}
+    void ShowOptions(control::OptionsEditor& /*Editor*/) override {}
+    void ShowRules(const control::RulesPage& /*Page*/) override {}
+    void ShowAbout() override {}
+    void ShowManual(std::string_view /*Heading*/) override {}
+    bool LoadPictures(std::span<const std::filesystem::path> /*Files*/) override { return true; }
+    void UseDiagram(control::DiagramUse /*Use*/, std::string_view /*Position*/) override {}
     std::string ClipboardText() override { return {}; }
     void SetClipboardText(std::string_view /*Text*/) override {}
     bool OpenLog() override { return false; }

@@ -4,7 +4,9 @@
 #include "base/fault.h"
 #include "control/clipboard.h"
 #include "control/details.h"
+#include "control/diagram.h"
 #include "control/draw_offer.h"
+#include "control/help.h"
 #include "control/input.h"
 #include "control/input_state.h"
 #include "control/modes.h"
@@ -12,6 +14,7 @@
 #include "control/new_game.h"
 #include "control/notation.h"
 #include "control/open_game.h"
+#include "control/options.h"
 #include "control/program.h"
 #include "control/restored_game.h"
 #include "control/saved_game.h"
@@ -159,8 +162,9 @@ constexpr CommandRow ToCome(Id Own, Id Parent, std::string_view Name, std::strin
 
 constexpr CommandRow Rows[] = {
     Menu(Id::GameMenu, Id::None, "mnuGame", "&Game"),
-    {Id::NewGame, Id::GameMenu, Kind::Entry, "New1", "New Game", "Ctrl+N", AtRest, Run<StartNewGame>},
-    ToCome(Id::NewVariant, Id::GameMenu, "NewVariant", "New Variant...", "Ctrl+Shift+N"),
+    {Id::NewGame, Id::GameMenu, Kind::Entry, "New1", "New Game", "Ctrl+N", AtRest, Run<New1_Click>},
+    {Id::NewVariant, Id::GameMenu, Kind::Entry, "NewVariant", "New Variant...", "Ctrl+Shift+N", AtRest,
+     Run<NewVariant_Click>},
     Line(Id::GameMenu, "streep1"),
     {Id::Open, Id::GameMenu, Kind::Entry, "Open1", "Open...", "Ctrl+O", AtRest, Run<Open_Click>},
     Menu(Id::RecentMenu, Id::GameMenu, "OpenRecent", "Open Recent", HasRecent),
@@ -202,7 +206,7 @@ constexpr CommandRow Rows[] = {
     {Id::ComputerComputer, Id::PlayMenu, Kind::Radio, "mnu_Play_Ccomputer", "Computer-Computer", "Ctrl+3", MayPlayOn,
      Run<RunComputerComputer>, InMode<GameMode::ComputerComputer>},
     Line(Id::PlayMenu, "streep10"),
-    ToCome(Id::Options, Id::PlayMenu, "Options", "Options...", "Ctrl+,"),
+    {Id::Options, Id::PlayMenu, Kind::Entry, "Options", "Options...", "Ctrl+,", AtRest, Run<ShowOptions>},
     Line(Id::PlayMenu, "streep11"),
     ToCome(Id::Analyze, Id::PlayMenu, "Analyze", "Analyze", "F6"),
 
@@ -216,7 +220,12 @@ constexpr CommandRow Rows[] = {
     {Id::Numeric, Id::NotationMenu, Kind::Radio, "mnu_Board_Notation_Checkers", "Numeric", "", AtRest,
      Run<SetNotationTo<Notation::Numeric>>, InNotation<Notation::Numeric>},
     Line(Id::BoardMenu, "streep12"),
-    ToCome(Id::CreateDiagram, Id::BoardMenu, "CreateHtml", "Create Diagram...", ""),
+    {Id::CreateDiagram, Id::BoardMenu, Kind::Entry, "CreateHtml", "Create Diagram...", "", AtRest,
+     Run<CreateHtml_Click>},
+    {Id::CopyDiagram, Id::BoardMenu, Kind::Entry, "CopyDiagram", "Copy Diagram", "Ctrl+Shift+D", AtRest,
+     Run<CopyDiagram>},
+    {Id::SaveDiagram, Id::BoardMenu, Kind::Entry, "SaveDiagram", "Save Diagram As...", "", AtRest, Run<SaveDiagram>},
+    {Id::PrintDiagram, Id::BoardMenu, Kind::Entry, "PrintDiagram", "Print...", "Ctrl+P", AtRest, Run<PrintDiagram>},
 
     Menu(Id::ViewMenu, Id::None, "view", "&View"),
     {Id::Calculation, Id::ViewMenu, Kind::Check, "calculation", "Calculation", "Ctrl+L", NotEnding,
@@ -228,10 +237,12 @@ constexpr CommandRow Rows[] = {
     ToCome(Id::PlyValueTable, Id::ExtraMenu, "plyvaluetable", "Show Ply Value Table", ""),
 
     Menu(Id::HelpMenu, Id::None, "Help", "&Help"),
-    ToCome(Id::QuickRules, Id::HelpMenu, "QuickRules", "Quick Rules", "F1"),
-    ToCome(Id::Rules, Id::HelpMenu, "Rules", "Rules", "Shift+F1"),
+    {Id::Contents, Id::HelpMenu, Kind::Entry, "Contents", "Contents", "F1", NotEnding, Run<Contents_Click>},
+    {Id::QuickRules, Id::HelpMenu, Kind::Entry, "QuickRules", "Quick Rules", "Ctrl+F1", NotEnding,
+     Run<QuickRules_Click>},
+    {Id::Rules, Id::HelpMenu, Kind::Entry, "Rules", "Rules", "Shift+F1", NotEnding, Run<Rules_Click>},
     Line(Id::HelpMenu, "streep14"),
-    ToCome(Id::About, Id::HelpMenu, "mnu_Help_About", "About", ""),
+    {Id::About, Id::HelpMenu, Kind::Entry, "mnu_Help_About", "About", "", NotEnding, Run<About_Click>},
 
     Menu(Id::SetupMenu, Id::None, "mnuSetup", ""),
     Menu(Id::PopupMenu, Id::SetupMenu, "mnuPopup", ""),

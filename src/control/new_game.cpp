@@ -7,6 +7,7 @@
 #include "control/open_game.h"
 #include "control/pdn_game.h"
 #include "control/record.h"
+#include "control/variant_editor.h"
 #include "control/variant_start.h"
 #include "formats/text_file.h"
 #include "rules/generate.h"
@@ -83,19 +84,40 @@ void PlayMoves(GameState& State) {
 
 } // namespace
 
-void StartNewGame(GameState& State) {
+void StartNewGame(GameState& State, ChooseVariant Dialog) {
+    // 1. The game in hand.
     if (WouldLoseMoves(State) && !State.Outside().Ask("Confirmation", "Quit current game?")) {
         return;
     }
     State.Replaced = KeepGame(State);
     StartVariant(State, ReadChosenVariant(State), RulesFrom::Hand);
+
+    // 2. The variant. However the dialog is closed, what it has left in force is played.
+    if (Dialog == ChooseVariant::Yes) {
+        VariantEditor Editor(State);
+        State.Outside().ShowVariants(Editor);
+        if (State.ProgramEnds) {
+            return;
+        }
+        StartVariant(State, ReadChosenVariant(State), RulesFrom::Hand);
+    }
+
+    // 3. The opening.
     if (State.ChooseOpening == 1) {
         LoadOpening(State);
     }
     DrawOpeningByLot(State);
     if (State.UseSound == 1) {
-        State.Outside().PlaySound("sounds/roll.wav");
+        State.Outside().PlaySound("sounds/roll.wav", State.OwnSettings.Volume);
     }
+}
+
+void New1_Click(GameState& State) {
+    StartNewGame(State, ChooseVariant::No);
+}
+
+void NewVariant_Click(GameState& State) {
+    StartNewGame(State, ChooseVariant::Yes);
 }
 
 void DrawOpeningByLot(GameState& State) {

@@ -8,10 +8,8 @@
 
 namespace zonterbrook::control {
 
-namespace {
-
-// The lists are written anew; the line that the person has chosen in each stays chosen.
-void RewriteLists(GameState& State) {
+// The line that the person has chosen in a list stays chosen.
+void RewriteMoves(GameState& State) {
     const std::int32_t GameLine = State.GameList.Selected;
     view::ListGame(State, State.Record);
     State.GameList.Selected = GameLine;
@@ -23,9 +21,8 @@ void RewriteLists(GameState& State) {
     if (State.ShowCalculation == 1) {
         view::WriteCalculation(State);
     }
+    view::RefreshMoveChoices(State);
 }
-
-} // namespace
 
 void SetNotation(GameState& State, rules::Notation Names) {
     // Numbers exist for fifty squares only, and without a notation moves are named by number.
@@ -33,10 +30,9 @@ void SetNotation(GameState& State, rules::Notation Names) {
         return;
     }
     State.NotationMode = Names;
-    RewriteLists(State);
     view::DrawBoard(State, 0);
     State.SourcesShown = false;
-    view::RefreshMoveChoices(State);
+    RewriteMoves(State);
 }
 
 } // namespace zonterbrook::control

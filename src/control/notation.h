@@ -9,4 +9,7 @@ namespace zonterbrook::control {
 /// board that uses both colours of square; the others are refused there in silence.
 void SetNotation(GameState& State, rules::Notation Names);
 
+/// Writes everything anew that names moves: the lists and the calculation.
+void RewriteMoves(GameState& State);
+
 } // namespace zonterbrook::control

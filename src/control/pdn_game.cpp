@@ -76,7 +76,7 @@ struct Start {
 
 std::optional<formats::VariantDocument> FindVariant(const GameState& State, const std::string& Name,
                                                     bool UserVariants) {
-    const fs::path Folder = formats::VariantFolder(State.Outside().ApplicationDirectory(), UserVariants);
+    const fs::path Folder = FolderOfVariants(State, UserVariants);
     return formats::ReadVariantFile(Folder, Name, rules::RuleSetFields{}).Document;
 }
 

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,6 +41,19 @@ struct PdnChoice {
     std::string Variant;  ///< to play it under; empty for the game's own
 };
 
+/// What the rules window says.
+struct RulesPage {
+    std::string Heading; ///< empty where there is no help
+    std::string Help;    ///< "\n" between its lines
+    std::string Link;    ///< a document with more; empty for none
+};
+
+/// What becomes of the board's picture.
+enum class DiagramUse : std::uint8_t { Copy, Save, Print };
+
+class OptionsEditor;
+class VariantEditor;
+
 class Platform : public base::OutsideWorld {
 public:
     using OutsideWorld::OutsideWorld;
@@ -52,7 +66,8 @@ public:
 
     /// Starts a wave file and returns at once; no sound, and no complaint, if it can't be played. `File` is relative
     /// to the application directory, such as "sounds/click.wav".
-    virtual void PlaySound(std::string_view File) = 0;
+    /// `Volume`: 0 to 100.
+    virtual void PlaySound(std::string_view File, int Volume) = 0;
 
     /// Returns when `Seconds` have passed; events of the window may run meanwhile.
     virtual void Wait(double Seconds) = 0;
@@ -90,6 +105,25 @@ public:
 
     /// Shows the details of a game for editing; `Store` takes them over each time that the person wants it.
     virtual void ShowDetails(const game::Details& Details, const std::function<void(const game::Details&)>& Store) = 0;
+
+    /// Shows the variants, with all their rules, until the person closes the dialog.
+    virtual void ShowVariants(VariantEditor& Editor) = 0;
+
+    /// Shows the options until the person closes the dialog.
+    virtual void ShowOptions(OptionsEditor& Editor) = 0;
+
+    virtual void ShowRules(const RulesPage& Page) = 0;
+    virtual void ShowAbout() = 0;
+
+    /// Shows the manual, at a heading if one is named.
+    virtual void ShowManual(std::string_view Heading) = 0;
+
+    /// Makes the pictures of a skin ready, one for each of `view::Picture`; an empty path stands for the program's own.
+    /// False if one of them can't be read; then those of the last skin stay.
+    virtual bool LoadPictures(std::span<const std::filesystem::path> Files) = 0;
+
+    /// Copies the board as it is shown, with its position as text; or saves its picture to a file, or prints it.
+    virtual void UseDiagram(DiagramUse Use, std::string_view Position) = 0;
 
     /// The text of the clipboard, empty if it holds none.
     virtual std::string ClipboardText() = 0;

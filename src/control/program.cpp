@@ -10,18 +10,15 @@
 #include "control/new_game.h"
 #include "control/pdn_game.h"
 #include "control/settings.h"
+#include "control/skin.h"
 #include "control/trap.h"
 #include "control/turn_state.h"
 #include "control/variant_start.h"
-#include "view/layout.h"
 #include "view/move_lists.h"
 
 namespace zonterbrook::control {
 
 namespace {
-
-constexpr std::int32_t SmallPictures = 0;
-constexpr std::int32_t MediumPictures = 2;
 
 // The game of the last run comes back where the person wants it to.
 void LoadLastGame(GameState& State) {
@@ -32,11 +29,6 @@ void LoadLastGame(GameState& State) {
         LoadGameFile(State, *File, LoadMode::Autosave);
         State.GameChanged = State.Record.Count > 0; // no file of the person's own holds it
     }
-}
-
-// One of the two picture sets that the program brings along; any other name falls back on the medium one.
-void LoadSkin(view::SettingsFields& Settings) {
-    Settings.SizeClass = Settings.SkinName == "Classic Small" ? SmallPictures : MediumPictures;
 }
 
 bool PersonAgrees(const GameState& State) {
@@ -61,7 +53,6 @@ void StartProgram(GameState& State) {
     LoadSkin(State);
     OpenLog(State);
     StartVariant(State, ReadChosenVariant(State), RulesFrom::Hand);
-    view::LayoutWindow(State);
     State.StatusPanels[view::ProductPanel] = view::ProductLine;
     if (State.ChooseOpening == 1) {
         LoadOpening(State);

@@ -75,7 +75,7 @@ void CutAhead(GameState& State) {
 
 void PlayMoveSound(const GameState& State) {
     if (State.UseSound == 1) {
-        State.Outside().PlaySound("sounds/click.wav");
+        State.Outside().PlaySound("sounds/click.wav", State.OwnSettings.Volume);
     }
 }
 

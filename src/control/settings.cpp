@@ -20,6 +20,19 @@ constexpr std::string_view SettingsName = "quavermill.ini";
 constexpr std::string_view RatingName = "quavermill.rtg";
 constexpr std::string_view OwnSettingsName = "zonterbrook.conf";
 constexpr std::string_view RecentKey = "recent";
+
+/// The numbers among the program's own settings.
+struct OwnNumber {
+    std::string_view Key;
+    std::int32_t view::OwnSettingsFields::*Field;
+    std::int32_t Lowest;
+    std::int32_t Highest;
+};
+constexpr OwnNumber OwnNumbers[] = {
+    {"volume", &view::OwnSettingsFields::Volume, 0, 100},
+    {"dark-highlight", &view::OwnSettingsFields::DarkHighlight, -1, 0xFFFFFF},
+    {"light-highlight", &view::OwnSettingsFields::LightHighlight, -1, 0xFFFFFF},
+};
 constexpr std::size_t MostRecentFiles = 8;
 
 /// Every setting beside its field in the state: `Do(value of the file, field)`.
@@ -142,8 +155,16 @@ void SaveSettings(const GameState& State) {
 
 void LoadOwnSettings(GameState& State) {
     if (const auto Text = ReadOwnFile(State, OwnSettingsName)) {
-        State.RecentFiles = formats::ValuesOf(formats::ReadConfiguration(*Text), RecentKey);
+        const formats::Configuration Values = formats::ReadConfiguration(*Text);
+        State.RecentFiles = formats::ValuesOf(Values, RecentKey);
         State.RecentFiles.resize(std::min(State.RecentFiles.size(), MostRecentFiles));
+        for (const OwnNumber& Each : OwnNumbers) {
+            const auto Read = formats::ValuesOf(Values, Each.Key);
+            const std::int64_t Value = Read.empty() ? Each.Lowest - 1 : base::LenientNumber(Read.front());
+            if (Value >= Each.Lowest && Value <= Each.Highest) {
+                State.OwnSettings.*Each.Field = static_cast<std::int32_t>(Value);
+            }
+        }
     }
 }
 
@@ -154,6 +175,9 @@ void SaveOwnSettings(const GameState& State) {
     formats::Configuration Values;
     for (const std::string& File : State.RecentFiles) {
         Values.emplace_back(RecentKey, File);
+    }
+    for (const OwnNumber& Each : OwnNumbers) {
+        Values.emplace_back(Each.Key, std::to_string(State.OwnSettings.*Each.Field));
     }
     WriteOwnFile(State, OwnSettingsName, formats::WriteConfiguration(Values));
 }

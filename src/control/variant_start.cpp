@@ -10,6 +10,7 @@
 #include "rules/generate.h"
 #include "rules/install.h"
 #include "view/draw_board.h"
+#include "view/layout.h"
 #include "view/move_lists.h"
 
 #include <string>
@@ -49,8 +50,20 @@ void ClearWindow(GameState& State) {
 
 } // namespace
 
+std::filesystem::path FolderOfVariants(const GameState& State, bool UserVariants) {
+    const std::filesystem::path Written = State.Outside().WritableDirectory();
+    if (UserVariants && !Written.empty()) {
+        const std::filesystem::path Own = formats::VariantFolder(Written, true);
+        std::error_code Error;
+        if (std::filesystem::is_directory(Own, Error)) {
+            return Own;
+        }
+    }
+    return formats::VariantFolder(State.Outside().ApplicationDirectory(), UserVariants);
+}
+
 formats::VariantDocument ReadChosenVariant(const GameState& State) {
-    const auto Folder = formats::VariantFolder(State.Outside().ApplicationDirectory(), State.UseClassic == 0);
+    const auto Folder = FolderOfVariants(State, State.UseClassic == 0);
     auto Read = formats::ReadVariantFile(Folder, State.VariantName, rules::RuleSetFields{});
     if (!Read.Document) {
         throw FileFault(State.VariantName + ".ini: " + Read.Error.Text());
@@ -107,6 +120,7 @@ void RestartGame(GameState& State) {
     ClearWindow(State);
     State.CaptureChar = State.ColonCapture == 1 ? ':' : 'x';
     NamePlayers(State);
+    view::LayoutWindow(State);
     rules::GenerateGameMoves(State);
     view::RefreshMoveChoices(State);
     view::DrawBoard(State, 0);

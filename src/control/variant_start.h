@@ -14,6 +14,9 @@ enum class RulesFrom : std::uint8_t { File, Hand };
 /// Whether the side that begins is drawn where the rules leave it to the lot, or is the file's.
 enum class Lots : std::uint8_t { Drawn, Left };
 
+/// Where variants lie: those of the program, or the person's own.
+std::filesystem::path FolderOfVariants(const GameState& State, bool UserVariants);
+
 /// Reads the variant that the settings name. Throws a `FileFault` when it can't be read.
 formats::VariantDocument ReadChosenVariant(const GameState& State);
 

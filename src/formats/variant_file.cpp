@@ -1,4 +1,4 @@
-// The reader of variant files and the list of those that are there.
+// The reader and the writer of variant files, and the list of those that are there.
 #include "formats/variant_file.h"
 
 #include "base/fault.h"
@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 namespace zonterbrook::formats {
 
@@ -97,6 +98,60 @@ ReadResult<VariantDocument> ReadVariantFile(const fs::path& Folder, std::string_
         Result.Document->Name = Name;
     }
     return Result;
+}
+
+std::string WriteVariant(const VariantDocument& Variant) {
+    constexpr std::string_view LineEnd = "\r\n";
+    std::string Text = "Zonterbrook variant: " + Variant.Name + std::string(LineEnd);
+    const auto Add = [&](std::string_view Key, std::string_view Value) {
+        Text.append(Key).append("=").append(Value).append(LineEnd);
+    };
+    const std::vector<std::string> Paragraphs = base::SplitLines(Variant.HelpText);
+    for (std::size_t Index = 0; Index < Paragraphs.size(); ++Index) {
+        if (Index > 0) {
+            Add("Help", LineBreak);
+        }
+        if (!Paragraphs[Index].empty()) {
+            Add("Help", Paragraphs[Index]);
+        }
+    }
+    for (const auto& [Key, Link] :
+         {std::pair("HelpLink", &Variant.HelpLink), std::pair("QuickHelpLink", &Variant.QuickHelpLink)}) {
+        if (!Link->empty()) {
+            Add(Key, *Link);
+        }
+    }
+    // The position stands before the side that begins: other readers take its figures in that order.
+    Add("Setup", Variant.Setup.empty() ? NormalSetup : std::string_view(Variant.Setup));
+    for (const rules::RuleKey& Key : rules::RuleKeys()) {
+        Add(Key.Name, std::to_string(Key.Read(Variant.Rules)));
+    }
+    for (const auto* Keys : {&rules::PromotionKeys[0], &rules::PromotionKeys[1], &rules::MovementKeys[0],
+                             &rules::MovementKeys[1], &rules::MovementKeys[2], &rules::MovementKeys[3]}) {
+        Add(*Keys, rules::RuleText(Variant.Rules, *Keys).value_or(""));
+    }
+    return Text.append(EndLine).append(LineEnd);
+}
+
+std::string ComplaintAboutName(std::string_view Name) {
+    constexpr std::size_t Longest = 100;
+    if (Name.empty() || base::Trim(Name) != Name) {
+        return "A variant needs a name, without blanks at its ends.";
+    }
+    if (Name.size() > Longest) {
+        return "The name is too long.";
+    }
+    const bool Odd = std::ranges::any_of(Name, [](char C) {
+        return static_cast<unsigned char>(C) < ' ' || std::string_view("/\\:*?\"<>|,").find(C) != std::string_view::npos;
+    });
+    if (Odd || Name.front() == '.') {
+        return "The name is that of a file: it can't begin with a full stop, nor hold any of / \\ : * ? \" < > | ,";
+    }
+    return {};
+}
+
+fs::path VariantFile(const fs::path& Folder, std::string_view Name) {
+    return Folder / TextPath(std::string(Name).append(Extension));
 }
 
 fs::path VariantFolder(const fs::path& ApplicationFolder, bool UserVariants) {

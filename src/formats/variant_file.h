@@ -1,8 +1,8 @@
 // The variant file: a text file that holds the rules of one variant, its start position and its help text.
 //
-// Files are read here and never written. The reader fills a fresh document and touches nothing else; laying the
-// position and installing the rules is for whoever asked. docs/variant-files.md describes the format for those who
-// write one.
+// The reader fills a fresh document and touches nothing else; laying the position and installing the rules is for
+// whoever asked. Only variants of a person's own are ever written. docs/variant-files.md describes the format for those
+// who write one by hand.
 #pragma once
 
 #include "formats/text_file.h"
@@ -31,6 +31,16 @@ ReadResult<VariantDocument> ReadVariant(std::string_view Text, const rules::Rule
 /// Reads the file of the variant `Name` in `Folder`; letter case doesn't matter. The document bears `Name` as given.
 ReadResult<VariantDocument> ReadVariantFile(const std::filesystem::path& Folder, std::string_view Name,
                                             const rules::RuleSetFields& Before);
+
+/// The text of a variant's file, every rule in it, lines ended as in all files of the program. It reads back to the
+/// same document.
+std::string WriteVariant(const VariantDocument& Variant);
+
+/// What is wrong with a name for a variant of a person's own, as a sentence; empty if it can be one.
+std::string ComplaintAboutName(std::string_view Name);
+
+/// The file of a variant in a folder, whether it is there or not.
+std::filesystem::path VariantFile(const std::filesystem::path& Folder, std::string_view Name);
 
 /// The folder of the variants that come with the program, or of the user's own, under the program's folder.
 std::filesystem::path VariantFolder(const std::filesystem::path& ApplicationFolder, bool UserVariants);

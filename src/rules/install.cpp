@@ -25,20 +25,22 @@ struct DirectionWord {
 constexpr DirectionWord DirectionWords[] = {{"NW", 11}, {"NE", 13}, {"SE", -11}, {"SW", -13}, {"N", 12}, {"S", -12},
                                             {"E", 1},   {"W", -1},  {"NN", 24},  {"SS", -24}, {"EE", 2}, {"WW", -2}};
 
-void ParseDirections(std::string_view List, bool Negated, DirectionColumn& Column) {
+/// Reads words up to one that is none, or one too many; true if there was none of either.
+bool ParseDirections(std::string_view List, bool Negated, DirectionColumn& Column) {
     for (int Entry = 0; Entry < DirectionEntries - 1; ++Entry) {
         const std::size_t End = List.find(';');
         const std::string_view Word = List.substr(0, End);
         const auto* Found = std::ranges::find(DirectionWords, Word, &DirectionWord::Word);
         if (Found == std::end(DirectionWords)) {
-            return;
+            return false;
         }
         Column[Entry] = static_cast<std::int16_t>(Negated ? -Found->Step : Found->Step);
         if (End == std::string_view::npos) {
-            return;
+            return true;
         }
         List.remove_prefix(End + 1);
     }
+    return false;
 }
 
 StepShape ShapeOf(const DirectionColumn& Column) {
@@ -84,6 +86,11 @@ void ParseMovement(std::string_view Text, int Index, DirectionTable& Directions)
     if (Blank != std::string_view::npos) {
         ParseDirections(Text.substr(Blank + 1), Negated, Directions[Index + 4]);
     }
+}
+
+bool IsDirectionList(std::string_view List) {
+    DirectionColumn Column{};
+    return List.empty() || ParseDirections(List, false, Column);
 }
 
 void ClassifyDirections(RulesState& State) {

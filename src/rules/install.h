@@ -19,6 +19,10 @@ void InstallRuleSet(RulesState& State);
 /// Fills a column pair of a step table from a movement string: `Index` the plain steps, `Index` + 4 the capture steps.
 void ParseMovement(std::string_view Text, int Index, DirectionTable& Directions);
 
+/// Whether a list of direction words can be read whole: known words joined by ";", as many as a column holds. An empty
+/// list has none and is whole, too.
+bool IsDirectionList(std::string_view List);
+
 /// Notes sideways steps and what follows from them.
 void ClassifyDirections(RulesState& State);
 

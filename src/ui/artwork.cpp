@@ -77,9 +77,58 @@ const QPixmap& Artwork::CellPicture(view::Picture Which, QSize Size, qreal Densi
                         static_cast<quint64>(qRound(Density * 1000) & 0xFFFFFF);
     auto Found = Prepared.find(Key);
     if (Found == Prepared.end()) {
-        Found = Prepared.insert(Key, Compose(Which, Size, Density));
+        const SkinPicture& Own = Skin.at(static_cast<std::size_t>(Which));
+        const bool HasOwn = SkinUsed && (Own.Drawing != nullptr || !Own.Bitmap.isNull());
+        Found =
+            Prepared.insert(Key, HasOwn ? ComposeSkin(Own, Which, Size, Density) : Compose(Which, Size, Density));
     }
     return *Found;
+}
+
+QPixmap Artwork::ComposeSkin(const SkinPicture& Source, view::Picture Which, QSize Size, qreal Density) const {
+    const bool Pointer = Which >= view::Picture::white_man_ico;
+    QImage Canvas(Size, Pointer ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+    Canvas.fill(Pointer ? Qt::transparent : Qt::black);
+    QPainter Painter(&Canvas);
+    if (Source.Drawing != nullptr) {
+        Painter.setRenderHint(QPainter::Antialiasing);
+        Source.Drawing->render(&Painter, QRectF(QPointF(0, 0), QSizeF(Size)));
+    } else {
+        const bool Same = Source.Bitmap.size() == Size;
+        Painter.drawImage(0, 0, Same ? Source.Bitmap
+                                     : Source.Bitmap.scaled(Size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    }
+    Painter.end();
+    QPixmap Picture = QPixmap::fromImage(std::move(Canvas));
+    Picture.setDevicePixelRatio(Density);
+    return Picture;
+}
+
+bool Artwork::LoadSkin(std::span<const std::filesystem::path> Files) {
+    std::array<SkinPicture, view::PictureCount> Read;
+    for (std::size_t Index = 0; Index < Read.size() && Index < Files.size(); ++Index) {
+        if (Files[Index].empty()) {
+            continue;
+        }
+        const QString Name = QString::fromStdU16String(Files[Index].u16string());
+        SkinPicture& Picture = Read.at(Index);
+        if (Name.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive)) {
+            Picture.Drawing = std::make_shared<QSvgRenderer>(Name);
+        } else {
+            Picture.Bitmap = QImage(Name);
+        }
+        if (Picture.Drawing != nullptr ? !Picture.Drawing->isValid() : Picture.Bitmap.isNull()) {
+            return false;
+        }
+    }
+    Skin = std::move(Read);
+    Prepared.clear();
+    return true;
+}
+
+void Artwork::UseSkin(bool Use) {
+    SkinUsed = Use;
+    Prepared.clear();
 }
 
 QCursor Artwork::Pointer(view::Picture Which, int CellPixels, qreal Density) {

@@ -1,4 +1,4 @@
-// The pictures of the board: squares, pieces and drag pointers, rendered from vector art.
+// The pictures of the board: squares, pieces and drag pointers, from the program's vector art or from a skin's files.
 //
 // Each picture is composed once for each size in device pixels, square and piece together, and kept; painting a cell is
 // a plain copy. Reads nothing of the game.
@@ -8,8 +8,16 @@
 
 #include <QCursor>
 #include <QHash>
+#include <QImage>
 #include <QPixmap>
 #include <QSize>
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <span>
+
+class QSvgRenderer;
 
 namespace zonterbrook::ui {
 
@@ -25,8 +33,25 @@ public:
     /// pointer.
     QCursor Pointer(view::Picture Which, int CellPixels, qreal Density);
 
+    /// Reads a skin's pictures, one for each of `view::Picture`; an empty path leaves one to the program's own. False if
+    /// one can't be read: then the last skin's stay.
+    bool LoadSkin(std::span<const std::filesystem::path> Files);
+
+    /// Whether the pictures are the skin's from now on, or the program's.
+    void UseSkin(bool Use);
+
 private:
+    /// A picture of a skin: a drawing, or a bitmap that is scaled.
+    struct SkinPicture {
+        std::shared_ptr<QSvgRenderer> Drawing;
+        QImage Bitmap;
+    };
+
+    QPixmap ComposeSkin(const SkinPicture& Source, view::Picture Which, QSize Size, qreal Density) const;
+
     QHash<quint64, QPixmap> Prepared;
+    std::array<SkinPicture, view::PictureCount> Skin;
+    bool SkinUsed = false;
 };
 
 } // namespace zonterbrook::ui

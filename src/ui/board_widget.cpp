@@ -23,8 +23,6 @@ namespace {
 constexpr int CellsInRow = 10;
 constexpr int BandPixels = 4;        // the wooden band outside the frame's line
 constexpr int NumberTwips = 100;     // of a square's number from the cell's corner
-const QColor BoxOnDark(255, 255, 0); // the two colours of the highlight
-const QColor BoxOnLight(128, 128, 0);
 const QColor FrameLine(46, 27, 13);
 const QColor BandLight(122, 86, 54);
 const QColor BandDark(84, 55, 31);
@@ -34,6 +32,13 @@ constexpr int CursorInset = 5; // inside the highlight
 
 int Pixels(int Twips, int TwipsPerPixel) {
     return static_cast<int>(std::lround(static_cast<double>(Twips) / TwipsPerPixel));
+}
+
+// The lowest byte is the red one.
+QColor ColourOf(std::int32_t Value) {
+    const auto Bits = static_cast<std::uint32_t>(Value);
+    return {static_cast<int>(Bits & 0xFFU), static_cast<int>((Bits >> 8U) & 0xFFU),
+            static_cast<int>((Bits >> 16U) & 0xFFU)};
 }
 
 // The handlers count the buttons as 1 and 2; others stay unheard.
@@ -115,6 +120,12 @@ void BoardWidget::Display(const view::WindowContents& Contents) {
         Frame = Contents.BoardFrame;
         update();
     }
+    if (Look != Contents.Look) {
+        Look = Contents.Look;
+        Pictures.UseSkin(Look.OwnPictures);
+        PointerShown = view::Picture::None;
+        update();
+    }
     const bool CursorMoved = Cursor != Contents.CursorCell;
     if (CursorMoved) {
         for (const int Cell : {Cursor, Contents.CursorCell}) {
@@ -188,7 +199,7 @@ void BoardWidget::PaintCell(QPainter& Painter, int Cell) {
     // 3. The highlight.
     if (Shown.Box != view::Highlight::None) {
         const QRect Inside = PixelRect(Layout.Box, TwipsPerPixel).translated(Area.topLeft());
-        QPen Line(Shown.Box == view::Highlight::Dark ? BoxOnDark : BoxOnLight, 2);
+        QPen Line(ColourOf(Shown.Box == view::Highlight::Dark ? Look.DarkHighlight : Look.LightHighlight), 2);
         Line.setJoinStyle(Qt::MiterJoin);
         Painter.setPen(Line);
         Painter.setBrush(Qt::NoBrush);

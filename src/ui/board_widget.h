@@ -39,6 +39,9 @@ public:
     /// The cell with the keyboard's cursor; -1 while it is hidden.
     int CursorCell() const { return Cursor; }
 
+    /// The pictures that it is painted with.
+    Artwork& Art() { return Pictures; }
+
     /// What a screen reader says of a cell comes from `Say`; nothing, before it is set.
     void SayCellsWith(std::function<std::string(int)> Say) { SayCell = std::move(Say); }
     QString CellText(int Cell) const;
@@ -92,6 +95,7 @@ private:
     std::function<std::string(int)> SayCell;
     bool ReaderListens = QAccessible::isActive();
     std::vector<QString> Said; // what a screen reader knows of the cells; empty while there is none
+    view::LookFields Look;
     view::LayoutFields Layout;
     view::Rectangle Frame;
     bool FrameShown = false;

@@ -26,7 +26,7 @@ bool HasDevice() {
 SoundPlayer::SoundPlayer() = default;
 SoundPlayer::~SoundPlayer() = default;
 
-void SoundPlayer::Play(const QString& Path) {
+void SoundPlayer::Play(const QString& Path, float Volume) {
     if (!HasDevice() || !QFile::exists(Path)) {
         return;
     }
@@ -35,6 +35,7 @@ void SoundPlayer::Play(const QString& Path) {
         Effect = std::make_shared<QSoundEffect>();
         Effect->setSource(QUrl::fromLocalFile(Path));
     }
+    Effect->setVolume(Volume);
     Effect->play();
 }
 

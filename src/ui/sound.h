@@ -21,7 +21,8 @@ public:
 
     /// Starts the wave file `Path` and returns at once; one that still sounds begins anew. No file or no sound device:
     /// silence, and no complaint.
-    void Play(const QString& Path);
+    /// `Volume`: 0 to 1.
+    void Play(const QString& Path, float Volume);
 
 private:
     QHash<QString, std::shared_ptr<QSoundEffect>> Effects;

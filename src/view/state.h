@@ -138,6 +138,20 @@ struct LayoutFields {
     bool operator==(const LayoutFields&) const = default;
 };
 
+/// The usual colours of the highlights: the lowest byte red, the next one green, then blue.
+inline constexpr std::int32_t UsualDarkHighlight = 65535;
+inline constexpr std::int32_t UsualLightHighlight = 0x8080;
+
+/// What the board and the pieces look like.
+struct LookFields {
+    bool OwnPictures = false;  ///< those of a skin's files, in place of the program's
+    std::int32_t Loads = 0;    ///< how many times pictures have been loaded
+    std::int32_t DarkHighlight = UsualDarkHighlight;
+    std::int32_t LightHighlight = UsualLightHighlight;
+
+    bool operator==(const LookFields&) const = default;
+};
+
 inline constexpr int ProductPanel = 0;
 inline constexpr int StatusPanel = 1;
 inline constexpr int OpeningPanel = 2;
@@ -148,6 +162,7 @@ struct WindowContents {
     std::string Caption;
     base::CheckedArray<BoardCell, BoardPictures> Cells{};
     std::int32_t CursorCell = -1; ///< with the keyboard's frame; -1 while it is hidden
+    LookFields Look;
     std::vector<EdgeLabel> EdgeLabels;
     bool FrameShown = false;
     Rectangle BoardFrame;
@@ -233,11 +248,24 @@ struct SettingsFields {
     std::int32_t UseClassic = 1; ///< 1: the variant is one of the program's, 0: one of the user's own
 };
 
+/// Settings that stand in a file of their own.
+struct OwnSettingsFields {
+    std::int32_t Volume = 80;          ///< of the sounds, 0 to 100
+    std::int32_t DarkHighlight = -1;   ///< the person's own colours of the highlights; -1: those of the skin
+    std::int32_t LightHighlight = -1;
+
+    bool operator==(const OwnSettingsFields&) const = default;
+};
+
 /// The state of the view: settings in force and contents of the window, over the engine's state.
 struct ViewState : engine::EngineState, SettingsFields, WindowContents {
+    OwnSettingsFields OwnSettings;
+
     // --- program: written at start-up and by `LoadSkin` --------------------------------------------------------------
     std::int32_t TwipsPerPixel = 15;   ///< 12 on a desktop of 120 dots an inch
     std::int32_t BoardCustomSize = -1; ///< of a skin of its own: 0 small, 2 medium, -1 not told
+    std::int32_t SkinDarkHighlight = UsualDarkHighlight;
+    std::int32_t SkinLightHighlight = UsualLightHighlight;
 
     // --- variant: written when its file is read ----------------------------------------------------------------------
     std::string VariantTitle; ///< the variant's name as a person sees it

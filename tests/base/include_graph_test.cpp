@@ -110,10 +110,10 @@ TEST(IncludeGraph, EveryIncludeKeepsTheOrderOfTheFolders) {
 // said above the record, and nothing calls upward.
 constexpr const char* ControlOrder[] = {
     "command_id", "platform",      "state",         "turn_state",    "log",        "trap",        "input_state",
-    "settings",   "game_document", "kept_game",     "record",        "rating",     "ending",      "turn",
-    "book",       "calculation",   "computer_move", "variant_start", "replay",     "loaded_game", "pdn_game",
+    "settings",   "skin", "game_document", "kept_game",     "record",        "rating",     "ending",      "turn",
+    "book",       "calculation",   "computer_move", "variant_start", "variant_editor", "replay",     "loaded_game", "pdn_game",
     "open_game",  "clipboard",     "details",       "saved_game",    "new_game",   "person_move", "setup",
-    "input",      "keyboard",      "navigation",    "restored_game", "draw_offer", "modes",       "notation",
+    "input",      "keyboard",      "navigation",    "restored_game", "draw_offer", "modes",       "notation", "options", "diagram", "help",
     "program",    "commands",      "events"};
 
 TEST(IncludeGraph, ControlKeepsTheOrderOfItsFiles) {

@@ -27,6 +27,13 @@ public:
     game::Details EditedDetails;                  ///< what the person makes of a game's details
     std::filesystem::path Written = "/no folder"; ///< where the program's own files go
     control::FileKeeper Keeper = control::FileKeeper::Nobody;
+    std::function<void(control::VariantEditor&)> OnVariants; ///< what the person does in the dialog
+    std::function<void(control::OptionsEditor&)> OnOptions;
+    control::RulesPage RulesShown;
+    std::vector<std::filesystem::path> PicturesLoaded;
+    bool PicturesCanBeRead = true;
+    std::vector<std::pair<control::DiagramUse, std::string>> Diagrams;
+    std::vector<std::string> Opened; ///< documents
     std::function<void()> OnWait;    ///< runs while the program waits
     std::function<void()> OnMessage; ///< runs while a message stands
     std::function<void()> OnNode;    ///< runs at every node of a search
@@ -81,7 +88,7 @@ public:
     bool Ask(std::string_view Title, std::string_view Text) override { return Take(Kind::Question, Title, Text).Yes; }
     control::CommandId ShowPopup(control::CommandId) override { return Take(Kind::Popup, "popup", "").Choice; }
 
-    void PlaySound(std::string_view File) override { Sounds.emplace_back(File); }
+    void PlaySound(std::string_view File, int) override { Sounds.emplace_back(File); }
     void Wait(double Seconds) override {
         Clock += Seconds;
         if (OnWait) {
@@ -111,6 +118,18 @@ public:
         DetailsShown = Details;
         Store(EditedDetails);
     }
+    void ShowVariants(control::VariantEditor& Editor) override { DoIn(OnVariants, Editor); }
+    void ShowOptions(control::OptionsEditor& Editor) override { DoIn(OnOptions, Editor); }
+    void ShowRules(const control::RulesPage& Page) override { RulesShown = Page; }
+    void ShowAbout() override {}
+    void ShowManual(std::string_view) override {}
+    bool LoadPictures(std::span<const std::filesystem::path> Files) override {
+        PicturesLoaded.assign(Files.begin(), Files.end());
+        return PicturesCanBeRead;
+    }
+    void UseDiagram(control::DiagramUse Use, std::string_view Position) override {
+        Diagrams.emplace_back(Use, std::string(Position));
+    }
     std::string ClipboardText() override { return Clipboard; }
     void SetClipboardText(std::string_view Text) override { Clipboard = Text; }
     bool OpenLog() override { return LogIsOpen = LogCanBeOpened; }
@@ -119,7 +138,7 @@ public:
         Log += Text;
     }
     void CloseLog() override { LogIsOpen = false; }
-    void OpenDocument(std::string_view Target) override { ADD_FAILURE() << "opened unasked: " << Target; }
+    void OpenDocument(std::string_view Target) override { Opened.emplace_back(Target); }
     void CloseWindow() override { ++Closings; }
     void EndProgram() override { Ended = true; }
 
@@ -170,6 +189,15 @@ private:
         EXPECT_EQ(Next.Title, Title);
         EXPECT_EQ(Next.Text, Text);
         return Next;
+    }
+
+    template <typename Editor>
+    void DoIn(const std::function<void(Editor&)>& What, Editor& Dialog) {
+        if (What) {
+            What(Dialog);
+        } else if (!TakesAnything) {
+            ADD_FAILURE() << "a dialog that was not expected";
+        }
     }
 
     std::deque<Expected> Script;

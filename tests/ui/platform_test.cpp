@@ -64,8 +64,8 @@ TEST_F(World, NothingIsSaidWithoutADeviceForSounds) {
     const QtMessageHandler Before =
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) { ++Warnings; });
     Drag("d4", "e5");
-    Game().Outside().PlaySound("sounds/missing.wav");
-    Game().Outside().PlaySound("sounds/roll.wav");
+    Game().Outside().PlaySound("sounds/missing.wav", 100);
+    Game().Outside().PlaySound("sounds/roll.wav", 100);
     QCoreApplication::processEvents();
     qInstallMessageHandler(Before);
     EXPECT_EQ(0, Warnings);
