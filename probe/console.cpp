@@ -194,6 +194,9 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
     if (Command == "save") {
         return Save(Rest);
     }
+    if (Command == "diagram") {
+        return Diagram(Rest);
+    }
     struct Row {
         std::string_view Name;
         std::string (*Answer)(Console& Self, const Words& Arguments);

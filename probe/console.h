@@ -114,6 +114,7 @@ private:
     std::string Game() const;
     std::string GoTo(const Words& Arguments);
     std::string ReadSettings(std::string_view File);
+    std::string Diagram(std::string_view File);
     std::string Compute(const Words& Arguments);
     std::string Enter(const Words& Arguments);
 

@@ -2,6 +2,7 @@
 #include "console.h"
 #include "console_text.h"
 #include "control/computer_move.h"
+#include "control/diagram.h"
 #include "control/game_document.h"
 #include "control/input.h"
 #include "control/navigation.h"
@@ -197,6 +198,17 @@ std::string Console::ReadSettings(std::string_view File) {
     const auto Text = formats::ReadTextFile(formats::TextPath(File));
     const auto Read = Text.Document ? formats::ReadSettings(*Text.Document) : std::nullopt;
     return (Read ? "read\n" : "default\n") + formats::WriteSettingValues(Read.value_or(formats::Settings{}), "\n");
+}
+
+std::string Console::Diagram(std::string_view File) {
+    if (File.empty()) {
+        throw CommandError("no file given");
+    }
+    const std::string Page = formats::WriteDiagram(control::DiagramOf(*State));
+    if (const auto Failure = formats::WriteFile(formats::TextPath(File), Page)) {
+        throw CommandError(Failure->Text());
+    }
+    return {};
 }
 
 std::string Console::GoTo(const Words& Arguments) {

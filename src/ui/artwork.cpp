@@ -42,12 +42,12 @@ constexpr std::array<Layers, view::PictureCount> Recipes{{
     {nullptr, "black_king"},
 }};
 
-void PaintLayer(QPainter& Painter, const char* Name, QSize Size) {
+void PaintLayer(QPainter& Painter, const char* Name, const QRectF& Place) {
     if (Name == nullptr) {
         return;
     }
     QSvgRenderer Drawing(QStringLiteral(":/art/pieces/%1.svg").arg(QLatin1String(Name)));
-    Drawing.render(&Painter, QRectF(QPointF(0, 0), QSizeF(Size)));
+    Drawing.render(&Painter, Place);
 }
 
 QPixmap Compose(view::Picture Which, QSize Size, qreal Density) {
@@ -56,8 +56,9 @@ QPixmap Compose(view::Picture Which, QSize Size, qreal Density) {
     Canvas.fill(Recipe.Square != nullptr ? Qt::black : Qt::transparent);
     QPainter Painter(&Canvas);
     Painter.setRenderHint(QPainter::Antialiasing);
-    PaintLayer(Painter, Recipe.Square, Size);
-    PaintLayer(Painter, Recipe.Piece, Size);
+    const QRectF Place(QPointF(0, 0), QSizeF(Size));
+    PaintLayer(Painter, Recipe.Square, Place);
+    PaintLayer(Painter, Recipe.Piece, Place);
     Painter.end();
     QPixmap Picture = QPixmap::fromImage(std::move(Canvas));
     Picture.setDevicePixelRatio(Density);
@@ -79,8 +80,7 @@ const QPixmap& Artwork::CellPicture(view::Picture Which, QSize Size, qreal Densi
     if (Found == Prepared.end()) {
         const SkinPicture& Own = Skin.at(static_cast<std::size_t>(Which));
         const bool HasOwn = SkinUsed && (Own.Drawing != nullptr || !Own.Bitmap.isNull());
-        Found =
-            Prepared.insert(Key, HasOwn ? ComposeSkin(Own, Which, Size, Density) : Compose(Which, Size, Density));
+        Found = Prepared.insert(Key, HasOwn ? ComposeSkin(Own, Which, Size, Density) : Compose(Which, Size, Density));
     }
     return *Found;
 }
@@ -95,13 +95,29 @@ QPixmap Artwork::ComposeSkin(const SkinPicture& Source, view::Picture Which, QSi
         Source.Drawing->render(&Painter, QRectF(QPointF(0, 0), QSizeF(Size)));
     } else {
         const bool Same = Source.Bitmap.size() == Size;
-        Painter.drawImage(0, 0, Same ? Source.Bitmap
-                                     : Source.Bitmap.scaled(Size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        Painter.drawImage(
+            0, 0, Same ? Source.Bitmap : Source.Bitmap.scaled(Size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     }
     Painter.end();
     QPixmap Picture = QPixmap::fromImage(std::move(Canvas));
     Picture.setDevicePixelRatio(Density);
     return Picture;
+}
+
+void Artwork::Paint(QPainter& Painter, view::Picture Which, const QRectF& Place) const {
+    const SkinPicture& Own = Skin.at(static_cast<std::size_t>(Which));
+    if (SkinUsed && Own.Drawing != nullptr) {
+        Own.Drawing->render(&Painter, Place);
+        return;
+    }
+    if (SkinUsed && !Own.Bitmap.isNull()) {
+        Painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        Painter.drawImage(Place, Own.Bitmap);
+        return;
+    }
+    const Layers& Recipe = Recipes.at(static_cast<std::size_t>(Which));
+    PaintLayer(Painter, Recipe.Square, Place);
+    PaintLayer(Painter, Recipe.Piece, Place);
 }
 
 bool Artwork::LoadSkin(std::span<const std::filesystem::path> Files) {

@@ -17,6 +17,7 @@
 #include <memory>
 #include <span>
 
+class QPainter;
 class QSvgRenderer;
 
 namespace zonterbrook::ui {
@@ -33,8 +34,11 @@ public:
     /// pointer.
     QCursor Pointer(view::Picture Which, int CellPixels, qreal Density);
 
-    /// Reads a skin's pictures, one for each of `view::Picture`; an empty path leaves one to the program's own. False if
-    /// one can't be read: then the last skin's stay.
+    /// Paints the picture of a cell itself, not a copy made for a size: for paper and drawings.
+    void Paint(QPainter& Painter, view::Picture Which, const QRectF& Place) const;
+
+    /// Reads a skin's pictures, one for each of `view::Picture`; an empty path leaves one to the program's own. False
+    /// if one can't be read: then the last skin's stay.
     bool LoadSkin(std::span<const std::filesystem::path> Files);
 
     /// Whether the pictures are the skin's from now on, or the program's.

@@ -12,14 +12,13 @@ namespace {
 using view::Picture;
 
 constexpr int Side = 10;
-constexpr int UsualPixels = 190;
+constexpr int UsualPixels = 170;
 
 // [dark, light][digit of a set-up]
-constexpr Picture Pictures[2][5] = {
-    {Picture::dark_square, Picture::dark_white_man, Picture::dark_black_man, Picture::dark_white_king,
-     Picture::dark_black_king},
-    {Picture::light_square, Picture::light_white_man, Picture::light_black_man, Picture::light_white_king,
-     Picture::light_black_king}};
+constexpr Picture Pictures[2][5] = {{Picture::dark_square, Picture::dark_white_man, Picture::dark_black_man,
+                                     Picture::dark_white_king, Picture::dark_black_king},
+                                    {Picture::light_square, Picture::light_white_man, Picture::light_black_man,
+                                     Picture::light_white_king, Picture::light_black_king}};
 
 } // namespace
 

@@ -4,9 +4,15 @@
 #include "ui/qt_platform.h"
 
 #include "ui/details_dialog.h"
+#include "ui/diagram_picture.h"
 #include "ui/main_window.h"
+#include "ui/manual_window.h"
+#include "ui/options_dialog.h"
 #include "ui/pdn_dialog.h"
+#include "ui/rules_dialog.h"
+#include "ui/variants_dialog.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QDateTime>
@@ -17,7 +23,12 @@
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QGuiApplication>
+#include <QInputDialog>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QTemporaryFile>
 #include <QTimer>
 #include <QUrl>
@@ -31,6 +42,9 @@ namespace {
 // Long enough that a look at the event queue costs the search nothing, short enough that nobody sees a delay.
 constexpr std::chrono::milliseconds TurnInterval{10};
 
+constexpr int DiagramPixels = 600;
+const QString ManualFolder = QStringLiteral("manual");
+constexpr std::string_view RulesHeading = "The rules of a variant";
 constexpr int FrameButtons = 160; // what a window's frame takes beside the title, in pixels
 
 QString Text(std::string_view Utf8) {
@@ -140,7 +154,7 @@ void QtPlatform::Refresh() {
 
 void QtPlatform::Message(std::string_view Title, std::string_view Words, control::Icon Sign) {
     Window.ShowContents();
-    QMessageBox Box(&Window);
+    QMessageBox Box(Above());
     Box.setObjectName(QStringLiteral("MessageBox"));
     Box.setIcon(Sign == control::Icon::Exclamation ? QMessageBox::Warning
                 : Sign == control::Icon::Question  ? QMessageBox::Question
@@ -152,7 +166,7 @@ void QtPlatform::Message(std::string_view Title, std::string_view Words, control
 
 bool QtPlatform::Ask(std::string_view Title, std::string_view Words) {
     Window.ShowContents();
-    QMessageBox Box(&Window);
+    QMessageBox Box(Above());
     Box.setObjectName(QStringLiteral("QuestionBox"));
     Box.setIcon(QMessageBox::Question);
     Box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
@@ -163,7 +177,7 @@ bool QtPlatform::Ask(std::string_view Title, std::string_view Words) {
 }
 
 // A search that a question interrupts stands still, and so does its clock.
-int QtPlatform::RunBox(QMessageBox& Box) {
+int QtPlatform::RunBox(QDialog& Box) {
     QElapsedTimer Open;
     Open.start();
     const int Answer = Box.exec();
@@ -171,13 +185,21 @@ int QtPlatform::RunBox(QMessageBox& Box) {
     return Answer;
 }
 
+// A box stands over the dialog that it comes from, if there is one.
+QWidget* QtPlatform::Above() const {
+    QWidget* Dialog = QApplication::activeModalWidget();
+    return Dialog != nullptr ? Dialog : &Window;
+}
+
 control::CommandId QtPlatform::ShowPopup(control::CommandId Menu) {
     Window.ShowContents();
     return Window.RunPopup(Menu);
 }
 
-void QtPlatform::PlaySound(std::string_view File) {
-    Sounds.Play(QDir(QString::fromStdString(Folders.Program.string())).filePath(Text(File)));
+void QtPlatform::PlaySound(std::string_view File, int Volume) {
+    constexpr float Loudest = 100;
+    Sounds.Play(QDir(QString::fromStdString(Folders.Program.string())).filePath(Text(File)),
+                static_cast<float>(Volume) / Loudest);
 }
 
 void QtPlatform::OpenDocument(std::string_view Target) {
@@ -250,6 +272,106 @@ std::optional<control::PdnChoice> QtPlatform::ChoosePdnGame(formats::PdnIndex& G
 void QtPlatform::ShowDetails(const game::Details& Details, const std::function<void(const game::Details&)>& Store) {
     Window.ShowContents();
     DetailsDialog(&Window, Details, Store).exec();
+}
+
+void QtPlatform::ShowVariants(control::VariantEditor& Editor) {
+    Window.ShowContents();
+    VariantsDialog Dialog(&Window, Editor, Window.BoardOf().Art());
+    QObject::connect(&Dialog, &VariantsDialog::ManualWanted, &Dialog, [this] { ShowManual(RulesHeading); });
+    Dialog.exec();
+}
+
+void QtPlatform::ShowOptions(control::OptionsEditor& Editor) {
+    Window.ShowContents();
+    OptionsDialog(&Window, Editor).exec();
+}
+
+void QtPlatform::ShowRules(const control::RulesPage& Page) {
+    Window.ShowContents();
+    RulesDialog Dialog(&Window, Page, [this](const QString& Target) { OpenDocument(Target.toStdString()); });
+    RunBox(Dialog);
+}
+
+void QtPlatform::ShowAbout() {
+    Window.ShowContents();
+    AboutDialog Dialog(&Window, [this](const QString& Target) { OpenDocument(Target.toStdString()); });
+    RunBox(Dialog);
+}
+
+void QtPlatform::ShowManual(std::string_view Heading) {
+    Window.ShowContents();
+    ManualWindow Manual(Above(), QDir(QString::fromStdString(Folders.Program.string())).filePath(ManualFolder),
+                        [this](const QString& Target) { OpenDocument(Target.toStdString()); });
+    Manual.GoTo(Text(Heading));
+    RunBox(Manual);
+}
+
+bool QtPlatform::LoadPictures(std::span<const std::filesystem::path> Files) {
+    return Window.BoardOf().Art().LoadSkin(Files);
+}
+
+// --- The board for others -------------------------------------------------------------------------------------------
+
+void QtPlatform::UseDiagram(control::DiagramUse Use, std::string_view Position) {
+    Window.ShowContents();
+    switch (Use) {
+    case control::DiagramUse::Copy:
+        CopyDiagram(Position);
+        break;
+    case control::DiagramUse::Save:
+        SaveDiagram();
+        break;
+    case control::DiagramUse::Print:
+        PrintDiagram();
+        break;
+    }
+}
+
+void QtPlatform::CopyDiagram(std::string_view Position) {
+    auto* Both = new QMimeData;
+    Both->setImageData(DiagramImage(Window.BoardOf().Art(), Window.GameOf(), DiagramPixels));
+    Both->setText(Text(Position));
+    QGuiApplication::clipboard()->setMimeData(Both);
+}
+
+void QtPlatform::SaveDiagram() {
+    QFileDialog Dialog(&Window, QCoreApplication::translate("QtPlatform", "Save Diagram"));
+    Dialog.setAcceptMode(QFileDialog::AcceptSave);
+    Dialog.setNameFilters({QStringLiteral("PNG (*.png)"), QStringLiteral("SVG (*.svg)")});
+    Dialog.setDefaultSuffix(QStringLiteral("png"));
+    QObject::connect(&Dialog, &QFileDialog::filterSelected, &Dialog, [&Dialog](const QString& Filter) {
+        Dialog.setDefaultSuffix(Filter.startsWith(QLatin1String("SVG")) ? QStringLiteral("svg")
+                                                                        : QStringLiteral("png"));
+    });
+    const auto File = RunFileDialog(Dialog);
+    if (!File) {
+        return;
+    }
+    bool Given = false;
+    const int Pixels = QInputDialog::getInt(&Window, QCoreApplication::translate("QtPlatform", "Save Diagram"),
+                                            QCoreApplication::translate("QtPlatform", "Width and height in pixels:"),
+                                            DiagramPixels, 100, 4000, 50, &Given);
+    if (!Given) {
+        return;
+    }
+    const QString Failure = SaveDiagramPicture(Window.BoardOf().Art(), Window.GameOf(),
+                                               QString::fromStdU16String(File->u16string()), Pixels);
+    if (!Failure.isEmpty()) {
+        Message("Diagram", Failure.toStdString(), control::Icon::Exclamation);
+    }
+}
+
+void QtPlatform::PrintDiagram() {
+    QPrinter Printer(QPrinter::HighResolution);
+    QPrintDialog Dialog(&Printer, &Window);
+    if (Dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    QPainter Painter(&Printer);
+    const QRect Page = Painter.viewport();
+    const int Side = std::min(Page.width(), Page.height()) * 3 / 4;
+    PaintDiagram(Painter, Window.BoardOf().Art(), Window.GameOf(),
+                 QRect((Page.width() - Side) / 2, Page.height() / 12, Side, Side));
 }
 
 std::string QtPlatform::ClipboardText() {

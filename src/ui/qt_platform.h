@@ -16,7 +16,8 @@
 #include <random>
 
 class QFileDialog;
-class QMessageBox;
+class QDialog;
+class QWidget;
 
 namespace zonterbrook::ui {
 
@@ -41,7 +42,7 @@ public:
 
     void Message(std::string_view Title, std::string_view Text, control::Icon Sign) override;
     bool Ask(std::string_view Title, std::string_view Text) override;
-    void PlaySound(std::string_view File) override;
+    void PlaySound(std::string_view File, int Volume) override;
     void Wait(double Seconds) override;
     void Refresh() override;
     std::string Date() override;
@@ -56,6 +57,13 @@ public:
     std::optional<control::PdnChoice> ChoosePdnGame(formats::PdnIndex& Games, std::string_view Title,
                                                     const std::vector<std::string>& Variants) override;
     void ShowDetails(const game::Details& Details, const std::function<void(const game::Details&)>& Store) override;
+    void ShowVariants(control::VariantEditor& Editor) override;
+    void ShowOptions(control::OptionsEditor& Editor) override;
+    void ShowRules(const control::RulesPage& Page) override;
+    void ShowAbout() override;
+    void ShowManual(std::string_view Heading) override;
+    bool LoadPictures(std::span<const std::filesystem::path> Files) override;
+    void UseDiagram(control::DiagramUse Use, std::string_view Position) override;
     std::string ClipboardText() override;
     void SetClipboardText(std::string_view Words) override;
     bool OpenLog() override;
@@ -70,7 +78,11 @@ protected:
     void TakeTurn() override;
 
 private:
-    int RunBox(QMessageBox& Box);
+    int RunBox(QDialog& Box);
+    QWidget* Above() const;
+    void CopyDiagram(std::string_view Position);
+    void SaveDiagram();
+    void PrintDiagram();
     std::optional<std::filesystem::path> RunFileDialog(QFileDialog& Dialog);
 
     double StoodStill = 0; ///< seconds that boxes have been open

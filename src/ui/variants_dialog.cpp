@@ -30,7 +30,7 @@ namespace zonterbrook::ui {
 namespace {
 
 constexpr int ListWidth = 250;
-constexpr int WarningsHeight = 74;
+constexpr int WarningsHeight = 62;
 constexpr int PromotionColumns = 8;
 constexpr QSize UsualSize(1120, 680);
 
@@ -129,9 +129,11 @@ QWidget* VariantsDialog::BuildChoice() {
     Combo->setMaxVisibleItems(24);
     Combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     auto* Save = new QPushButton(tr("Save as &User Variant..."));
+    Save->setAutoDefault(false);
     Save->setObjectName(QStringLiteral("SaveUserVariant"));
     Explain(Save, tr("Keeps these rules and this start position as a variant of your own."));
     Delete = new QPushButton(tr("&Delete"));
+    Delete->setAutoDefault(false);
     Delete->setObjectName(QStringLiteral("DeleteUserVariant"));
     Explain(Delete, tr("Deletes the chosen variant, if it is one of your own."));
     auto* Own = new QHBoxLayout;
@@ -198,11 +200,12 @@ QWidget* VariantsDialog::BuildPortrait(Artwork& Art) {
 }
 
 QWidget* VariantsDialog::BuildRules() {
-    auto* Tabs = new QTabWidget;
+    Tabs = new QTabWidget;
     Tabs->setObjectName(QStringLiteral("Rules"));
     const auto AddPage = [&](const QString& Caption) {
         auto* Page = new QWidget;
         auto* Grid = new QGridLayout(Page);
+        Grid->setContentsMargins(9, 5, 9, 5);
         Tabs->addTab(Page, Caption);
         return Grid;
     };
@@ -229,7 +232,9 @@ QWidget* VariantsDialog::BuildRules() {
     Warnings->setObjectName(QStringLiteral("Warnings"));
     Warnings->setAccessibleName(tr("What is contradictory or without effect"));
     Warnings->setWordWrap(true);
-    Warnings->setMaximumHeight(WarningsHeight);
+    Warnings->setFixedHeight(WarningsHeight);
+    connect(Warnings, &QListWidget::itemActivated, this, &VariantsDialog::ShowConcerned);
+    connect(Warnings, &QListWidget::itemClicked, this, &VariantsDialog::ShowConcerned);
     auto* Whole = new QWidget;
     auto* Column = new QVBoxLayout(Whole);
     Column->setContentsMargins(0, 0, 0, 0);
@@ -238,12 +243,13 @@ QWidget* VariantsDialog::BuildRules() {
     return Whole;
 }
 
-QLineEdit* VariantsDialog::BuildBox(const QString& Name, view::EntryBox& Entry, const QString& Says, int Letters) {
+QLineEdit* VariantsDialog::BuildBox(const QString& Name, view::EntryBox& Entry, std::string_view Key,
+                                    const QString& Says, int Letters) {
     auto* Box = new QLineEdit;
     Box->setObjectName(Name);
     Box->setAccessibleName(Says);
     Box->setFixedWidth(Box->fontMetrics().averageCharWidth() * Letters + 18);
-    Boxes.push_back({Box, &Entry});
+    Boxes.push_back({Box, &Entry, Key});
     connect(Box, &QLineEdit::textEdited, this, [this, &Entry](const QString& Typed) {
         Entry.Text = Typed.toStdString();
         Entry.Wrong = false;
@@ -255,14 +261,15 @@ QLineEdit* VariantsDialog::BuildBox(const QString& Name, view::EntryBox& Entry, 
 QGroupBox* VariantsDialog::BuildFrame(view::RuleFrame Frame) {
     auto* Group = new QGroupBox(Text(view::FrameCaption(Frame)));
     auto* Grid = new QGridLayout(Group);
-    Grid->setVerticalSpacing(3);
+    Grid->setVerticalSpacing(1);
+    Grid->setContentsMargins(9, 4, 9, 4);
     Grid->setColumnStretch(0, 1);
     int Row = 0;
     const auto AddNumber = [&](const view::NumberRow& Number, int Column) {
         auto* Label = new QLabel(Text(Number.Caption));
         Label->setObjectName(QStringLiteral("Label%1").arg(Number.Label));
         QLineEdit* Box = BuildBox(QStringLiteral("Text%1").arg(Number.Number), Editor.Form.Numbers[Number.Number],
-                                  Plain(Text(Number.Caption.empty() ? Number.Tip : Number.Caption)), 6);
+                                  Number.Key, Plain(Text(Number.Caption.empty() ? Number.Tip : Number.Caption)), 6);
         Explain(Box, Text(Number.Tip));
         Label->setBuddy(Box);
         NumberLabels.at(static_cast<std::size_t>(Number.Number)) = Label;
@@ -296,9 +303,8 @@ QGroupBox* VariantsDialog::BuildFrame(view::RuleFrame Frame) {
             Box->setStyleSheet(QStringLiteral("margin-left: 20px"));
         }
         Ticks.at(static_cast<std::size_t>(Tick.Number)) = Box;
-        connect(Box, &QCheckBox::clicked, this, [this, Number = Tick.Number](bool On) {
-            Do([&] { Editor.Check_Click(Number, On); });
-        });
+        connect(Box, &QCheckBox::clicked, this,
+                [this, Number = Tick.Number](bool On) { Do([&] { Editor.Check_Click(Number, On); }); });
         const view::NumberRow* Number = NumberOf(Tick.Number);
         Grid->addWidget(Box, Row, 0, 1, Number != nullptr ? 1 : 3);
         if (Number != nullptr) {
@@ -325,8 +331,9 @@ QGroupBox* VariantsDialog::BuildPromotions() {
         if (Place == 0) {
             Grid->addWidget(new QLabel(Sides[Colour]), 2 * Colour, 0);
         }
-        QLineEdit* Square = BuildBox(QStringLiteral("Text1(%1)").arg(Box), Editor.Form.Promotions[Box],
-                                     tr("%1 promotion square %2").arg(Plain(Sides[Colour])).arg(Place + 1), 4);
+        QLineEdit* Square =
+            BuildBox(QStringLiteral("Text1(%1)").arg(Box), Editor.Form.Promotions[Box], rules::PromotionKeys[Colour],
+                     tr("%1 promotion square %2").arg(Plain(Sides[Colour])).arg(Place + 1), 4);
         Explain(Square, tr("A square on which this side's men are crowned, such as b0; empty for none."));
         Grid->addWidget(Square, 2 * Colour + Place / PromotionColumns, 1 + Place % PromotionColumns);
     }
@@ -348,8 +355,9 @@ QGroupBox* VariantsDialog::BuildMovements() {
             const int Box = 4 * Kind + Piece;
             auto* Label = new QLabel(Pieces[Piece]);
             Label->setObjectName(QStringLiteral("Label%1").arg((Kind == 0 ? 6 : 13) + Piece));
-            QLineEdit* Steps = BuildBox(QStringLiteral("Text2(%1)").arg(Box), Editor.Form.Movements[Box],
-                                        Plain(Pieces[Piece]) + QLatin1String(", ") + Lists[Kind], 30);
+            QLineEdit* Steps =
+                BuildBox(QStringLiteral("Text2(%1)").arg(Box), Editor.Form.Movements[Box], rules::MovementKeys[Piece],
+                         Plain(Pieces[Piece]) + QLatin1String(", ") + Lists[Kind], 30);
             Explain(Steps, tr("Up to eight directions joined by \";\", from the owner's side of the board: N, NE, E, "
                               "SE, S, SW, W, NW, and NN, EE, SS, WW for leaps of two squares."));
             Label->setBuddy(Steps);
@@ -417,11 +425,6 @@ void VariantsDialog::OrderTabs() {
         setTabOrder(Before, Widget);
         Before = Widget;
     };
-    for (QCheckBox* Box : Ticks) {
-        if (Box != nullptr && Box->objectName() == QLatin1String("Check18")) {
-            Next(Box);
-        }
-    }
     for (const view::TickRow& Row : view::TickRows()) {
         Next(Ticks.at(static_cast<std::size_t>(Row.Number)));
     }
@@ -489,22 +492,56 @@ void VariantsDialog::ShowChosen() {
     const int Index = Combo->findText(Text(Editor.Chosen()));
     Combo->setCurrentIndex(Editor.ChosenIsUsers() == Editor.ListsUserVariants() ? Index : -1);
 
-    // What is contradictory is said below, and shown at the box concerned.
+    ShowWarnings();
+}
+
+// The box that a warning is about.
+QWidget* VariantsDialog::ConcernedBy(const std::string& Key) const {
+    for (const view::TickRow& Row : view::TickRows()) {
+        if (Row.Key == Key && Row.Number != view::TickUnlimited) {
+            return Ticks.at(static_cast<std::size_t>(Row.Number));
+        }
+    }
+    for (const Bound& Each : Boxes) {
+        if (Each.Key == Key) {
+            return Each.Box;
+        }
+    }
+    return nullptr;
+}
+
+// What is contradictory is said below, and shown at the box concerned.
+void VariantsDialog::ShowWarnings() {
     const std::vector<rules::RuleWarning> Found = Editor.Warnings();
-    Warnings->clear();
     const QIcon Sign = style()->standardIcon(QStyle::SP_MessageBoxWarning);
+    for (const view::TickRow& Row : view::TickRows()) {
+        QCheckBox* Box = Ticks.at(static_cast<std::size_t>(Row.Number));
+        Box->setIcon({});
+        Explain(Box, Text(Row.Tip));
+    }
+    Warnings->clear();
     for (const rules::RuleWarning& Each : Found) {
-        Warnings->addItem(new QListWidgetItem(Sign, Text(Each.Sentence)));
+        auto* Line = new QListWidgetItem(Sign, Text(Each.Sentence));
+        Line->setData(Qt::UserRole, Text(Each.Key));
+        Warnings->addItem(Line);
+        QWidget* Concerned = ConcernedBy(Each.Key);
+        if (auto* Tick = qobject_cast<QCheckBox*>(Concerned)) {
+            Tick->setIcon(Sign);
+            Explain(Tick, Tick->accessibleDescription() + QLatin1Char(' ') + Text(Each.Sentence));
+        } else if (Concerned != nullptr && Concerned->styleSheet().isEmpty()) {
+            Concerned->setStyleSheet(QStringLiteral("border: 2px solid #d9a400;"));
+        }
     }
     Warnings->setVisible(!Found.empty());
-    for (const view::TickRow& Row : view::TickRows()) {
-        QString Sentence;
-        for (const rules::RuleWarning& Each : Found) {
-            Sentence = Sentence.isEmpty() && Each.Key == Row.Key ? Text(Each.Sentence) : Sentence;
+}
+
+void VariantsDialog::ShowConcerned(const QListWidgetItem* Line) {
+    QWidget* Concerned = ConcernedBy(Line->data(Qt::UserRole).toString().toStdString());
+    for (int Index = 0; Concerned != nullptr && Index < Tabs->count(); ++Index) {
+        if (Tabs->widget(Index)->isAncestorOf(Concerned)) {
+            Tabs->setCurrentIndex(Index);
+            Concerned->setFocus();
         }
-        QCheckBox* Box = Ticks.at(static_cast<std::size_t>(Row.Number));
-        Box->setIcon(Sentence.isEmpty() ? QIcon() : Sign);
-        Explain(Box, Text(Row.Tip) + (Sentence.isEmpty() ? QString() : QLatin1Char(' ') + Sentence));
     }
 }
 
@@ -541,7 +578,7 @@ void VariantsDialog::Narrow() {
         ++Fitting;
     }
     const auto All = static_cast<int>(Editor.Variants().size());
-    Count->setText(Fitting == All ? tr("%n variant(s)", nullptr, All) : tr("%1 of %2 variants").arg(Fitting).arg(All));
+    Count->setText(Fitting == All ? tr("%1 variants").arg(All) : tr("%1 of %2 variants").arg(Fitting).arg(All));
     if (List->currentItem() != nullptr) {
         List->scrollToItem(List->currentItem());
     }

@@ -17,8 +17,10 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+class QListWidgetItem;
 class QPushButton;
 class QRadioButton;
+class QTabWidget;
 class QTextBrowser;
 
 namespace zonterbrook::ui {
@@ -43,7 +45,8 @@ private:
     QGroupBox* BuildFrame(view::RuleFrame Frame);
     QGroupBox* BuildPromotions();
     QGroupBox* BuildMovements();
-    QLineEdit* BuildBox(const QString& Name, view::EntryBox& Entry, const QString& Says, int Letters);
+    QLineEdit* BuildBox(const QString& Name, view::EntryBox& Entry, std::string_view Key, const QString& Says,
+                        int Letters);
     void OrderTabs();
 
     /// Runs a click; then the widgets follow the form, and the dialog goes if the program does.
@@ -51,6 +54,9 @@ private:
     void Do(Click&& What);
     void ShowForm();
     void ShowChosen();
+    void ShowWarnings();
+    void ShowConcerned(const QListWidgetItem* Line);
+    QWidget* ConcernedBy(const std::string& Key) const;
     void ListFolder();
     void Narrow();
     void ChooseListed();
@@ -60,6 +66,7 @@ private:
     struct Bound {
         QLineEdit* Box;
         view::EntryBox* Entry;
+        std::string_view Key;
     };
 
     control::VariantEditor& Editor;
@@ -75,6 +82,7 @@ private:
     QLabel* RulesLine = nullptr;
     QTextBrowser* Help = nullptr;
     BoardPreview* Preview = nullptr;
+    QTabWidget* Tabs = nullptr;
     QListWidget* Warnings = nullptr;
     QLineEdit* SeedBox = nullptr;
     QPushButton* Delete = nullptr;

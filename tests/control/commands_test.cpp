@@ -68,26 +68,36 @@ using Mode = view::GameMode;
 
 constexpr StateCase StateRows[] = {
     {"at_the_start", Resting, Mode::ComputerPlayer, 0,
-     "New1 Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit Compute MoveForward Last Offerdraw Resign "
-     "Cplayer Pplayer mnu_Play_Ccomputer Turn "
+     "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit Compute MoveForward Last Offerdraw "
+     "Resign "
+     "Cplayer Pplayer mnu_Play_Ccomputer Options Turn "
      "Nonotation "
-     "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers calculation rating",
+     "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers CreateHtml CopyDiagram SaveDiagram PrintDiagram calculation "
+     "rating "
+     "Contents QuickRules Rules mnu_Help_About",
      "CGRT"},
     {"between_persons_in_the_middle", Resting, Mode::PlayerPlayer, 1,
-     "New1 Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit Compute First Moveback MoveForward Last Cplayer "
-     "Pplayer mnu_Play_Ccomputer Turn "
+     "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit Compute First Moveback MoveForward "
+     "Last Cplayer "
+     "Pplayer mnu_Play_Ccomputer Options Turn "
      "Nonotation "
-     "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers calculation rating",
+     "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers CreateHtml CopyDiagram SaveDiagram PrintDiagram calculation "
+     "rating "
+     "Contents QuickRules Rules mnu_Help_About",
      "CGRT"},
-    {"thinking", Thinking, Mode::ComputerPlayer, 2, "Exit mnu_Play_Cancel calculation rating", ""},
-    {"playing_itself", Thinking, Mode::ComputerComputer, 2, "Exit mnu_Play_Cancel calculation rating", "G"},
-    {"replaying", Replaying, Mode::ComputerPlayer, 1, "Exit calculation rating", "G"},
+    {"thinking", Thinking, Mode::ComputerPlayer, 2,
+     "Exit mnu_Play_Cancel calculation rating Contents QuickRules Rules mnu_Help_About", ""},
+    {"playing_itself", Thinking, Mode::ComputerComputer, 2,
+     "Exit mnu_Play_Cancel calculation rating Contents QuickRules Rules mnu_Help_About", "G"},
+    {"replaying", Replaying, Mode::ComputerPlayer, 1,
+     "Exit calculation rating Contents QuickRules Rules mnu_Help_About", "G"},
     {"message_to_come", Ending, Mode::ComputerPlayer, 2, "Exit", "G"},
     {"over_at_the_end", Over, Mode::ComputerPlayer, 2,
-     "New1 Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit First Moveback Cplayer Pplayer Turn Nonotation "
+     "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit First Moveback Cplayer Pplayer "
+     "Options Turn Nonotation "
      "mnu_Board_Notation_Chess "
-     "mnu_Board_Notation_Checkers "
-     "calculation rating",
+     "mnu_Board_Notation_Checkers CreateHtml CopyDiagram SaveDiagram PrintDiagram "
+     "calculation rating Contents QuickRules Rules mnu_Help_About",
      "GRT"},
 };
 INSTANTIATE_TEST_SUITE_P(Rows, Enabled, testing::ValuesIn(StateRows), RowName);
