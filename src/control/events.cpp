@@ -25,6 +25,14 @@ void c_MouseUp(GameState& State, int Index, int Button, int X, int Y) {
     RunTrapped(State, [&] { ReleaseCell(State, Index, Button, X, Y); });
 }
 
+void ExtraPieces_MouseDown(GameState& State, std::int32_t Side) {
+    RunTrapped(State, [&] { PickFromCounter(State, Side); });
+}
+
+void ExtraPieces_MouseUp(GameState& State, int Index) {
+    RunTrapped(State, [&] { DropFromCounter(State, Index); });
+}
+
 void c_KeyDown(GameState& State, BoardKey Key) {
     RunTrapped(State, [&] { PressBoardKey(State, Key); });
 }

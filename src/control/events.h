@@ -21,6 +21,10 @@ void c_MouseDown(GameState& State, int Index, int Button);
 void c_MouseMove(GameState& State, int Index);
 void c_MouseUp(GameState& State, int Index, int Button, int X, int Y);
 
+/// The mouse on the counter of a side's pieces off the board: pressed, and released over cell `Index`, or -1 for none.
+void ExtraPieces_MouseDown(GameState& State, std::int32_t Side);
+void ExtraPieces_MouseUp(GameState& State, int Index);
+
 /// A key pressed on the board, and `Pick` released: arrows move the cursor, `Pick` takes the piece under it and then
 /// drops it there, `Menu` opens the position editor. All that happens is what the mouse would do on the cursor's cell.
 /// The first arrow of a person who has not used the keys before only shows where the cursor is.

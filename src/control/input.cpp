@@ -316,7 +316,44 @@ void ReleaseCell(GameState& State, int Index, int Button, int X, int Y) {
     }
 }
 
+void PickFromCounter(GameState& State, std::int32_t Side) {
+    if (!TakesMoves(State) || State.RuleSet.canContract == 0) {
+        return;
+    }
+    EscapeDrag(State);
+    if (Side != State.Side) {
+        Refuse(State, view::SideMovesText(State.Side));
+        return;
+    }
+    if (!AnyMoveFrom(State, rules::FromHand)) {
+        Refuse(State, "You cannot move that piece");
+        return;
+    }
+    State.HandSide = Side;
+    if (State.ShowAvailableMoves != 0) {
+        BoxTargets(State, rules::FromHand);
+    }
+}
+
+void DropFromCounter(GameState& State, int Index) {
+    if (std::exchange(State.HandSide, 0) == 0 || IsBusy(State)) {
+        return;
+    }
+    if (!IsCell(Index)) {
+        view::DrawBoard(State, 0);
+        State.SourcesShown = false;
+        return;
+    }
+    const int Target = view::SquareOfCell(State, Index);
+    if (!PlayPersonMove(State, rules::FromHand, Target)) {
+        RefuseDrop(State, rules::FromHand, Target);
+    }
+}
+
 void EscapeDrag(GameState& State) {
+    if (!IsBusy(State) && State.HandSide != 0) {
+        DropFromCounter(State, -1);
+    }
     if (!IsBusy(State) && State.SourceCell >= 0) {
         EndFailedDrag(State, view::SquareOfCell(State, State.SourceCell));
     }

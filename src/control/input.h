@@ -15,6 +15,10 @@ void PressCell(GameState& State, int Index, int Button);
 void MoveOverCell(GameState& State, int Index);
 void ReleaseCell(GameState& State, int Index, int Button, int X, int Y);
 
+/// A piece from off the board is picked up at its counter, and dropped on a cell; -1 for a drop beside the board.
+void PickFromCounter(GameState& State, std::int32_t Side);
+void DropFromCounter(GameState& State, int Index);
+
 /// Puts the piece in the hand back.
 void EscapeDrag(GameState& State);
 

@@ -19,6 +19,7 @@ void ClearDrag(GameState& State) {
     State.RightCell = -1;
     State.HoverSquare = 0;
     State.HoverCell = -1;
+    State.HandSide = 0;
     State.DragIconSet = false;
     State.SetupLatch = false;
     State.PopupLatch = false;

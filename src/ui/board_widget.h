@@ -75,8 +75,11 @@ protected:
     void focusInEvent(QFocusEvent* Event) override;
     void focusOutEvent(QFocusEvent* Event) override;
 
-private:
+public:
+    /// The cell at a place in this widget, or -1.
     int CellAt(QPointF Where) const;
+
+private:
     QPoint TwipsIn(int Cell, QPointF Where) const;
     QFont LabelFont() const;
     void PaintCell(QPainter& Painter, int Cell);

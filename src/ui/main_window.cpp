@@ -32,6 +32,13 @@ int TwipsPerPixelOf(const QScreen* Screen) {
     return Density == LargeTextDensity ? 12 : 15;
 }
 
+// The labels of the pieces off the board, and whose they are.
+struct CounterOf {
+    std::size_t Label;
+    std::int32_t Side;
+};
+constexpr CounterOf Counters[] = {{10, rules::Black}, {11, rules::Black}, {12, rules::White}, {13, rules::White}};
+
 } // namespace
 
 MainWindow::MainWindow(ProgramFolders Folders, QWidget* Parent)
@@ -53,6 +60,10 @@ MainWindow::MainWindow(ProgramFolders Folders, QWidget* Parent)
     control::Form_Load(*State);
     ShowContents();
     setAcceptDrops(true);
+    for (const CounterOf& Each : Counters) {
+        Labels.at(Each.Label)->installEventFilter(this);
+        Labels.at(Each.Label)->setToolTip(tr("Drag from here to the square that a piece is to enter on"));
+    }
     Board->setFocus();
 }
 
@@ -144,11 +155,38 @@ void MainWindow::ConnectControls() {
 
 // With nothing to edit in the box of typed moves, the keys that go through the game are the commands' own.
 bool MainWindow::eventFilter(QObject* Watched, QEvent* Event) {
+    if (Event->type() == QEvent::MouseButtonPress || Event->type() == QEvent::MouseButtonRelease) {
+        const auto* Mouse = static_cast<QMouseEvent*>(Event);
+        for (const CounterOf& Each : Counters) {
+            if (Watched == Labels.at(Each.Label) && Mouse->button() == Qt::LeftButton) {
+                DragFromCounter(*Mouse, Each.Side);
+                return true;
+            }
+        }
+    }
     if (Watched == MoveBox && Event->type() == QEvent::ShortcutOverride && MoveBox->text().isEmpty()) {
         Event->ignore();
         return true;
     }
     return QMainWindow::eventFilter(Watched, Event);
+}
+
+// A piece from off the board is dragged from its counter; the label keeps the mouse until it is let go.
+void MainWindow::DragFromCounter(const QMouseEvent& Mouse, std::int32_t Side) {
+    if (Mouse.type() == QEvent::MouseButtonPress) {
+        Dispatch([=](control::GameState& Game) { control::ExtraPieces_MouseDown(Game, Side); });
+        if (State->HandSide == Side) {
+            const auto Piece = Side == rules::White ? view::Picture::white_man_ico : view::Picture::black_man_ico;
+            QGuiApplication::setOverrideCursor(
+                Board->Art().Pointer(Piece, Board->CellRect(0).width(), devicePixelRatioF()));
+        }
+        return;
+    }
+    if (State->HandSide != 0) {
+        QGuiApplication::restoreOverrideCursor();
+        const int Cell = Board->CellAt(Board->mapFromGlobal(Mouse.globalPosition()));
+        Dispatch([=](control::GameState& Game) { control::ExtraPieces_MouseUp(Game, Cell); });
+    }
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* Event) {

@@ -76,6 +76,7 @@ private:
     /// Runs a handler, then shows what it changed. Nothing once the program is ending.
     void Dispatch(const std::function<void(control::GameState&)>& Handler);
     void LeaveIfAsked();
+    void DragFromCounter(const QMouseEvent& Mouse, std::int32_t Side);
 
     void ShowLayout();
     void ShowBoard();

@@ -183,7 +183,9 @@ void MainWindow::ShowLabels() {
         QLabel* Label = Labels.at(I);
         Label->setText(Text(Now.Text));
         Label->setVisible(Now.Visible);
-        Label->setToolTip(Label->wordWrap() ? Label->text() : QString()); // the calculation may be longer than its box
+        if (Label->wordWrap()) {
+            Label->setToolTip(Label->text()); // the calculation may be longer than its box
+        }
         if (!EverShown || Now.Colours != Before.Colours) {
             ColourLabel(Label, Now.Colours);
         }

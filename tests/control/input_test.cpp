@@ -306,6 +306,22 @@ TEST_F(Input, APieceInHandEntersByItsSquareAlone) {
     EXPECT_EQ(1, State.PiecesInHandWhite);
     EXPECT_EQ("   1. a1", State.GameList.Lines[0]);
     EXPECT_EQ("1", State.ExtraWhiteCount.Text);
+
+    // From its counter, too: to a square of its row, and not to another one or beside the board.
+    World.ExpectMessage("Error", "Black moves");
+    control::ExtraPieces_MouseDown(State, rules::White);
+    EXPECT_EQ(0, State.HandSide);
+    control::ExtraPieces_MouseDown(State, rules::Black);
+    EXPECT_EQ(view::Highlight::Dark, CellOn("f0").Box);
+    control::ExtraPieces_MouseUp(State, -1);
+    EXPECT_EQ(view::Highlight::None, CellOn("f0").Box);
+    control::ExtraPieces_MouseDown(State, rules::Black);
+    World.ExpectMessage("Error", "Illegal move");
+    control::ExtraPieces_MouseUp(State, Cell("e5"));
+    control::ExtraPieces_MouseDown(State, rules::Black);
+    control::ExtraPieces_MouseUp(State, Cell("f0"));
+    EXPECT_EQ("1", State.ExtraBlackCount.Text);
+    ExpectShown();
 }
 
 // --- the right button --------------------------------------------------------------------------------------------
