@@ -107,7 +107,7 @@ std::uint64_t SearchOne(engine::EngineState& State, base::OutsideWorld& World, c
 } // namespace
 
 std::uint64_t SearchBenchPositions() {
-    StillWorld World;
+    control::StillWorld World;
     const auto State = std::make_unique<engine::EngineState>();
     std::uint64_t Nodes = 0;
     for (const BenchPosition& Position : BenchPositions()) {

@@ -19,7 +19,6 @@
 #include <charconv>
 #include <chrono>
 #include <cstdint>
-#include <ctime>
 #include <functional>
 #include <stdexcept>
 
@@ -125,30 +124,6 @@ const auto& FindRow(const Table& Rows, std::string_view Name, std::string_view W
 
 } // namespace
 
-double StillWorld::Seconds() {
-    using namespace std::chrono;
-    constexpr double Day = 86400;
-    const double Now = duration<double>(steady_clock::now().time_since_epoch()).count();
-    return Now - Day * static_cast<double>(static_cast<std::int64_t>(Now / Day));
-}
-
-double StillWorld::Random() {
-    constexpr double Range = 9007199254740992.0; // 2 to the power of 53
-    Chance = Chance * 6364136223846793005U + 1442695040888963407U;
-    return static_cast<double>(Chance >> 11U) / Range;
-}
-
-std::string StillWorld::Date() {
-    const std::time_t Now = std::time(nullptr);
-    std::array<char, 16> Text{};
-    const std::size_t Length = std::strftime(Text.data(), Text.size(), "%m/%d/%Y", std::localtime(&Now));
-    return {Text.data(), Length};
-}
-
-void StillWorld::Message(std::string_view Title, std::string_view Text, control::Icon /*Sign*/) {
-    Said.append("message ").append(Title).append("|").append(OneLine(Text)).append("\n");
-}
-
 Console::Console(const std::filesystem::path& Program) : State(std::make_unique<control::GameState>(World)) {
     World.Program = Program;
     ResetEngine(*State, World);
@@ -201,7 +176,7 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
         std::string_view Name;
         std::string (*Answer)(Console& Self, const Words& Arguments);
     };
-    static constexpr std::array<Row, 20> Commands = {{
+    static constexpr std::array<Row, 21> Commands = {{
         {"board", [](Console& C, const Words& A) { return C.Board(A); }},
         {"show", [](Console& C, const Words& A) { return ExpectCount(A, 0, 0), C.Show(); }},
         {"key", [](Console& C, const Words& A) { return ExpectCount(A, 1, 1), C.Key(A[0]); }},
@@ -221,6 +196,7 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
         {"step", [](Console& C, const Words& A) { return C.GoTo(A); }},
         {"compute", [](Console& C, const Words& A) { return C.Compute(A); }},
         {"enter", [](Console& C, const Words& A) { return C.Enter(A); }},
+        {"survey", [](Console& C, const Words& A) { return C.SurveyRules(A); }},
         {"quit",
          [](Console& C, const Words& A) {
              ExpectCount(A, 0, 0);

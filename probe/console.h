@@ -5,6 +5,7 @@
 #pragma once
 
 #include "control/state.h"
+#include "control/still_world.h"
 #include "formats/variant_file.h"
 
 #include <memory>
@@ -13,59 +14,6 @@
 #include <vector>
 
 namespace zonterbrook::probe {
-
-/// A world in which no time passes for others, chance follows from a seed, what is said is noted, every question is
-/// answered with Yes and nothing waits.
-class StillWorld : public control::Platform {
-public:
-    double Seconds() override;
-    double Random() override;
-    void Message(std::string_view Title, std::string_view Text, control::Icon Sign) override;
-    bool Ask(std::string_view /*Title*/, std::string_view /*Text*/) override { return true; }
-    void PlaySound(std::string_view /*File*/, int /*Volume*/) override {}
-    void Wait(double /*Seconds*/) override {}
-    void Refresh() override {}
-    std::string Date() override;
-    std::string Time() override { return {}; }
-    void SeedRandom() override {}
-    std::filesystem::path ApplicationDirectory() const override { return Program; }
-    std::filesystem::path WritableDirectory() const override { return {}; }
-    control::FileKeeper KeptBy() const override { return control::FileKeeper::Nobody; }
-    std::optional<std::filesystem::path> AskFileToOpen(std::string_view /*Title*/) override { return std::nullopt; }
-    std::optional<std::filesystem::path> AskFileToSave(std::string_view /*Title*/,
-                                                       const std::filesystem::path& /*Suggested*/) override {
-        return std::nullopt;
-    }
-    std::optional<control::PdnChoice> ChoosePdnGame(formats::PdnIndex& /*Games*/, std::string_view /*Title*/,
-                                                    const std::vector<std::string>& /*Variants*/) override {
-        return std::nullopt;
-    }
-    void ShowDetails(const game::Details& /*Details*/,
-                     const std::function<void(const game::Details&)>& /*Store*/) override {}
-    void ShowVariants(control::VariantEditor& /*Editor*/) override {}
-    void ShowOptions(control::OptionsEditor& /*Editor*/) override {}
-    void ShowRules(const control::RulesPage& /*Page*/) override {}
-    void ShowAbout() override {}
-    void ShowManual(std::string_view /*Heading*/) override {}
-    bool LoadPictures(std::span<const std::filesystem::path> /*Files*/) override { return true; }
-    void UseDiagram(control::DiagramUse /*Use*/, std::string_view /*Position*/) override {}
-    std::string ClipboardText() override { return {}; }
-    void SetClipboardText(std::string_view /*Text*/) override {}
-    bool OpenLog() override { return false; }
-    void AppendLog(std::string_view /*Text*/) override {}
-    void CloseLog() override {}
-    control::CommandId ShowPopup(control::CommandId /*Menu*/) override { return control::CommandId::None; }
-    void OpenDocument(std::string_view /*Target*/) override {}
-    void CloseWindow() override {}
-    void EndProgram() override {}
-
-    std::filesystem::path Program; ///< where the variants lie
-    std::uint64_t Chance = 1;      ///< the state of the random numbers
-    std::string Said;              ///< a line for each message since it was last emptied
-
-protected:
-    void TakeTurn() override {}
-};
 
 /// A game state that is talked to.
 class Console {
@@ -91,6 +39,7 @@ private:
     std::string Run(std::string_view Command, std::string_view Rest);
 
     std::string Variant(std::string_view File);
+    std::string SurveyRules(const Words& Arguments);
     std::string Check(std::string_view File) const;
     std::string Rule(std::string_view Assignment);
     std::string Board(const Words& Arguments);
@@ -127,7 +76,7 @@ private:
     std::string ListMoves() const;
     void ForgetMoves();
 
-    StillWorld World;
+    control::StillWorld World;
     std::unique_ptr<control::GameState> State;
     std::vector<Step> Played;
     /// The answer to the last `moves`, as long as the position stays.

@@ -93,7 +93,7 @@ std::string Console::Seed(const Words& Arguments) {
     if (Result.ec != std::errc{} || Result.ptr != Text.data() + Text.size()) {
         throw CommandError("'" + std::string(Text) + "' is no seed");
     }
-    World.Chance = Value;
+    World.Chance.State = Value;
     return {};
 }
 

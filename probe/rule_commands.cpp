@@ -1,5 +1,7 @@
 // The commands that judge a rule set rather than play by it.
 #include "console.h"
+#include "console_text.h"
+#include "control/survey.h"
 #include "rules/position.h"
 #include "rules/rule_check.h"
 
@@ -18,6 +20,21 @@ std::string Console::Check(std::string_view File) const {
         Answer += "warning " + Warning.Key + '|' + Warning.Sentence + '\n';
     }
     return Answer;
+}
+
+std::string Console::SurveyRules(const Words& Arguments) {
+    ExpectCount(Arguments, 2, 2);
+    const int Games = SmallNumber(Arguments[0], 1, 100000);
+    const int Depth = SmallNumber(Arguments[1], 1, rules::MaxPly);
+    formats::VariantDocument Variant;
+    Variant.Rules = State->RuleSet;
+    Variant.Setup = rules::BuildSetupText(*State);
+    control::Survey Survey(std::move(Variant), World.Chance, [] { return true; });
+    for (int Game = 0; Game < Games; ++Game) {
+        Survey.PlayGame(Depth);
+    }
+    World.Chance = Survey.Chance();
+    return view::SurveyLine(Survey.Report()) + '\n';
 }
 
 } // namespace zonterbrook::probe

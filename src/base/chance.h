@@ -5,18 +5,14 @@
 
 namespace zonterbrook::base {
 
-class Chance {
-public:
-    explicit Chance(std::uint64_t Seed) : State(Seed) {}
+struct Chance {
+    std::uint64_t State = 1;
 
     /// The next number, uniform, 0 up to but not including 1.
     double Next() {
         State = State * 6364136223846793005U + 1442695040888963407U;
         return static_cast<double>(State >> 11U) / 9007199254740992.0;
     }
-
-private:
-    std::uint64_t State;
 };
 
 } // namespace zonterbrook::base

@@ -27,7 +27,8 @@ std::string SetupOf(const formats::VariantDocument& Variant) {
 
 } // namespace
 
-VariantEditor::VariantEditor(GameState& InState) : State(InState), UserListed(InState.UseClassic == 0),
+VariantEditor::VariantEditor(GameState& InState)
+    : State(InState), UserListed(InState.UseClassic == 0),
       Scratch(std::make_unique<rules::RulesState>(static_cast<const rules::RulesState&>(InState))) {
     List(UserListed);
     File = ReadChosenVariant(State);
@@ -111,9 +112,20 @@ void VariantEditor::Random_Click() {
 
 void VariantEditor::DrawFrom(std::uint64_t FromSeed) {
     Seed = FromSeed;
-    base::Chance Row(FromSeed);
+    base::Chance Row{FromSeed};
     rules::DrawRules(State.RuleSet, Form.Ticks[view::TickColour].Enabled, [&] { return Row.Next(); });
     view::ShowDrawnRules(Form, State.RuleSet);
+}
+
+std::unique_ptr<Survey> VariantEditor::TryOut(std::function<bool()> GoOn) const {
+    const auto Rules = RulesInBoxes();
+    if (!Rules) {
+        return nullptr;
+    }
+    formats::VariantDocument Variant = File;
+    Variant.Rules = *Rules;
+    const auto FromLot = static_cast<std::uint64_t>(State.Outside().Random() * Seeds);
+    return std::make_unique<Survey>(std::move(Variant), base::Chance{FromLot}, std::move(GoOn));
 }
 
 std::string VariantEditor::SaveUserVariant(const std::string& Name, const std::string& Help, bool FromSetUpPosition) {
@@ -132,7 +144,8 @@ std::string VariantEditor::SaveUserVariant(const std::string& Name, const std::s
     std::error_code Error;
     fs::create_directories(Folder, Error);
     const auto There = formats::FindFile(Folder, formats::PathText(formats::VariantFile({}, Name)));
-    if (There && !State.Outside().Ask("Save as User Variant", "There is a variant \"" + Name + "\" already. Replace it?")) {
+    if (There &&
+        !State.Outside().Ask("Save as User Variant", "There is a variant \"" + Name + "\" already. Replace it?")) {
         return {};
     }
     const fs::path To = There.value_or(formats::VariantFile(Folder, Name));

@@ -6,11 +6,13 @@
 #pragma once
 
 #include "control/state.h"
+#include "control/survey.h"
 #include "rules/rule_check.h"
 #include "view/variant_catalogue.h"
 #include "view/variant_form.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -68,6 +70,9 @@ public:
     void DrawFrom(std::uint64_t Seed);
     /// The seed of the last draw.
     std::optional<std::uint64_t> LastSeed() const { return Seed; }
+
+    /// The engine on both sides of the rules in the boxes; nothing while they can't be read. `GoOn` as for a survey.
+    std::unique_ptr<Survey> TryOut(std::function<bool()> GoOn) const;
 
     // --- The person's own variants -----------------------------------------------------------------------------------
 

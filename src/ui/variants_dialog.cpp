@@ -5,6 +5,7 @@
 #include "ui/board_preview.h"
 #include "ui/help_page.h"
 #include "ui/own_variant_dialog.h"
+#include "ui/trial_dialog.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -396,6 +397,8 @@ QWidget* VariantsDialog::BuildButtons() {
     connect(SeedBox, &QLineEdit::returnPressed, this, &VariantsDialog::DrawTypedSeed);
     Row->addWidget(SeedLabel);
     Row->addWidget(SeedBox);
+    Add(tr("&Try it out..."), "TryOut", tr("Lets the computer play the rules against itself and tells what happens."),
+        [this] { TrialDialog(this, Editor).exec(); });
     auto* Link = new QLabel(QStringLiteral("<a href=\"help\">%1</a>").arg(tr("What do these rules mean?")));
     Link->setObjectName(QStringLiteral("Label10"));
     Link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
