@@ -581,7 +581,8 @@ void VariantsDialog::Narrow() {
         ++Fitting;
     }
     const auto All = static_cast<int>(Editor.Variants().size());
-    Count->setText(Fitting == All ? tr("%1 variants").arg(All) : tr("%1 of %2 variants").arg(Fitting).arg(All));
+    const QString Listed = All == 1 ? tr("1 variant") : tr("%1 variants").arg(All);
+    Count->setText(Fitting == All ? Listed : tr("%1 of %2 variants").arg(Fitting).arg(All));
     if (List->currentItem() != nullptr) {
         List->scrollToItem(List->currentItem());
     }
