@@ -7,6 +7,8 @@
 #include "control/game_document.h"
 #include "control/loaded_game.h"
 #include "control/saved_game.h"
+#include "control/skin.h"
+#include "control/variant_editor.h"
 #include "control/variant_start.h"
 #include "formats/settings.h"
 #include "formats/text_file.h"
@@ -14,9 +16,11 @@
 #include "rules/square_names.h"
 #include "ui/board_widget.h"
 #include "ui/main_window.h"
+#include "ui/variants_dialog.h"
 #include "view/draw_board.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QPixmap>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -80,6 +84,53 @@ void PressAndPutBack(benchmark::State& Rounds) {
     }
 }
 BENCHMARK(PressAndPutBack)->Unit(benchmark::kMillisecond);
+
+/// The dialog of the variants with all of them listed, painted once.
+void OpenVariants(benchmark::State& Rounds) {
+    const QTemporaryDir Own;
+    ui::MainWindow Window(FoldersIn(Own));
+    Window.show();
+    for (auto _ : Rounds) {
+        control::VariantEditor Editor(Window.GameOf());
+        ui::VariantsDialog Dialog(&Window, Editor, Window.BoardOf().Art());
+        Dialog.show();
+        benchmark::DoNotOptimize(Dialog.grab());
+    }
+}
+BENCHMARK(OpenVariants)->Unit(benchmark::kMillisecond);
+
+/// A word typed into the box that narrows the list, and taken out again.
+void NarrowVariants(benchmark::State& Rounds) {
+    const QTemporaryDir Own;
+    ui::MainWindow Window(FoldersIn(Own));
+    control::VariantEditor Editor(Window.GameOf());
+    ui::VariantsDialog Dialog(&Window, Editor, Window.BoardOf().Art());
+    Dialog.show();
+    auto* Words = Dialog.findChild<QLineEdit*>(QStringLiteral("Filter"));
+    for (auto _ : Rounds) {
+        Words->setText(QStringLiteral("losing game with flying kings"));
+        Words->clear();
+    }
+}
+BENCHMARK(NarrowVariants)->Unit(benchmark::kMillisecond);
+
+/// Another skin, from its file to the painted board.
+void ChangeSkin(benchmark::State& Rounds) {
+    const QTemporaryDir Own;
+    ui::MainWindow Window(FoldersIn(Own));
+    Window.show();
+    QPixmap Canvas(Window.BoardOf().size() * Window.devicePixelRatioF());
+    bool Dark = false;
+    for (auto _ : Rounds) {
+        Dark = !Dark;
+        Window.GameOf().SkinName = Dark ? "Midnight" : "Walnut";
+        control::LoadSkin(Window.GameOf());
+        view::DrawBoard(Window.GameOf(), 0);
+        Window.ShowContents();
+        Window.BoardOf().render(&Canvas);
+    }
+}
+BENCHMARK(ChangeSkin)->Unit(benchmark::kMillisecond);
 
 constexpr int LongGame = 200;
 // Two kings in corners where neither can take the other.

@@ -25,9 +25,10 @@ constexpr std::string_view Names[2][5] = {{"dsquare", "dwhite_man", "dblack_man"
 
 // The colour is that of the place in the picture, so that the pattern stays when the board is turned.
 std::string_view PictureName(const view::ViewState& State, int Place, std::string_view Before) {
-    const int Square = State.BoardTurned == 1 ? rules::CellAt(rules::FirstRow + rules::LastRow - rules::RowOf(Place),
-                                                              rules::FirstColumn + rules::LastColumn - rules::ColumnOf(Place))
-                                              : Place;
+    const int Square = State.BoardTurned == 1
+                           ? rules::CellAt(rules::FirstRow + rules::LastRow - rules::RowOf(Place),
+                                           rules::FirstColumn + rules::LastColumn - rules::ColumnOf(Place))
+                           : Place;
     const std::int32_t Value = State.Board[Square];
     if (Value != rules::Empty && !rules::IsPiece(Value)) {
         return Before;

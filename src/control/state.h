@@ -79,7 +79,7 @@ struct InputFields {
     std::int32_t RightCell = -1;  ///< cell under the held right button
     std::int32_t HoverSquare = 0; ///< last square under the mouse from which a move starts
     std::int32_t HoverCell = -1;
-    std::int32_t HandSide = 0;    ///< side whose piece from off the board is being dragged; 0 for none
+    std::int32_t HandSide = 0; ///< side whose piece from off the board is being dragged; 0 for none
     bool DragIconSet = false;
     bool SourcesShown = false; ///< the pieces that can move are boxed
     bool NumbersShown = false; ///< the numbers of the squares are shown

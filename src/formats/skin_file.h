@@ -16,9 +16,9 @@ namespace zonterbrook::formats {
 
 /// The keys of a skin's pictures.
 inline constexpr std::string_view SkinPictureKeys[] = {
-    "dark_square",      "light_square",    "dark_white_man",   "dark_black_man", "dark_white_king",
-    "dark_black_king",  "light_white_man", "light_black_man",  "light_white_king", "light_black_king",
-    "white_man_ico",    "black_man_ico",   "white_king_ico",   "black_king_ico"};
+    "dark_square",     "light_square",    "dark_white_man",  "dark_black_man",   "dark_white_king",
+    "dark_black_king", "light_white_man", "light_black_man", "light_white_king", "light_black_king",
+    "white_man_ico",   "black_man_ico",   "white_king_ico",  "black_king_ico"};
 inline constexpr int SkinPictures = static_cast<int>(std::size(SkinPictureKeys));
 
 struct SkinDocument {

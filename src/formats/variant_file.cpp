@@ -142,7 +142,8 @@ std::string ComplaintAboutName(std::string_view Name) {
         return "The name is too long.";
     }
     const bool Odd = std::ranges::any_of(Name, [](char C) {
-        return static_cast<unsigned char>(C) < ' ' || std::string_view("/\\:*?\"<>|,").find(C) != std::string_view::npos;
+        return static_cast<unsigned char>(C) < ' ' ||
+               std::string_view("/\\:*?\"<>|,").find(C) != std::string_view::npos;
     });
     if (Odd || Name.front() == '.') {
         return "The name is that of a file: it can't begin with a full stop, nor hold any of / \\ : * ? \" < > | ,";

@@ -8,10 +8,10 @@ namespace {
 using R = RuleSetFields;
 
 constexpr std::uint8_t R::*FlipsOfThePlay[] = {
-    &R::WinAtPromo,  &R::KingWin,      &R::MaxCapMoveKings,    &R::MaxCapMoveK,    &R::ManCapKing,
-    &R::CapRequired, &R::KingCapMove,  &R::ManContJump,        &R::LongKings,      &R::ManContJumpCrowned,
-    &R::RemovePieces, &R::KingFirst,   &R::ManCapMoveKing,     &R::NoLegalDraw,    &R::RemoveMen,
-    &R::LastCap,     &R::ManKing,      &R::KingMan,            &R::CapReverse};
+    &R::WinAtPromo,   &R::KingWin,     &R::MaxCapMoveKings, &R::MaxCapMoveK, &R::ManCapKing,
+    &R::CapRequired,  &R::KingCapMove, &R::ManContJump,     &R::LongKings,   &R::ManContJumpCrowned,
+    &R::RemovePieces, &R::KingFirst,   &R::ManCapMoveKing,  &R::NoLegalDraw, &R::RemoveMen,
+    &R::LastCap,      &R::ManKing,     &R::KingMan,         &R::CapReverse};
 
 } // namespace
 

@@ -21,8 +21,8 @@ namespace zonterbrook::ui {
 namespace {
 
 constexpr int CellsInRow = 10;
-constexpr int BandPixels = 4;        // the wooden band outside the frame's line
-constexpr int NumberTwips = 100;     // of a square's number from the cell's corner
+constexpr int BandPixels = 4;    // the wooden band outside the frame's line
+constexpr int NumberTwips = 100; // of a square's number from the cell's corner
 const QColor FrameLine(46, 27, 13);
 const QColor BandLight(122, 86, 54);
 const QColor BandDark(84, 55, 31);

@@ -318,8 +318,7 @@ void OptionsDialog::BuildEngine() {
                    tr("How far from balance a line may be to be looked into, in hundredths of a man, from 1 to 750.")),
     };
     for (const auto& [Name, LabelName, Caption, Field, Tip] : Numbers) {
-        QLineEdit* Box =
-            AddNumber(Search, QLatin1String(Name), QLatin1String(LabelName), Caption, Field, Tip);
+        QLineEdit* Box = AddNumber(Search, QLatin1String(Name), QLatin1String(LabelName), Caption, Field, Tip);
         Dependent.push_back({Box, Extended});
     }
     AddTick(Search, view::OptionTicks()[3]);
@@ -424,8 +423,7 @@ void OptionsDialog::BuildButtons(QVBoxLayout* Column) {
         accept();
     });
     connect(Buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(Buttons->button(QDialogButtonBox::Apply), &QPushButton::clicked, this,
-            [this] { Editor.cmdApply_Click(); });
+    connect(Buttons->button(QDialogButtonBox::Apply), &QPushButton::clicked, this, [this] { Editor.cmdApply_Click(); });
     Column->addWidget(Buttons);
 }
 

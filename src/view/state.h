@@ -144,8 +144,8 @@ inline constexpr std::int32_t UsualLightHighlight = 0x8080;
 
 /// What the board and the pieces look like.
 struct LookFields {
-    bool OwnPictures = false;  ///< those of a skin's files, in place of the program's
-    std::int32_t Loads = 0;    ///< how many times pictures have been loaded
+    bool OwnPictures = false; ///< those of a skin's files, in place of the program's
+    std::int32_t Loads = 0;   ///< how many times pictures have been loaded
     std::int32_t DarkHighlight = UsualDarkHighlight;
     std::int32_t LightHighlight = UsualLightHighlight;
 
@@ -250,8 +250,8 @@ struct SettingsFields {
 
 /// Settings that stand in a file of their own.
 struct OwnSettingsFields {
-    std::int32_t Volume = 80;          ///< of the sounds, 0 to 100
-    std::int32_t DarkHighlight = -1;   ///< the person's own colours of the highlights; -1: those of the skin
+    std::int32_t Volume = 80;        ///< of the sounds, 0 to 100
+    std::int32_t DarkHighlight = -1; ///< the person's own colours of the highlights; -1: those of the skin
     std::int32_t LightHighlight = -1;
 
     bool operator==(const OwnSettingsFields&) const = default;

@@ -56,13 +56,19 @@ constexpr Trait Traits[] = {
     {{"short kings", "short king"}, "", [](const Rules& Of) { return Of.LongKings == 0; }},
     {{"men capture backward", "backward capture", "capture backward", "capture backwards"},
      "men capture forward only",
-     [](const Rules& Of) { return HasAny(MenCaptures(Of), {"S", "SE", "SW", "SS"}); }},
+     [](const Rules& Of) {
+         return HasAny(MenCaptures(Of), {"S", "SE", "SW", "SS"});
+     }},
     {{"men capture forward", "forward capture"},
      "",
-     [](const Rules& Of) { return HasAny(MenCaptures(Of), {"N", "NE", "NW", "NN"}); }},
+     [](const Rules& Of) {
+         return HasAny(MenCaptures(Of), {"N", "NE", "NW", "NN"});
+     }},
     {{"men capture sideways", "sideways capture"},
      "",
-     [](const Rules& Of) { return HasAny(MenCaptures(Of), {"E", "W", "EE", "WW"}); }},
+     [](const Rules& Of) {
+         return HasAny(MenCaptures(Of), {"E", "W", "EE", "WW"});
+     }},
     {{"compulsory capture", "capture compulsory", "mandatory capture", "capture mandatory"},
      "capturing is a choice",
      [](const Rules& Of) { return Of.CapRequired != 0; }},
@@ -74,10 +80,14 @@ constexpr Trait Traits[] = {
      [](const Rules& Of) { return Of.ManCapKing != 0; }},
     {{"straight and sideways moves", "orthogonal", "straight", "sideways"},
      "",
-     [](const Rules& Of) { return HasAny(AllSteps(Of), {"N", "S", "E", "W"}); }},
+     [](const Rules& Of) {
+         return HasAny(AllSteps(Of), {"N", "S", "E", "W"});
+     }},
     {{"diagonal moves", "diagonal"},
      "",
-     [](const Rules& Of) { return HasAny(AllSteps(Of), {"NE", "NW", "SE", "SW"}); }},
+     [](const Rules& Of) {
+         return HasAny(AllSteps(Of), {"NE", "NW", "SE", "SW"});
+     }},
     {{"crowned in passing", "promotion in passing"},
      "",
      [](const Rules& Of) { return Of.ManContJump != 0 && Of.ManContJumpCrowned != 0; }},
@@ -113,8 +123,8 @@ std::string WordsOf(const CatalogueEntry& Entry) {
 
 // --- What is asked for ----------------------------------------------------------------------------------------------
 
-constexpr std::string_view LittleWords[] = {"a",  "an",   "the",  "with", "and", "in",  "on",   "of",  "for", "to",
-                                            "my", "your", "game", "i",    "or",  "is",  "want", "play", "own", "where"};
+constexpr std::string_view LittleWords[] = {"a",  "an",   "the",  "with", "and", "in", "on",   "of",   "for", "to",
+                                            "my", "your", "game", "i",    "or",  "is", "want", "play", "own", "where"};
 constexpr std::string_view Denials[] = {"without", "no", "not"};
 
 bool IsOneOf(std::string_view Word, std::span<const std::string_view> List) {
@@ -137,8 +147,8 @@ std::vector<std::string> SplitWords(std::string_view Text) {
 // How many of the words from `At` on a phrase takes up; 0 if they are others.
 std::size_t Matches(std::string_view Phrase, std::span<const std::string> Words) {
     const std::vector<std::string> Wanted = SplitWords(Phrase);
-    const bool Same = !Wanted.empty() && Wanted.size() <= Words.size() &&
-                      std::equal(Wanted.begin(), Wanted.end(), Words.begin());
+    const bool Same =
+        !Wanted.empty() && Wanted.size() <= Words.size() && std::equal(Wanted.begin(), Wanted.end(), Words.begin());
     return Same ? Wanted.size() : 0;
 }
 

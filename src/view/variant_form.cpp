@@ -25,8 +25,7 @@ constexpr TickRow Ticks[] = {
      "Of captures of equally many pieces only those that take the most kings may be played."},
     {TickMulJumps, F::Captures, "MulJumps", "Multiple captures in one move mandatory",
      "A capture goes on as long as it can. Without it the player may stop after any jump."},
-    {9, F::Captures, "KingCapMove", "Capture with King mandatory",
-     "If a king can capture, the men may not."},
+    {9, F::Captures, "KingCapMove", "Capture with King mandatory", "If a king can capture, the men may not."},
     {8, F::Captures, "ManCapKing", "Man can capture King", "Men may jump kings. Without it they may jump men only."},
     {13, F::Captures, "RemovePieces", "Remove captured pieces after move",
      "Jumped pieces stay on the board until the move ends and can't be jumped or passed again. Without it a flying "
@@ -79,19 +78,19 @@ constexpr NumberRow Numbers[] = {
     {6, 18, F::Captures, 0, "NumberFriends", "# pieces:", "The number of own pieces that are leapt over."},
     {5, 17, F::WinDraw, 0, "NumberKings", "After # moves:", "Moves that three kings have to win against one."},
     {7, 19, F::WinDraw, 0, "NumberKings2", "After # moves:", "Moves that two kings have to win against one."},
-    {8, 20, F::WinDraw, 0, "NumberPieces", "Loose when less than # pieces:",
-     "A side that has this many pieces or fewer has lost. 0: there is no such rule."},
+    {8, 20, F::WinDraw, 0, "NumberPieces",
+     "Loose when less than # pieces:", "A side that has this many pieces or fewer has lost. 0: there is no such rule."},
     {3, 11, F::Opening, TickRemoveMen, "NumberMen", "", "How many pieces each side loses."},
     {4, 12, F::Opening, TickDoMoves, "NumberMoves", "", "How many half-moves are drawn."},
     {10, 22, F::OffTheBoard, 0, "ContractNumber", "# pieces:", "Pieces that each side has in hand at the start."},
-    {9, 21, F::OffTheBoard, 0, "ContractW1", "White First Row:",
-     "The row on which White's pieces enter: 2 is the lowest row of the board, 11 the highest."},
-    {11, 23, F::OffTheBoard, 0, "ContractW2", "White Last Row:",
-     "The row that must be free for a piece of White's to enter, from 2 to 11."},
-    {12, 24, F::OffTheBoard, 0, "ContractB1", "Black First Row:",
-     "The row on which Black's pieces enter: 11 is the highest row of the board, 2 the lowest."},
-    {13, 25, F::OffTheBoard, 0, "ContractB2", "Black Last Row:",
-     "The row that must be free for a piece of Black's to enter, from 2 to 11."},
+    {9, 21, F::OffTheBoard, 0, "ContractW1",
+     "White First Row:", "The row on which White's pieces enter: 2 is the lowest row of the board, 11 the highest."},
+    {11, 23, F::OffTheBoard, 0, "ContractW2",
+     "White Last Row:", "The row that must be free for a piece of White's to enter, from 2 to 11."},
+    {12, 24, F::OffTheBoard, 0, "ContractB1",
+     "Black First Row:", "The row on which Black's pieces enter: 11 is the highest row of the board, 2 the lowest."},
+    {13, 25, F::OffTheBoard, 0, "ContractB2",
+     "Black Last Row:", "The row that must be free for a piece of Black's to enter, from 2 to 11."},
 };
 
 constexpr int NumberOfRun = 6;
@@ -278,8 +277,8 @@ bool TakeMovements(VariantForm& Form, rules::RuleSetFields& Rules) {
 } // namespace
 
 std::string_view FrameCaption(RuleFrame Frame) {
-    constexpr std::string_view Captions[] = {"Captures", "Flying Kings", "Misc", "Win/Draw", "Opening",
-                                             "Off the Board"};
+    constexpr std::string_view Captions[] = {"Captures", "Flying Kings", "Misc",
+                                             "Win/Draw", "Opening",      "Off the Board"};
     return Captions[static_cast<std::size_t>(Frame)];
 }
 
