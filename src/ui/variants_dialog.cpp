@@ -21,6 +21,8 @@
 #include <QRadioButton>
 #include <QRegularExpressionValidator>
 #include <QScopedValueRollback>
+#include <QScreen>
+#include <QScrollArea>
 #include <QStyle>
 #include <QTabWidget>
 #include <QTextBrowser>
@@ -33,7 +35,8 @@ namespace {
 constexpr int ListWidth = 250;
 constexpr int WarningsHeight = 62;
 constexpr int PromotionColumns = 8;
-constexpr QSize UsualSize(1120, 680);
+constexpr QSize UsualSize(1120, 690);
+constexpr int FramePixels = 40; // what a desktop puts round a window
 
 QString Text(std::string_view Words) {
     return QString::fromUtf8(Words.data(), static_cast<qsizetype>(Words.size()));
@@ -89,7 +92,8 @@ VariantsDialog::VariantsDialog(QWidget* Parent, control::VariantEditor& InEditor
     ListFolder();
     ShowForm();
     Filter->setFocus();
-    resize(UsualSize);
+    const QSize Room = screen()->availableSize() - QSize(FramePixels, FramePixels);
+    resize(UsualSize.boundedTo(Room));
 }
 
 // --- What it is made of ---------------------------------------------------------------------------------------------
@@ -207,7 +211,14 @@ QWidget* VariantsDialog::BuildRules() {
         auto* Page = new QWidget;
         auto* Grid = new QGridLayout(Page);
         Grid->setContentsMargins(9, 5, 9, 5);
-        Tabs->addTab(Page, Caption);
+        // On a small screen a page is scrolled rather than cut.
+        auto* Frame = new QScrollArea;
+        Frame->setFrameShape(QFrame::NoFrame);
+        Frame->setWidgetResizable(true);
+        Frame->setWidget(Page);
+        Frame->viewport()->setAutoFillBackground(false);
+        Page->setAutoFillBackground(false);
+        Tabs->addTab(Frame, Caption);
         return Grid;
     };
     QGridLayout* Captures = AddPage(tr("&Captures and Kings"));
