@@ -1,6 +1,7 @@
 // Variants, options, skins and diagrams: what the dialogs leave in force, and what follows when they close.
 #include "base/text.h"
 #include "control/diagram.h"
+#include "control/game_document.h"
 #include "control/options.h"
 #include "control/skin.h"
 #include "control/trap.h"
@@ -124,6 +125,32 @@ TEST_F(Dialogs, ASetDrawnFromASeedComesAgain) {
         EXPECT_TRUE(First == State.RuleSet);
         EXPECT_EQ(First.AntiMode == 1, Editor.Form.Ticks[5].Ticked);
     });
+}
+
+TEST_F(Dialogs, EveryShippedVariantIsPlayedSavedAndLoaded) {
+    State.PlayMode = view::GameMode::PlayerPlayer;
+    State.UseRating = 0;
+    for (const std::string& Name : formats::ListVariants(formats::VariantFolder(ZONTERBROOK_DATA_DIR, false))) {
+        Choose([&](VariantEditor& Editor) {
+            Editor.Combo1_Click(Name);
+            EXPECT_TRUE(Editor.Variantsapply_Click()) << Name;
+            EXPECT_TRUE(Editor.Warnings().empty() && !Editor.IsEdited()) << Name;
+        });
+        EXPECT_EQ(formats::VariantDisplayName(Name), State.VariantTitle);
+        for (int Move = 0; Move < 2; ++Move) {
+            State.ChoiceList.Selected = 0;
+            control::List2_DblClick(State);
+        }
+        const std::string Before = formats::WriteGameFile(control::DocumentOf(State));
+        World.ExpectSaveDialog(Folder / "a.qvm");
+        Run(SaveAs);
+        Run(NewGame);
+        World.ExpectOpenDialog(Folder / "a.qvm");
+        Run(Open);
+        EXPECT_EQ(Before, formats::WriteGameFile(control::DocumentOf(State))) << Name;
+        State.GameChanged = false;
+        fs::remove(Folder / "a.qvm");
+    }
 }
 
 // Whatever the lot brings can be installed and played.
