@@ -53,7 +53,7 @@ void ClearWindow(GameState& State) {
 std::filesystem::path FolderOfVariants(const GameState& State, bool UserVariants) {
     const std::filesystem::path Written = State.Outside().WritableDirectory();
     if (UserVariants && !Written.empty()) {
-        const std::filesystem::path Own = formats::VariantFolder(Written, true);
+        std::filesystem::path Own = formats::VariantFolder(Written, true);
         std::error_code Error;
         if (std::filesystem::is_directory(Own, Error)) {
             return Own;

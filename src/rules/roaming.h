@@ -4,9 +4,9 @@
 // found than play allows, and what is not found is out of reach for certain.
 #pragma once
 
+#include "base/checked_array.h"
 #include "rules/state.h"
 
-#include <array>
 #include <cstdint>
 #include <functional>
 
@@ -57,8 +57,8 @@ private:
     void Arrive(int Index, int Cell);
 
     const RulesState& State;
-    std::array<CellSet, PieceIndices> Stands{};
-    std::array<std::array<bool, DirectionEntries>, PieceIndices> Takes{};
+    base::CheckedArray<CellSet, PieceIndices> Stands{};
+    base::CheckedArray<base::CheckedArray<bool, DirectionEntries>, PieceIndices> Takes{};
     bool Crowns = false;
 };
 

@@ -295,8 +295,12 @@ private:
                 }
             }
             if (IsBoardRow(Values[Colour][0]) && IsBoardRow(Values[Colour][1]) && !IsBoardRow(Rows.Free)) {
-                Warn(Keys[Colour][1], "The row that must be free is counted from the row of entry away from " + Owner +
-                                          "'s side, and lies off the board: " + Owner + " can't enter a piece.");
+                Warn(Keys[Colour][1],
+                     std::string("The row that must be free is counted from the row of entry away from ")
+                         .append(Owner)
+                         .append("'s side, and lies off the board: ")
+                         .append(Owner)
+                         .append(" can't enter a piece."));
             }
         }
     }
@@ -329,9 +333,11 @@ private:
                 Warn(MovementKeys[Index], Kind + " have no direction to capture in: they can never capture. Captures "
                                                  "are listed behind a blank.");
             } else if (Idle > 0) {
-                Warn(MovementKeys[Index], Kind + " never capture in these directions: " + IdleWords +
-                                              ". From where they can get, no enemy ever stands there with a square "
-                                              "behind it.");
+                Warn(MovementKeys[Index], std::string(Kind)
+                                              .append(" never capture in these directions: ")
+                                              .append(IdleWords)
+                                              .append(". From where they can get, no enemy ever stands there with a "
+                                                      "square behind it."));
             }
         }
     }

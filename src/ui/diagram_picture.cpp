@@ -63,8 +63,9 @@ void PaintDiagram(QPainter& Painter, Artwork& Art, const view::ViewState& Shown,
     Painter.setRenderHint(QPainter::Antialiasing);
     for (int Cell = 0; Cell < view::BoardPictures; ++Cell) {
         const double CellSide = Side / CellsInRow;
-        const QRectF Place(Board.left() + Cell % CellsInRow * CellSide, Board.top() + Cell / CellsInRow * CellSide,
-                           CellSide, CellSide);
+        const int Row = Cell / CellsInRow;
+        const QRectF Place(Board.left() + Cell % CellsInRow * CellSide, Board.top() + Row * CellSide, CellSide,
+                           CellSide);
         Art.Paint(Painter, Shown.Cells[Cell].Shows, Place);
     }
     Painter.setPen(QPen(Qt::black, std::max(1.0, Area.width() / 400.0)));

@@ -109,7 +109,7 @@ void ManualWindow::ListHeadings() {
     for (QTextBlock Block = Page->document()->begin(); Block.isValid(); Block = Block.next()) {
         const int Level = Block.blockFormat().headingLevel();
         if (Level == 1 || Level == 2 || Level == 3) {
-            Headings->addItem(QString((Level - 1) * 2, QLatin1Char(' ')) + Block.text());
+            Headings->addItem(QString(qsizetype{2} * (Level - 1), QLatin1Char(' ')) + Block.text());
         }
     }
 }

@@ -268,7 +268,7 @@ bool TakeMovements(VariantForm& Form, rules::RuleSetFields& Rules) {
         // A text that says the same already stays as its file has it, with a closing blank or without.
         const auto Before = SplitMovement(Rules.MovementStrings[Piece].View());
         if (Before.first != Plain || Before.second != Captures) {
-            Rules.MovementStrings[Piece].Assign(Plain + ' ' + Captures);
+            Rules.MovementStrings[Piece].Assign(std::string(Plain).append(" ").append(Captures));
         }
     }
     return true;
