@@ -176,7 +176,7 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
         std::string_view Name;
         std::string (*Answer)(Console& Self, const Words& Arguments);
     };
-    static constexpr std::array<Row, 21> Commands = {{
+    static constexpr std::array<Row, 25> Commands = {{
         {"board", [](Console& C, const Words& A) { return C.Board(A); }},
         {"show", [](Console& C, const Words& A) { return ExpectCount(A, 0, 0), C.Show(); }},
         {"key", [](Console& C, const Words& A) { return ExpectCount(A, 1, 1), C.Key(A[0]); }},
@@ -196,6 +196,10 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
         {"step", [](Console& C, const Words& A) { return C.GoTo(A); }},
         {"compute", [](Console& C, const Words& A) { return C.Compute(A); }},
         {"enter", [](Console& C, const Words& A) { return C.Enter(A); }},
+        {"hint", [](Console& C, const Words& A) { return C.Hint(A); }},
+        {"analyze", [](Console& C, const Words& A) { return C.Analyze(A); }},
+        {"plyvalues", [](Console& C, const Words& A) { return C.PlyValues(A); }},
+        {"problems", [](Console& C, const Words& A) { return C.Problems(A); }},
         {"survey", [](Console& C, const Words& A) { return C.SurveyRules(A); }},
         {"quit",
          [](Console& C, const Words& A) {

@@ -63,6 +63,10 @@ private:
     std::string Game() const;
     std::string GoTo(const Words& Arguments);
     std::string ReadSettings(std::string_view File);
+    std::string Hint(const Words& Arguments);
+    std::string Analyze(const Words& Arguments);
+    std::string PlyValues(const Words& Arguments);
+    std::string Problems(const Words& Arguments);
     std::string Diagram(std::string_view File);
     std::string Compute(const Words& Arguments);
     std::string Enter(const Words& Arguments);

@@ -25,24 +25,24 @@ game::NamedMove NamedMoveOf(const engine::MainLineMove& Move) {
     return {Move.Source, Move.Dest, Move.Tag % PromotionTag == CaptureTag, Move.Tag > CaptureTag};
 }
 
-// Takes over as much of the main line as is shown, and the reply that it expects.
-void TakeMainLine(GameState& State) {
-    view::CalculationFields& Found = State.Calculated;
-    const auto& Line = State.MainVariantTable[0];
-    Found.LineLength = 0;
-    State.HintSource = 0;
-    State.HintDest = 0;
-    for (int Column = 0; Column < Found.LongestLine && Line[Column].Source != 0; ++Column) {
-        Found.Line[Column] = NamedMoveOf(Line[Column]);
-        ++Found.LineLength;
-        if (Column == ReplyColumn) {
-            State.HintSource = Line[Column].Source;
-            State.HintDest = Line[Column].Dest;
-        }
-    }
+// The reply that the main line expects.
+void TakeReply(GameState& State) {
+    const view::CalculationFields& Found = State.Calculated;
+    const bool Expected = Found.LineLength > ReplyColumn;
+    State.HintSource = Expected ? Found.Line[ReplyColumn].Source : 0;
+    State.HintDest = Expected ? Found.Line[ReplyColumn].Dest : 0;
 }
 
 } // namespace
+
+void TakeMainLine(const engine::EngineState& State, view::CalculationFields& Found) {
+    const auto& Line = State.MainVariantTable[0];
+    Found.LineLength = 0;
+    for (int Column = 0; Column < Found.LongestLine && Line[Column].Source != 0; ++Column) {
+        Found.Line[Column] = NamedMoveOf(Line[Column]);
+        ++Found.LineLength;
+    }
+}
 
 void CalculationReport::MoveStarts(int Iteration, int Move, bool Verifying) {
     if (!IsShown(State)) {
@@ -67,7 +67,8 @@ void CalculationReport::MoveAccepted(int Iteration, int Move) {
     Found.FromBook = State.BookMoveSource >= 1;
     Found.LineLength = 0;
     if (!Found.FromBook) {
-        TakeMainLine(State);
+        TakeMainLine(State, Found);
+        TakeReply(State);
     }
 
     // 2. As the log has it: what is not shown is not logged. Wanted: docs/kept_behaviour.md, "no main lines".

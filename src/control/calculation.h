@@ -10,6 +10,9 @@
 
 namespace zonterbrook::control {
 
+/// Takes over as much of the main line as is shown.
+void TakeMainLine(const engine::EngineState& State, view::CalculationFields& Found);
+
 /// Listens to a root search and shows how far it is. The second move of the line that it finds is the reply that is
 /// expected, `HintSource` and `HintDest`.
 class CalculationReport : public engine::RootObserver {

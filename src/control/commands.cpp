@@ -2,11 +2,13 @@
 #include "control/commands.h"
 
 #include "base/fault.h"
+#include "control/analysis.h"
 #include "control/clipboard.h"
 #include "control/details.h"
 #include "control/diagram.h"
 #include "control/draw_offer.h"
 #include "control/help.h"
+#include "control/hint.h"
 #include "control/input.h"
 #include "control/input_state.h"
 #include "control/modes.h"
@@ -15,6 +17,8 @@
 #include "control/notation.h"
 #include "control/open_game.h"
 #include "control/options.h"
+#include "control/ply_values.h"
+#include "control/problems.h"
 #include "control/program.h"
 #include "control/restored_game.h"
 #include "control/saved_game.h"
@@ -132,6 +136,14 @@ void ToggleCalculation(view::ViewState& State) {
     }
 }
 
+void Analyze_Click(GameState& State) {
+    AnalyzeNow(State);
+}
+
+void Hint_Click(GameState& State) {
+    ShowHint(State);
+}
+
 void rating_Click(GameState& State) {
     // The words have three r. Wanted: docs/kept_behaviour.md, "currrent".
     State.Outside().Message("Rating", "Your currrent rating is" + view::SignedText(State.Rating), Icon::Exclamation);
@@ -154,12 +166,6 @@ constexpr CommandRow Line(Id Parent, std::string_view Name) {
     return {Id::None, Parent, Kind::Separator, Name, "-", {}, Never, nullptr};
 }
 
-// Its tool is still to come.
-constexpr CommandRow ToCome(Id Own, Id Parent, std::string_view Name, std::string_view Caption,
-                            std::string_view Shortcut) {
-    return {Own, Parent, Kind::Entry, Name, Caption, Shortcut, Never, nullptr};
-}
-
 constexpr CommandRow Rows[] = {
     Menu(Id::GameMenu, Id::None, "mnuGame", "&Game"),
     {Id::NewGame, Id::GameMenu, Kind::Entry, "New1", "New Game", "Ctrl+N", AtRest, Run<New1_Click>},
@@ -178,7 +184,8 @@ constexpr CommandRow Rows[] = {
     {Id::CopyGame, Id::GameMenu, Kind::Entry, "CopyGame", "Copy Game", "Ctrl+Shift+C", AtRest, Run<CopyGame>},
     {Id::Paste, Id::GameMenu, Kind::Entry, "Paste", "Paste Game or Position", "Ctrl+Shift+V", AtRest, Run<Paste>},
     Line(Id::GameMenu, "streep2"),
-    ToCome(Id::SearchProblems, Id::GameMenu, "mnuProblem", "Search for Problems...", ""),
+    {Id::SearchProblems, Id::GameMenu, Kind::Entry, "mnuProblem", "Search for Problems...", "", MayPlayOn,
+     Run<mnuProblem_Click>},
     Line(Id::GameMenu, "streep3"),
     {Id::Details, Id::GameMenu, Kind::Entry, "Details", "Details...", "Ctrl+I", AtRest, Run<Details_Click>},
     Line(Id::GameMenu, "streep4"),
@@ -197,7 +204,7 @@ constexpr CommandRow Rows[] = {
     Line(Id::PlayMenu, "streep8"),
     {Id::OfferDraw, Id::PlayMenu, Kind::Entry, "Offerdraw", "Offer draw", "Ctrl+D", PlaysComputer, Run<OfferDraw>},
     {Id::Resign, Id::PlayMenu, Kind::Entry, "Resign", "Resign", "Ctrl+R", PlaysComputer, Run<Resign>},
-    ToCome(Id::Hint, Id::PlayMenu, "Hint", "Hint", "Ctrl+H"),
+    {Id::Hint, Id::PlayMenu, Kind::Entry, "Hint", "Hint", "Ctrl+H", MayPlayOn, Run<Hint_Click>},
     Line(Id::PlayMenu, "streep9"),
     {Id::ComputerPlayer, Id::PlayMenu, Kind::Radio, "Cplayer", "Player-Computer", "Ctrl+1", AtRest,
      Run<SetComputerPlayerMode>, InMode<GameMode::ComputerPlayer>},
@@ -208,7 +215,7 @@ constexpr CommandRow Rows[] = {
     Line(Id::PlayMenu, "streep10"),
     {Id::Options, Id::PlayMenu, Kind::Entry, "Options", "Options...", "Ctrl+,", AtRest, Run<ShowOptions>},
     Line(Id::PlayMenu, "streep11"),
-    ToCome(Id::Analyze, Id::PlayMenu, "Analyze", "Analyze", "F6"),
+    {Id::Analyze, Id::PlayMenu, Kind::Entry, "Analyze", "Analyze", "F6", MayPlayOn, Run<Analyze_Click>},
 
     Menu(Id::BoardMenu, Id::None, "mnu_Board1", "&Board", AtRest),
     {Id::TurnBoard, Id::BoardMenu, Kind::Entry, "Turn", "Turn Board", "Ctrl+T", AtRest, Run<TurnBoard>},
@@ -234,7 +241,8 @@ constexpr CommandRow Rows[] = {
     {Id::Rating, Id::ViewMenu, Kind::Entry, "rating", "Rating...", "", NotEnding, Run<rating_Click>},
 
     Menu(Id::ExtraMenu, Id::None, "extra", "&Extra"),
-    ToCome(Id::PlyValueTable, Id::ExtraMenu, "plyvaluetable", "Show Ply Value Table", ""),
+    {Id::PlyValueTable, Id::ExtraMenu, Kind::Entry, "plyvaluetable", "Show Ply Value Table", "", MayPlayOn,
+     Run<BuildPlyValueTable>},
 
     Menu(Id::HelpMenu, Id::None, "Help", "&Help"),
     {Id::Contents, Id::HelpMenu, Kind::Entry, "Contents", "Contents", "F1", NotEnding, Run<Contents_Click>},

@@ -6,11 +6,9 @@
 #include "control/computer_move.h"
 
 #include "base/checked_number.h"
-#include "control/book.h"
-#include "control/calculation.h"
-#include "control/ending.h"
 #include "control/log.h"
 #include "control/record.h"
+#include "control/thinking.h"
 #include "control/turn_state.h"
 #include "engine/evaluate.h"
 #include "engine/root_search.h"
@@ -28,9 +26,6 @@ namespace zonterbrook::control {
 
 namespace {
 
-constexpr int DeepestByTime = 20;
-constexpr std::string_view ThinkingStatus = "Thinking...";
-
 // A score that has not moved over this many half-moves by this much is flat.
 constexpr int FlatHalfMoves = 78;
 constexpr int FlatMargin = 100;
@@ -38,179 +33,28 @@ constexpr int FlatOften = 2;
 constexpr int HalfMovesBetweenOffers = 40;
 constexpr double ChanceOfOffer = 0.1;
 
-// What an evaluation says of a game that is won as it stands, at any ply that a root move can lead to.
-constexpr std::int32_t WonAsItStands = engine::ForcedScore + 2;
-
 // What one move carries from step to step.
-struct MoveInProgress {
-    double Started; ///< the clock when it began
-    int Choices = 0;
-    CalculationReport Report;
-    engine::RootOutcome Found{};
+struct MoveInProgress : ThinkingInProgress {
     bool ComputerHasWon = false;
     bool Drawn = false;
 
     MoveInProgress(GameState& State, engine::RootObserver* AlsoTold)
-        : Started(State.Outside().Seconds()), Report(State, ThinkingStatus, AlsoTold) {}
+        : ThinkingInProgress(State, Purpose::Move, AlsoTold) {}
 };
-
-bool PlaysItself(const GameState& State) {
-    return State.PlayMode == view::GameMode::ComputerComputer;
-}
-
-// The side that is not the computer's wins; against itself the computer does all the winning.
-Ending PersonWins(const GameState& State) {
-    return PlaysItself(State) ? Ending::ComputerWins : Ending::PersonWins;
-}
-
-// --- Preparation ---------------------------------------------------------------------------------------------------
-
-void ClearList(view::ListFields& List) {
-    List.Lines.clear();
-    List.Selected = -1;
-}
-
-void Prepare(GameState& State) {
-    // 1. The engine, and what the last move left behind.
-    engine::PrepareSearch(State);
-    State.HintSource = 0;
-    State.HintDest = 0;
-    State.StatusText.clear();
-
-    // 2. The lists.
-    if (!PlaysItself(State)) {
-        ClearList(State.ChoiceList);
-        ClearList(State.RootList);
-    }
-
-    // 3. How strong, and how long.
-    view::ShowStrength(State);
-
-    // 4. What lies ahead of the cursor is given up.
-    CutAhead(State);
-    view::SetStatus(State, ThinkingStatus);
-    State.Calculated = {};
-    if (State.ShowCalculation == 1) {
-        State.Calculated.Stands = view::CalculationFields::Stage::Begun;
-        view::WriteCalculation(State);
-    }
-}
-
-// --- Is the game over already? -------------------------------------------------------------------------------------
-
-// True if it is, and then it has been ended.
-bool EndsBeforeTheMove(GameState& State) {
-    // 1. The root, seen by the evaluator that the search will use.
-    rules::InitGameTree(State);
-    std::int32_t Score = 0;
-    {
-        const rules::GamePositionScope Scope(State);
-        Score = engine::PlayingRoutine(State).Evaluate(State, engine::WindowLow, engine::WindowHigh, State.Side);
-    }
-    const bool Lost = State.SideToMoveLost != 0 || Score == engine::WindowHigh;
-
-    // 2. A side with pieces and no move, where that is a draw.
-    if (std::exchange(State.NoLegalDrawHit, 0) != 0) {
-        EndGame(State, Ending::Drawn);
-        return true;
-    }
-
-    // 3. Lost as it stands.
-    if (Lost) {
-        EndGame(State, PersonWins(State));
-        return true;
-    }
-
-    // 4. No move.
-    rules::GenerateGameMoves(State);
-    if (rules::MoveCountOfPly(State) == 0) {
-        EndGame(State, State.RuleSet.AntiMode != 0 ? Ending::ComputerWins : PersonWins(State));
-        return true;
-    }
-    return false;
-}
-
-// --- Limits, book and search ---------------------------------------------------------------------------------------
-
-bool AskBook(GameState& State) {
-    State.BookMoveSource = 0;
-    if (State.UseBook == 1 && State.BookOpen) {
-        LookupBook(State, 1);
-    }
-    return State.BookMoveSource >= 1;
-}
-
-// Leaves the book's move as the only one; false if the book has none that can be played.
-bool TakeBookMove(GameState& State) {
-    if (!AskBook(State)) {
-        State.BookOpen = false;
-        return false;
-    }
-    for (int I = 0; I < State.StackLimit[1]; ++I) {
-        const rules::MoveRecord Record = State.MoveStack[I];
-        if (Record.Source == State.BookMoveSource && Record.Dest == State.BookMoveDest) {
-            State.MoveStack[0] = Record;
-            State.StackLimit[1] = 1;
-            return true;
-        }
-    }
-    State.BookMoveSource = 0;
-    return false;
-}
-
-void Think(GameState& State, MoveInProgress& Move) {
-    // 1. A moment to see the last move, then the clock starts.
-    const bool ByTime = State.FixedDepth != 1;
-    Move.Choices = rules::MoveCountOfPly(State);
-    State.Progress = {0, ByTime ? double(State.TimeLimit) : double(State.SearchDepth) * Move.Choices};
-    State.Outside().Wait(PauseSeconds);
-    const double ClockStarted = State.Outside().Seconds();
-    int Depth = ByTime ? DeepestByTime : State.SearchDepth;
-
-    // 2. A single move, or one that the book knows, is not thought about.
-    const bool FromBook = State.UseBook == 1 && TakeBookMove(State);
-    if (Move.Choices == 1 || FromBook) {
-        Depth = 1;
-    }
-
-    // 3. The search.
-    SetMoveLimit(State);
-    Move.Found = engine::RootSearch(State, {Depth, ByTime, State.TimeLimit}, ClockStarted, Move.Report);
-    State.DrawPending = 0;
-    if (State.ShowCalculation == 1) {
-        State.Calculated.Seconds = engine::ElapsedSeconds(Move.Started, State.Outside().Seconds());
-        view::WriteCalculation(State);
-    }
-
-    // 4. The moves that were looked at.
-    engine::SortRootMoves(State);
-    if (!PlaysItself(State)) {
-        view::ShowRootMoves(State);
-    }
-
-    // 5. No longer thinking.
-    view::SetStatus(State, State.StatusText);
-}
-
-// --- The move ------------------------------------------------------------------------------------------------------
-
-void Announce(GameState& State, std::string_view What, int Moves) {
-    State.StatusText =
-        "Computer is " + std::string(What) + " in" + view::SignedText(Moves) + (Moves > 1 ? " moves! " : " move! ");
-    view::SetStatus(State, State.StatusText);
-    State.ForcedAnnounced = true;
-}
 
 // Says what the search has seen coming.
 void AnnounceForced(GameState& State) {
-    const std::int32_t Score = State.BestScore;
-    if (Score < -engine::ForcedScore) {
-        const int Odd = State.RuleSet.AntiMode == 1 ? 1 : 0;
-        Announce(State, "losing", (Score + engine::WindowHigh + Odd) / 2);
-    } else if (Score > engine::ForcedScore) {
-        Announce(State, "winning", (engine::WindowHigh + 1 - Score) / 2);
+    if (State.BestScore < -engine::ForcedScore) {
+        AnnounceLoss(State);
+    } else if (State.BestScore > engine::ForcedScore) {
+        AnnounceWin(State, (engine::WindowHigh + 1 - State.BestScore) / 2);
+    } else {
+        return;
     }
+    State.ForcedAnnounced = true;
 }
+
+// --- The move ------------------------------------------------------------------------------------------------------
 
 // Plays the first record: the search has put the best one there.
 void PlayBest(GameState& State, MoveInProgress& Move) {
@@ -307,19 +151,6 @@ void CheckPositionReached(GameState& State) {
     }
 }
 
-// The turn is the person's again; while the computer plays itself it stays the computer's.
-void GiveBackWindow(GameState& State) {
-    State.BookMoveSource = 0;
-    if (PlaysItself(State)) {
-        return;
-    }
-    if (!IsOver(State)) {
-        EnterTurn(State, TurnState::Resting);
-    }
-    rules::GenerateGameMoves(State);
-    view::RefreshMoveChoices(State);
-}
-
 // The computer takes the side to move over.
 void TakeOverSide(GameState& State) {
     if (State.PlayMode == view::GameMode::ComputerPlayer) {
@@ -337,8 +168,8 @@ void TakeOverSide(GameState& State) {
 
 void ComputerMove(GameState& State, engine::RootObserver* AlsoTold) {
     MoveInProgress Move(State, AlsoTold);
-    Prepare(State);
-    if (!EndsBeforeTheMove(State)) {
+    PrepareThinking(State, Purpose::Move);
+    if (!EndsBeforeThinking(State, Purpose::Move)) {
         Think(State, Move);
         if (State.ProgramEnds) {
             return; // a handler that ran in between has ended the program

@@ -265,6 +265,7 @@ void PressCell(GameState& State, int Index, int Button) {
     }
     // The release of the last drag may never have come.
     EscapeDrag(State);
+    ForgetHintedMove(State);
     const view::Picture Shown = State.Cells[Index].Shows;
     if (Shown == view::Picture::dark_square || Shown == view::Picture::light_square) {
         ShowNumbers(State);

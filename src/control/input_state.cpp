@@ -25,8 +25,17 @@ void ClearDrag(GameState& State) {
     State.PopupLatch = false;
 }
 
+void ForgetHintedMove(view::ViewState& State) {
+    State.HintedSquares[0] = 0;
+    State.HintedSquares[1] = 0;
+    for (view::BoardCell& Cell : State.Cells) {
+        Cell.Hinted = false;
+    }
+}
+
 void ClearInput(GameState& State) {
     RemovePointers(State);
+    ForgetHintedMove(State);
     static_cast<InputFields&>(State) = {};
     State.TouchedSquare = 0;
 }

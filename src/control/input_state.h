@@ -11,4 +11,7 @@ void ClearDrag(GameState& State);
 /// Forgets all that the mouse is doing, and which piece was touched.
 void ClearInput(GameState& State);
 
+/// Takes the marks of a hint off the board.
+void ForgetHintedMove(view::ViewState& State);
+
 } // namespace zonterbrook::control

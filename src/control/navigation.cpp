@@ -132,6 +132,29 @@ void NavigateMoves(GameState& State, int Steps) {
     view::RefreshMoveChoices(State);
 }
 
+bool StepForTool(GameState& State) {
+    if (!StepOneForward(State)) {
+        return false;
+    }
+    DrawRuleCheck(State);
+    view::DrawBoard(State, 0);
+    State.GameList.Selected = State.Record.Cursor - 1;
+    return true;
+}
+
+void SettleAfterTool(GameState& State) {
+    EnterTurn(State, TurnState::Resting);
+    view::SetStatus(State, "");
+    if (State.Record.Cursor > 0 && !State.Record.MovesAhead()) {
+        RenewEnding(State);
+        view::SetStatus(State, State.StatusText);
+    }
+    rules::InitGameTree(State);
+    rules::GenerateGameMoves(State);
+    view::RefreshMoveChoices(State);
+    view::DrawBoard(State, 0);
+}
+
 void StepForward(GameState& State) {
     const int Before = State.Record.Cursor;
     NavigateMoves(State, -1);

@@ -20,4 +20,12 @@ void Last_Click(GameState& State);
 /// To the position behind the selected line of `GameList`.
 void GoToSelectedMove(GameState& State);
 
+/// Plays the next half-move of the record on the board for a tool: nothing is announced, and no reply comes. False if
+/// there is none that the rules in force allow.
+bool StepForTool(GameState& State);
+
+/// Shows where the cursor has come to, after steps for a tool, and whether the game is over there. The turn must be
+/// that of the tool.
+void SettleAfterTool(GameState& State);
+
 } // namespace zonterbrook::control

@@ -52,7 +52,9 @@ struct RulesPage {
 enum class DiagramUse : std::uint8_t { Copy, Save, Print };
 
 class OptionsEditor;
+class PlyValueTool;
 class VariantEditor;
+struct Finding;
 
 class Platform : public base::OutsideWorld {
 public:
@@ -111,6 +113,13 @@ public:
 
     /// Shows the options until the person closes the dialog.
     virtual void ShowOptions(OptionsEditor& Editor) = 0;
+
+    /// Shows the table of ply values: has it built, and then shows it until the person closes the window.
+    virtual void ShowPlyValues(PlyValueTool& Tool) = 0;
+
+    /// Shows what a search for problems has found. The place of the one that the person wants to see on the board, or
+    /// nothing.
+    virtual std::optional<std::size_t> ShowProblems(const std::vector<Finding>& Found) = 0;
 
     virtual void ShowRules(const RulesPage& Page) = 0;
     virtual void ShowAbout() = 0;

@@ -18,7 +18,7 @@
 namespace zonterbrook::control {
 
 /// Where a turn stands; turn_state.h tells what may follow and what holds in each.
-enum class TurnState : std::uint8_t { Resting, Thinking, Replaying, Ending, Over };
+enum class TurnState : std::uint8_t { Resting, Thinking, Replaying, Ending, Over, Hinting, Measuring };
 
 /// The rule by which a game may be drawn. Which of them is in force is another question.
 enum class DrawRule : std::uint8_t {

@@ -37,6 +37,8 @@ public:
                      const std::function<void(const game::Details&)>& /*Store*/) override {}
     void ShowVariants(VariantEditor& /*Editor*/) override {}
     void ShowOptions(OptionsEditor& /*Editor*/) override {}
+    void ShowPlyValues(PlyValueTool& /*Tool*/) override {}
+    std::optional<std::size_t> ShowProblems(const std::vector<Finding>& /*Found*/) override { return std::nullopt; }
     void ShowRules(const RulesPage& /*Page*/) override {}
     void ShowAbout() override {}
     void ShowManual(std::string_view /*Heading*/) override {}

@@ -27,11 +27,13 @@ using enum TurnState;
 
 // By state, in the order of the enum.
 constexpr unsigned MayFollow[] = {
-    AnyOf({Thinking, Replaying, Ending, Over}), // Resting
-    AnyOf({Resting, Ending, Over}),             // Thinking
-    AnyOf({Resting, Ending, Over}),             // Replaying
-    AnyOf({Over}),                              // Ending
-    AnyOf({Resting, Replaying}),                // Over
+    AnyOf({Thinking, Replaying, Ending, Over, Hinting, Measuring}), // Resting
+    AnyOf({Resting, Ending, Over}),                                 // Thinking
+    AnyOf({Resting, Ending, Over}),                                 // Replaying
+    AnyOf({Over}),                                                  // Ending
+    AnyOf({Resting, Replaying}),                                    // Over
+    AnyOf({Resting}),                                               // Hinting
+    AnyOf({Resting, Over}),                                         // Measuring
 };
 
 } // namespace
@@ -57,7 +59,8 @@ bool TakesMoves(const GameFields& Game) {
 }
 
 bool CanCancel(const GameState& State) {
-    return State.Turn == Thinking && State.CancelRequested != rules::StopRequest::Person && State.StopAutoPlay == 0;
+    return (State.Turn == Thinking || State.Turn == Measuring) && State.CancelRequested != rules::StopRequest::Person &&
+           State.StopAutoPlay == 0;
 }
 
 std::string CheckRest(const GameState& State) {

@@ -1,14 +1,16 @@
 // Where a turn stands: one word, `GameFields::Turn`. Whoever wants to know who may do what asks it.
 //
-//   Resting    A person may move, step through the game, edit, choose.     Thinking, Replaying, Ending, Over
+//   Resting    A person may move, step through the game, edit, choose.     all others
 //   Thinking   The computer looks for its move, or plays itself.           Resting, Ending, Over
 //   Replaying  Moves that a lot has drawn are played.                      Resting, Ending, Over
 //   Ending     The last move is seen before its message comes.             Over
 //   Over       A result stands; the game can be gone through.              Resting, Replaying
+//   Hinting    A move to try is looked for, too short a time for a stop.   Resting
+//   Measuring  A tool looks through positions of the game or behind it.    Resting, Over
 //
 // The last column tells what may follow. A new game begins in Resting, from Resting, Replaying and Over. At rest, which
 // is Resting and Over, no search is under way: the cursor of the record is the number of moves made on the board, and
-// every half-move has its line. While the turn is Thinking, Replaying or Ending, no event of the window may change the
+// every half-move has its line. In all others no event of the window may change the
 // game: it may ask for a stop.
 #pragma once
 

@@ -38,6 +38,18 @@ int CountRepetitions(const EngineState& State) {
     return Count;
 }
 
+} // namespace
+
+std::int32_t DrawAfterRootMove(const EngineState& State) {
+    if (const int Repetitions = CountRepetitions(State); Repetitions != 0) {
+        return Repetitions;
+    }
+    const bool Quiet = State.PlyIrreversible[State.Ply] == 0;
+    return State.QuietLimit > 0 && Quiet && State.QuietMoves + 1 > State.QuietLimit ? 1 : 0;
+}
+
+namespace {
+
 class RootLoop {
 public:
     RootLoop(EngineState& InState, const RootLimits& InLimits, double InStarted, RootObserver& InObserver)
@@ -157,14 +169,10 @@ private:
     std::int32_t TryMove(int Move, std::int32_t VerifyAbove) {
         Verified = false;
         TriedMove Tried(State, Move);
-        State.DrawPending = CountRepetitions(State);
-        if (State.DrawPending == 0) {
-            const bool Quiet = State.PlyIrreversible[State.Ply] == 0;
-            State.DrawPending = State.QuietLimit > 0 && Quiet && State.QuietMoves + 1 > State.QuietLimit ? 1 : 0;
-        }
+        State.DrawPending = DrawAfterRootMove(State);
         std::int32_t Depth = Iteration - 1;
         std::int32_t Score = SearchReply(Alpha, Beta, Depth);
-        if (Score > VerifyAbove) {
+        if (Limits.Verifies && Score > VerifyAbove) {
             Score = Verify(Move, Score);
         }
         Tried.TakeBack();
@@ -259,8 +267,10 @@ void SetNoise(EngineState& State) {
     State.Noise = Noise == 0 ? 5 : std::max(Noise, 0);
 }
 
-void PrepareSearch(EngineState& State) {
-    State.PatternTermEnabled = 1;
+void PrepareSearch(EngineState& State, Patterns Rows) {
+    if (Rows == Patterns::Used) {
+        State.PatternTermEnabled = 1;
+    }
     State.AspirationWidth = StartAspirationWidth;
     State.RootMoves.Fill({UnsetScore, 0, UnsetScore});
     InitEngineThresholds(State);

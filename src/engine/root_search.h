@@ -14,9 +14,10 @@ namespace zonterbrook::engine {
 
 /// What a root search may be told from outside.
 struct RootLimits {
-    int Depth = 1;       ///< iterations at most
-    bool ByTime = false; ///< stop by the clock, else by depth alone
-    int TimeLimit = 0;   ///< seconds
+    int Depth = 1;        ///< iterations at most
+    bool ByTime = false;  ///< stop by the clock, else by depth alone
+    int TimeLimit = 0;    ///< seconds
+    bool Verifies = true; ///< a best move with a short line behind it is searched once more, a ply deeper
 };
 
 /// Hears of the progress of a root search. Every call comes from inside the search: an observer may show things and
@@ -44,15 +45,22 @@ struct RootOutcome {
     double Seconds = 0;
 };
 
+/// Whether the promotion-row pattern is switched on again, where a verification has switched it off.
+enum class Patterns : bool { AsTheyStand, Used };
+
 /// Makes the thresholds, the noise and the flags ready for a search from the position on the board, and leaves
 /// `CancelRequested` alone.
-void PrepareSearch(EngineState& State);
+void PrepareSearch(EngineState& State, Patterns Rows = Patterns::Used);
 
 /// The thresholds of the evaluation, from the start position.
 void InitEngineThresholds(EngineState& State);
 
 /// The amplitude of the random term, from `Strength`.
 void SetNoise(EngineState& State);
+
+/// What `DrawPending` is behind the root move that has just been made: how often its position has stood before, or 1
+/// where the limit of quiet moves is passed by it.
+std::int32_t DrawAfterRootMove(const EngineState& State);
 
 /// Searches the root moves that the stack holds at `Ply` 0. `Started`: the clock when the thinking began.
 RootOutcome RootSearch(EngineState& State, const RootLimits& Limits, double Started, RootObserver& Observer);

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <tuple>
 
 namespace zonterbrook::ui {
 
@@ -29,6 +30,8 @@ const QColor BandDark(84, 55, 31);
 const QColor CursorLine(255, 255, 255); // light on dark, so that it stands out from any square and any piece
 const QColor CursorEdge(13, 71, 161);
 constexpr int CursorInset = 5; // inside the highlight
+const QColor HintLine(102, 255, 153);
+const QColor HintEdge(0, 60, 20);
 
 int Pixels(int Twips, int TwipsPerPixel) {
     return static_cast<int>(std::lround(static_cast<double>(Twips) / TwipsPerPixel));
@@ -196,7 +199,12 @@ void BoardWidget::PaintCell(QPainter& Painter, int Cell) {
         Painter.setRenderHint(QPainter::Antialiasing, false);
     }
 
-    // 3. The highlight.
+    // 3. A square of a hint: a mark in each corner, so that it is told from a box without colours.
+    if (Shown.Hinted) {
+        PaintCorners(Painter, Area);
+    }
+
+    // 4. The highlight.
     if (Shown.Box != view::Highlight::None) {
         const QRect Inside = PixelRect(Layout.Box, TwipsPerPixel).translated(Area.topLeft());
         QPen Line(ColourOf(Shown.Box == view::Highlight::Dark ? Look.DarkHighlight : Look.LightHighlight), 2);
@@ -205,6 +213,24 @@ void BoardWidget::PaintCell(QPainter& Painter, int Cell) {
         Painter.setBrush(Qt::NoBrush);
         Painter.drawRect(Inside.adjusted(1, 1, -1, -1));
     }
+}
+
+void BoardWidget::PaintCorners(QPainter& Painter, const QRect& Area) const {
+    const int Length = Area.width() / 4;
+    const QRect Inside = Area.adjusted(2, 2, -3, -3);
+    QPainterPath Corners;
+    for (const auto& [X, Y, Right, Down] :
+         {std::tuple(Inside.left(), Inside.top(), 1, 1), std::tuple(Inside.right(), Inside.top(), -1, 1),
+          std::tuple(Inside.left(), Inside.bottom(), 1, -1), std::tuple(Inside.right(), Inside.bottom(), -1, -1)}) {
+        Corners.moveTo(X + Right * Length, Y);
+        Corners.lineTo(X, Y);
+        Corners.lineTo(X, Y + Down * Length);
+    }
+    Painter.setBrush(Qt::NoBrush);
+    Painter.setPen(QPen(HintEdge, 5));
+    Painter.drawPath(Corners);
+    Painter.setPen(QPen(HintLine, 3));
+    Painter.drawPath(Corners);
 }
 
 // The frame of the keyboard's cursor; the piece in the hand goes with it.

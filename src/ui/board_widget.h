@@ -85,6 +85,7 @@ private:
     void PaintCell(QPainter& Painter, int Cell);
     void PaintCursor(QPainter& Painter, int Cell);
     void PaintPicture(QPainter& Painter, view::Picture Which, const QRect& Area);
+    void PaintCorners(QPainter& Painter, const QRect& Area) const;
     void PaintFrame(QPainter& Painter) const;
     void PaintLabels(QPainter& Painter) const;
     void ShowPointer();

@@ -9,6 +9,8 @@
 #include "ui/manual_window.h"
 #include "ui/options_dialog.h"
 #include "ui/pdn_dialog.h"
+#include "ui/ply_dialog.h"
+#include "ui/problem_dialog.h"
 #include "ui/rules_dialog.h"
 #include "ui/variants_dialog.h"
 
@@ -284,6 +286,16 @@ void QtPlatform::ShowVariants(control::VariantEditor& Editor) {
 void QtPlatform::ShowOptions(control::OptionsEditor& Editor) {
     Window.ShowContents();
     OptionsDialog(&Window, Editor).exec();
+}
+
+void QtPlatform::ShowPlyValues(control::PlyValueTool& Tool) {
+    Window.ShowContents();
+    PlyDialog(&Window, Tool).exec();
+}
+
+std::optional<std::size_t> QtPlatform::ShowProblems(const std::vector<control::Finding>& Found) {
+    Window.ShowContents();
+    return ProblemDialog(&Window, Found).Choose();
 }
 
 void QtPlatform::ShowRules(const control::RulesPage& Page) {

@@ -59,6 +59,8 @@ public:
     void ShowDetails(const game::Details& Details, const std::function<void(const game::Details&)>& Store) override;
     void ShowVariants(control::VariantEditor& Editor) override;
     void ShowOptions(control::OptionsEditor& Editor) override;
+    void ShowPlyValues(control::PlyValueTool& Tool) override;
+    std::optional<std::size_t> ShowProblems(const std::vector<control::Finding>& Found) override;
     void ShowRules(const control::RulesPage& Page) override;
     void ShowAbout() override;
     void ShowManual(std::string_view Heading) override;

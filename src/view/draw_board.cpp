@@ -174,6 +174,7 @@ void DrawBoard(ViewState& State, int Mode) {
             Cell.Shows = PictureOf(State, Square, Cell.Shows);
             Cell.Box = Highlight::None;
             Cell.Number = Mode == 1 ? Number : 0;
+            Cell.Hinted = Square == State.HintedSquares[0] || Square == State.HintedSquares[1];
         }
         Numbers.RowEnds();
     }

@@ -46,6 +46,7 @@ struct BoardCell {
     Picture Pointer = Picture::None; ///< the mouse pointer while the mouse is held on it
     Highlight Box = Highlight::None;
     std::int32_t Number = 0; ///< printed on it; 0 for none
+    bool Hinted = false;     ///< one of the two squares of a hint
 
     bool operator==(const BoardCell&) const = default;
 };
@@ -278,6 +279,8 @@ struct ViewState : engine::EngineState, SettingsFields, WindowContents {
     std::string BlackPlayerName;
     CalculationFields Calculated;
     std::string FileName; ///< of the file that holds the game, without its folder; empty for none
+
+    std::int32_t HintedSquares[2] = {0, 0}; ///< of the move that a hint has told; 0 for none. Until the next click
 
     // --- written by `DrawBoard` -------------------------------------------------------------------------------------
     std::int32_t WhiteMaterial = 0; ///< men, a king counting two

@@ -68,22 +68,16 @@ using Mode = view::GameMode;
 
 constexpr StateCase StateRows[] = {
     {"at_the_start", Resting, Mode::ComputerPlayer, 0,
-     "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit Compute MoveForward Last Offerdraw "
-     "Resign "
-     "Cplayer Pplayer mnu_Play_Ccomputer Options Turn "
-     "Nonotation "
+     "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste mnuProblem Details Exit Compute MoveForward Last "
+     "Offerdraw Resign Hint Cplayer Pplayer mnu_Play_Ccomputer Options Analyze Turn Nonotation "
      "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers CreateHtml CopyDiagram SaveDiagram PrintDiagram calculation "
-     "rating "
-     "Contents QuickRules Rules mnu_Help_About",
+     "rating plyvaluetable Contents QuickRules Rules mnu_Help_About",
      "CGRT"},
     {"between_persons_in_the_middle", Resting, Mode::PlayerPlayer, 1,
-     "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit Compute First Moveback MoveForward "
-     "Last Cplayer "
-     "Pplayer mnu_Play_Ccomputer Options Turn "
-     "Nonotation "
+     "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste mnuProblem Details Exit Compute First Moveback "
+     "MoveForward Last Hint Cplayer Pplayer mnu_Play_Ccomputer Options Analyze Turn Nonotation "
      "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers CreateHtml CopyDiagram SaveDiagram PrintDiagram calculation "
-     "rating "
-     "Contents QuickRules Rules mnu_Help_About",
+     "rating plyvaluetable Contents QuickRules Rules mnu_Help_About",
      "CGRT"},
     {"thinking", Thinking, Mode::ComputerPlayer, 2,
      "Exit mnu_Play_Cancel calculation rating Contents QuickRules Rules mnu_Help_About", ""},
@@ -91,6 +85,10 @@ constexpr StateCase StateRows[] = {
      "Exit mnu_Play_Cancel calculation rating Contents QuickRules Rules mnu_Help_About", "G"},
     {"replaying", Replaying, Mode::ComputerPlayer, 1,
      "Exit calculation rating Contents QuickRules Rules mnu_Help_About", "G"},
+    {"measuring", Measuring, Mode::PlayerPlayer, 1,
+     "Exit mnu_Play_Cancel calculation rating Contents QuickRules Rules mnu_Help_About", "G"},
+    {"hinting", Hinting, Mode::PlayerPlayer, 1, "Exit calculation rating Contents QuickRules Rules mnu_Help_About",
+     "G"},
     {"message_to_come", Ending, Mode::ComputerPlayer, 2, "Exit", "G"},
     {"over_at_the_end", Over, Mode::ComputerPlayer, 2,
      "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit First Moveback Cplayer Pplayer "

@@ -29,6 +29,8 @@ public:
     control::FileKeeper Keeper = control::FileKeeper::Nobody;
     std::function<void(control::VariantEditor&)> OnVariants; ///< what the person does in the dialog
     std::function<void(control::OptionsEditor&)> OnOptions;
+    std::function<void(control::PlyValueTool&)> OnPlyValues;
+    std::function<std::optional<std::size_t>(const std::vector<control::Finding>&)> OnProblems;
     control::RulesPage RulesShown;
     std::vector<std::filesystem::path> PicturesLoaded;
     bool PicturesCanBeRead = true;
@@ -120,6 +122,10 @@ public:
     }
     void ShowVariants(control::VariantEditor& Editor) override { DoIn(OnVariants, Editor); }
     void ShowOptions(control::OptionsEditor& Editor) override { DoIn(OnOptions, Editor); }
+    void ShowPlyValues(control::PlyValueTool& Tool) override { DoIn(OnPlyValues, Tool); }
+    std::optional<std::size_t> ShowProblems(const std::vector<control::Finding>& Found) override {
+        return OnProblems ? OnProblems(Found) : std::nullopt;
+    }
     void ShowRules(const control::RulesPage& Page) override { RulesShown = Page; }
     void ShowAbout() override {}
     void ShowManual(std::string_view) override {}
