@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "bench_positions.h"
 #include "console_text.h"
+#include "control/notation.h"
 #include "control/variant_start.h"
 #include "engine/evaluate.h"
 #include "engine/root_search.h"
@@ -81,20 +82,37 @@ void ForgetLines(EngineState& State) {
 /// A setting that `set` knows: where it lies, as a function that stores a value in it.
 struct Setting {
     std::string_view Name;
-    void (*Store)(EngineState& State, std::int64_t Value);
+    void (*Store)(control::GameState& State, std::int64_t Value);
 };
 
 constexpr Setting Settings[] = {
     {"ExtendedSearch",
-     [](EngineState& S, std::int64_t V) { S.ExtendedSearch = base::Narrow<decltype(S.ExtendedSearch)>(V); }},
-    {"BruteForce", [](EngineState& S, std::int64_t V) { S.BruteForce = base::Narrow<decltype(S.BruteForce)>(V); }},
-    {"Balance", [](EngineState& S, std::int64_t V) { S.Balance = base::Narrow<decltype(S.Balance)>(V); }},
-    {"Plys", [](EngineState& S, std::int64_t V) { S.Plys = base::Narrow<decltype(S.Plys)>(V); }},
-    {"LazyMargin", [](EngineState& S, std::int64_t V) { S.LazyMargin = base::Narrow<decltype(S.LazyMargin)>(V); }},
+     [](control::GameState& S, std::int64_t V) { S.ExtendedSearch = base::Narrow<decltype(S.ExtendedSearch)>(V); }},
+    {"BruteForce",
+     [](control::GameState& S, std::int64_t V) { S.BruteForce = base::Narrow<decltype(S.BruteForce)>(V); }},
+    {"Balance", [](control::GameState& S, std::int64_t V) { S.Balance = base::Narrow<decltype(S.Balance)>(V); }},
+    {"Plys", [](control::GameState& S, std::int64_t V) { S.Plys = base::Narrow<decltype(S.Plys)>(V); }},
+    {"LazyMargin",
+     [](control::GameState& S, std::int64_t V) { S.LazyMargin = base::Narrow<decltype(S.LazyMargin)>(V); }},
     {"PatternTermEnabled",
-     [](EngineState& S, std::int64_t V) { S.PatternTermEnabled = base::Narrow<decltype(S.PatternTermEnabled)>(V); }},
+     [](control::GameState& S, std::int64_t V) {
+         S.PatternTermEnabled = base::Narrow<decltype(S.PatternTermEnabled)>(V);
+     }},
+    {"UseBook", [](control::GameState& S, std::int64_t V) { S.UseBook = base::Narrow<decltype(S.UseBook)>(V); }},
+    {"BookFallback",
+     [](control::GameState& S, std::int64_t V) { S.BookFallback = base::Narrow<decltype(S.BookFallback)>(V); }},
+    {"ColonCapture",
+     [](control::GameState& S, std::int64_t V) {
+         S.ColonCapture = base::Narrow<decltype(S.ColonCapture)>(V);
+         S.CaptureChar = S.ColonCapture == 1 ? ':' : 'x';
+         control::RewriteMoves(S);
+     }},
+    {"CapitalNotation",
+     [](control::GameState& S, std::int64_t V) { S.CapitalNotation = base::Narrow<decltype(S.CapitalNotation)>(V); }},
+    {"SaveAlgebraic",
+     [](control::GameState& S, std::int64_t V) { S.SaveAlgebraic = base::Narrow<decltype(S.SaveAlgebraic)>(V); }},
     {"NotationMode",
-     [](EngineState& S, std::int64_t V) {
+     [](control::GameState& S, std::int64_t V) {
          if (V < 0 || V > 2) {
              throw CommandError("a notation is 0, 1 or 2");
          }
@@ -169,6 +187,9 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
     if (Command == "save") {
         return Save(Rest);
     }
+    if (Command == "set" && Rest.starts_with("BookDir")) {
+        return SetBookFolder(base::Trim(Rest.substr(std::string_view("BookDir").size())));
+    }
     if (Command == "diagram") {
         return Diagram(Rest);
     }
@@ -176,7 +197,7 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
         std::string_view Name;
         std::string (*Answer)(Console& Self, const Words& Arguments);
     };
-    static constexpr std::array<Row, 25> Commands = {{
+    static constexpr std::array<Row, 26> Commands = {{
         {"board", [](Console& C, const Words& A) { return C.Board(A); }},
         {"show", [](Console& C, const Words& A) { return ExpectCount(A, 0, 0), C.Show(); }},
         {"key", [](Console& C, const Words& A) { return ExpectCount(A, 1, 1), C.Key(A[0]); }},
@@ -196,6 +217,7 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
         {"step", [](Console& C, const Words& A) { return C.GoTo(A); }},
         {"compute", [](Console& C, const Words& A) { return C.Compute(A); }},
         {"enter", [](Console& C, const Words& A) { return C.Enter(A); }},
+        {"book", [](Console& C, const Words& A) { return ExpectCount(A, 0, 0), C.Book(); }},
         {"hint", [](Console& C, const Words& A) { return C.Hint(A); }},
         {"analyze", [](Console& C, const Words& A) { return C.Analyze(A); }},
         {"plyvalues", [](Console& C, const Words& A) { return C.PlyValues(A); }},

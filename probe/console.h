@@ -63,6 +63,8 @@ private:
     std::string Game() const;
     std::string GoTo(const Words& Arguments);
     std::string ReadSettings(std::string_view File);
+    std::string SetBookFolder(std::string_view Folder);
+    std::string Book();
     std::string Hint(const Words& Arguments);
     std::string Analyze(const Words& Arguments);
     std::string PlyValues(const Words& Arguments);

@@ -2,13 +2,37 @@
 #include "console.h"
 #include "console_text.h"
 #include "control/analysis.h"
+#include "control/book.h"
 #include "control/hint.h"
 #include "control/ply_values.h"
 #include "control/problems.h"
 #include "control/turn_state.h"
+#include "formats/text_file.h"
 #include "view/move_lists.h"
 
 namespace zonterbrook::probe {
+
+std::string Console::SetBookFolder(std::string_view Folder) {
+    std::error_code Error;
+    const std::filesystem::path Path = formats::TextPath(Folder);
+    if (Folder.empty() || !std::filesystem::is_directory(Path, Error)) {
+        throw CommandError("'" + std::string(Folder) + "' is no folder");
+    }
+    State->BookFolder = Path;
+    State->Book.reset();
+    return {};
+}
+
+std::string Console::Book() {
+    NeedGame();
+    World.Said.clear();
+    const control::BookAnswer Answer = control::AskBook(*State);
+    std::string Text = TakeMessages() + "inbook " + (Answer.InBook ? '1' : '0') + '\n';
+    for (const std::string& Candidate : Answer.Candidates) {
+        Text += "candidate " + Candidate + '\n';
+    }
+    return Text + "name " + Answer.Name + '\n';
+}
 
 std::string Console::Hint(const Words& Arguments) {
     ExpectCount(Arguments, 0, 1);

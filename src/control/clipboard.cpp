@@ -2,6 +2,7 @@
 #include "control/clipboard.h"
 
 #include "base/text.h"
+#include "control/book.h"
 #include "control/game_document.h"
 #include "control/kept_game.h"
 #include "control/open_game.h"
@@ -46,7 +47,7 @@ void PasteGame(GameState& State, const std::string& Text) {
     ClearForLoad(State);
     const LoadReport Report = StartPdnGame(State, *Read.Document, {}, LoadMode::Chosen);
     if (Report.How == LoadResult::BadSetup) {
-        view::RefreshMoveChoices(State);
+        RefreshChoices(State);
         return;
     }
     State.Replaced = std::move(Before);

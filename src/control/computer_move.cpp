@@ -79,9 +79,9 @@ void PlayBest(GameState& State, MoveInProgress& Move) {
         AnnounceForced(State);
     }
 
-    // 3. Record, sound and log. "b" marks what the book knows: the move, or the position that it leads to.
+    // 3. Record, sound and log. "b" marks a move of the book.
     PlayMoveSound(State);
-    Made.FromBook = State.BookMoveSource >= 1 || AskBook(State);
+    Made.FromBook = State.BookMoveSource >= 1;
     RecordMove(State, std::move(Made), game::MadeBy::Computer);
     LogComputerMove(State, Move.Report.MainLineText, Move.Report.SearchLog);
     view::DrawBoard(State, 0);

@@ -3,6 +3,7 @@
 // Plays and records nothing. Its search is not to be stopped: it is over in a moment.
 #include "control/hint.h"
 
+#include "control/book.h"
 #include "control/ending.h"
 #include "control/turn_state.h"
 #include "engine/quick_root.h"
@@ -94,7 +95,7 @@ void ShowHint(GameState& State, std::int32_t Noise) {
         }
         rules::InitGameTree(State);
         rules::GenerateGameMoves(State);
-        view::RefreshMoveChoices(State);
+        RefreshChoices(State);
     }
     view::SetStatus(State, Advice);
 }

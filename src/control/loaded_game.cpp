@@ -4,6 +4,7 @@
 // Previous Game brings it back.
 #include "control/loaded_game.h"
 
+#include "control/book.h"
 #include "control/ending.h"
 #include "control/game_document.h"
 #include "control/settings.h"
@@ -137,7 +138,7 @@ LoadReport PlayLoadedMoves(GameState& State, const std::vector<FileMove>& Moves,
     State.CommentText = State.Record.Last().Comment;
     view::SetStatus(State, view::SideMovesText(State.Side));
     rules::GenerateGameMoves(State);
-    view::RefreshMoveChoices(State);
+    RefreshChoices(State);
     view::DrawBoard(State, 0);
 
     // 3. Whether it has ended. A game is read whole even where it was played on past its end. The end of the last run's

@@ -3,6 +3,7 @@
 // A change of mode leaves position and record alone. Writes the mode and the names beside the board.
 #include "control/modes.h"
 
+#include "control/book.h"
 #include "control/computer_move.h"
 #include "control/input_state.h"
 #include "control/turn_state.h"
@@ -51,7 +52,7 @@ void EndOwnPlay(GameState& State) {
     NamePersonToMove(State);
     view::ShowPlayers(State);
     rules::GenerateGameMoves(State);
-    view::RefreshMoveChoices(State);
+    RefreshChoices(State);
 }
 
 } // namespace

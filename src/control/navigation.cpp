@@ -3,6 +3,7 @@
 // Reads the record; moves the position and the cursor `GameMoves`, and shows where it stands.
 #include "control/navigation.h"
 
+#include "control/book.h"
 #include "control/ending.h"
 #include "control/input_state.h"
 #include "control/turn_state.h"
@@ -129,7 +130,7 @@ void NavigateMoves(GameState& State, int Steps) {
         GoBack(State, Steps);
     }
     rules::GenerateGameMoves(State);
-    view::RefreshMoveChoices(State);
+    RefreshChoices(State);
 }
 
 bool StepForTool(GameState& State) {
@@ -151,7 +152,7 @@ void SettleAfterTool(GameState& State) {
     }
     rules::InitGameTree(State);
     rules::GenerateGameMoves(State);
-    view::RefreshMoveChoices(State);
+    RefreshChoices(State);
     view::DrawBoard(State, 0);
 }
 

@@ -3,6 +3,7 @@
 // Writes the notation, and again what is written in it: the lists, the calculation, the edges of the board.
 #include "control/notation.h"
 
+#include "control/book.h"
 #include "view/draw_board.h"
 #include "view/move_lists.h"
 
@@ -21,7 +22,7 @@ void RewriteMoves(GameState& State) {
     if (State.ShowCalculation == 1) {
         view::WriteCalculation(State);
     }
-    view::RefreshMoveChoices(State);
+    RefreshChoices(State);
 }
 
 void SetNotation(GameState& State, rules::Notation Names) {

@@ -1,6 +1,7 @@
 // Opening a game.
 #include "control/open_game.h"
 
+#include "control/book.h"
 #include "control/game_document.h"
 #include "control/kept_game.h"
 #include "control/pdn_game.h"
@@ -23,7 +24,7 @@ void OpenFile(GameState& State, const std::filesystem::path& File) {
     const LoadReport Report =
         IsPdnName(File) ? LoadPdnFile(State, File, LoadMode::Chosen) : LoadGameFile(State, File, LoadMode::Chosen);
     if (Report.How == LoadResult::Failed || Report.How == LoadResult::BadSetup) {
-        view::RefreshMoveChoices(State);
+        RefreshChoices(State);
         return;
     }
     State.Replaced = std::move(Before);

@@ -5,6 +5,7 @@
 #include "control/problems.h"
 
 #include "base/checked_number.h"
+#include "control/book.h"
 #include "control/calculation.h"
 #include "control/ending.h"
 #include "control/hint.h"
@@ -192,7 +193,7 @@ std::vector<Finding> SearchProblems(GameState& State) {
     EnterTurn(State, TurnState::Resting);
     rules::InitGameTree(State);
     rules::GenerateGameMoves(State);
-    view::RefreshMoveChoices(State);
+    RefreshChoices(State);
     view::DrawBoard(State, 0);
     view::SetStatus(State, "");
     State.Calculation.Text = CountText(Found.size());

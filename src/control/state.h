@@ -30,6 +30,8 @@ enum class DrawRule : std::uint8_t {
     TwoKingsAgainstOne
 };
 
+struct BookIndex;
+
 /// What a new game forgets: it assigns the struct anew.
 struct GameFields {
     game::GameRecord Record;
@@ -42,6 +44,7 @@ struct GameFields {
     std::string EndText;    ///< how the game ended, in words; empty while it goes on
     std::string StatusText; ///< the last announcement, shown again at the end of the record
     std::string OpeningName;
+    std::shared_ptr<const BookIndex> Book; ///< what the opening book has for this game; nothing until it is asked
     bool BookOpen = true;
     std::int32_t BookMoveSource = 0; ///< the book's move; 0 for none
     std::int32_t BookMoveDest = 0;
@@ -106,6 +109,7 @@ struct GameState : view::ViewState, GameFields, InputFields {
     bool LogOpen = false;
     std::shared_ptr<const ReplacedGame> Replaced; ///< what Restore Previous Game brings back; nothing if there is none
     bool AutosaveComplained = false;              ///< that the game can't be saved by itself has been said once
+    std::filesystem::path BookFolder;             ///< in place of the program's; empty: the program's
     std::optional<std::string> OwnName;           ///< the player's name in the settings, while a file has lent another
 
     // --- variant: written by `StartVariant` and whoever changes the position by hand -------------------------------

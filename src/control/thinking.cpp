@@ -33,7 +33,8 @@ void ClearList(view::ListFields& List) {
 
 // Leaves the book's move as the only one; false if the book has none that can be played.
 bool TakeBookMove(GameState& State, Purpose For) {
-    if (!AskBook(State)) {
+    State.BookMoveSource = 0;
+    if (!State.BookOpen || !DrawBookMove(State)) {
         State.BookOpen = State.BookOpen && For == Purpose::Analysis;
         return false;
     }
@@ -133,14 +134,6 @@ bool EndsBeforeThinking(GameState& State, Purpose For) {
 
 // --- Limits, book and search ---------------------------------------------------------------------------------------
 
-bool AskBook(GameState& State) {
-    State.BookMoveSource = 0;
-    if (State.UseBook == 1 && State.BookOpen) {
-        LookupBook(State, 1);
-    }
-    return State.BookMoveSource >= 1;
-}
-
 void Think(GameState& State, ThinkingInProgress& Move) {
     // 1. A moment to see the last move, then the clock starts.
     const bool ByTime = State.FixedDepth != 1;
@@ -196,7 +189,7 @@ void GiveBackWindow(GameState& State) {
         EnterTurn(State, TurnState::Resting);
     }
     rules::GenerateGameMoves(State);
-    view::RefreshMoveChoices(State);
+    RefreshChoices(State);
 }
 
 } // namespace zonterbrook::control

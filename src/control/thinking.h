@@ -40,9 +40,6 @@ void PrepareThinking(GameState& State, Purpose For);
 /// Whether the game is over as it stands; then it has been ended. The moves stand on the stack if it goes on.
 bool EndsBeforeThinking(GameState& State, Purpose For);
 
-/// Asks the book for the next half-move; true if it has one.
-bool AskBook(GameState& State);
-
 /// The search, from the moment to see the last move to the list of the moves that were looked at.
 void Think(GameState& State, ThinkingInProgress& Move);
 

@@ -1,6 +1,7 @@
 // What a person's move sets off: the end of the game, the other person's turn, or the computer's.
 #include "control/turn.h"
 
+#include "control/book.h"
 #include "control/ending.h"
 #include "rules/generate.h"
 #include "view/move_lists.h"
@@ -18,7 +19,7 @@ Follows FollowMove(GameState& State) {
     }
     view::SetStatus(State, "Player-Player mode");
     rules::GenerateGameMoves(State);
-    view::RefreshMoveChoices(State);
+    RefreshChoices(State);
     return Follows::Person;
 }
 

@@ -5,6 +5,7 @@
 #include "control/variant_start.h"
 
 #include "base/checked_number.h"
+#include "control/book.h"
 #include "control/input_state.h"
 #include "control/trap.h"
 #include "rules/generate.h"
@@ -122,7 +123,7 @@ void RestartGame(GameState& State) {
     NamePlayers(State);
     view::LayoutWindow(State);
     rules::GenerateGameMoves(State);
-    view::RefreshMoveChoices(State);
+    RefreshChoices(State);
     view::DrawBoard(State, 0);
 }
 

@@ -32,7 +32,7 @@ struct HalfMove {
     MadeBy By = MadeBy::Nobody;
     std::uint8_t Level = 0; ///< the computer's strength when it was made, 1 to 10
     std::int16_t Way = 0;   ///< captures with the same two ends that the generator lists before it
-    bool FromBook = false;  ///< the opening book knows it, or the position that it leads to
+    bool FromBook = false;  ///< the opening book has it
     std::string Comment;    ///< written before the move, so the one behind the last half-move may have one already
 };
 

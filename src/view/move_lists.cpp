@@ -6,6 +6,9 @@
 #include "rules/generate.h"
 #include "view/time_text.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace zonterbrook::view {
 
 namespace {
@@ -32,7 +35,12 @@ void RefreshMoveChoices(ViewState& State) {
     State.ChoiceList.Lines.clear();
     State.ChoiceList.Selected = -1;
     for (int I = State.StackLimit[State.Ply]; I < State.StackLimit[State.Ply + 1]; ++I) {
-        State.ChoiceList.Lines.push_back(game::MoveName(State, game::NamedMoveOf(State.MoveStack[I])));
+        const rules::MoveRecord& Move = State.MoveStack[I];
+        std::string Line = game::MoveName(State, game::NamedMoveOf(Move));
+        if (std::ranges::find(State.BookMoves, std::pair(Move.Source, Move.Dest)) != State.BookMoves.end()) {
+            Line += 'b';
+        }
+        State.ChoiceList.Lines.push_back(std::move(Line));
     }
 }
 

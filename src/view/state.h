@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zonterbrook::view {
@@ -281,6 +282,9 @@ struct ViewState : engine::EngineState, SettingsFields, WindowContents {
     std::string FileName; ///< of the file that holds the game, without its folder; empty for none
 
     std::int32_t HintedSquares[2] = {0, 0}; ///< of the move that a hint has told; 0 for none. Until the next click
+
+    std::vector<std::pair<std::int32_t, std::int32_t>>
+        BookMoves; ///< ends of the moves that the opening book recommends
 
     // --- written by `DrawBoard` -------------------------------------------------------------------------------------
     std::int32_t WhiteMaterial = 0; ///< men, a king counting two

@@ -110,8 +110,8 @@ TEST(IncludeGraph, EveryIncludeKeepsTheOrderOfTheFolders) {
 // said above the record, and nothing calls upward.
 constexpr const char* ControlOrder[] = {
     "command_id",  "platform",      "still_world", "state",          "turn_state", "log",           "trap",
-    "input_state", "settings",      "skin",        "game_document",  "kept_game",  "record",        "rating",
-    "ending",      "turn",          "book",        "calculation",    "thinking",   "computer_move", "analysis",
+    "input_state", "settings",      "skin",        "game_document",  "kept_game",  "book",          "record",
+    "rating",      "ending",        "turn",        "calculation",    "thinking",   "computer_move", "analysis",
     "hint",        "variant_start", "survey",      "variant_editor", "replay",     "loaded_game",   "pdn_game",
     "open_game",   "clipboard",     "details",     "saved_game",     "new_game",   "person_move",   "setup",
     "input",       "keyboard",      "navigation",  "ply_values",     "problems",   "restored_game", "draw_offer",
