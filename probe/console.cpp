@@ -190,6 +190,9 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
     if (Command == "set" && Rest.starts_with("BookDir")) {
         return SetBookFolder(base::Trim(Rest.substr(std::string_view("BookDir").size())));
     }
+    if (Command == "annotate") {
+        return Annotate(Rest);
+    }
     if (Command == "diagram") {
         return Diagram(Rest);
     }

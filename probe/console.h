@@ -63,6 +63,7 @@ private:
     std::string Game() const;
     std::string GoTo(const Words& Arguments);
     std::string ReadSettings(std::string_view File);
+    std::string Annotate(std::string_view Rest);
     std::string SetBookFolder(std::string_view Folder);
     std::string Book();
     std::string Hint(const Words& Arguments);

@@ -2,15 +2,72 @@
 #include "console.h"
 #include "console_text.h"
 #include "control/analysis.h"
+#include "control/annotation.h"
 #include "control/book.h"
 #include "control/hint.h"
+#include "control/pdn_game.h"
 #include "control/ply_values.h"
 #include "control/problems.h"
+#include "control/saved_game.h"
 #include "control/turn_state.h"
+#include "formats/pdn_index.h"
 #include "formats/text_file.h"
 #include "view/move_lists.h"
 
 namespace zonterbrook::probe {
+
+// A game at a time, each written as soon as it is done: a run that was stopped goes on behind the games that are there.
+std::string Console::Annotate(std::string_view Rest) {
+    const Words Arguments = SplitWords(Rest);
+    // The names of the files may hold blanks: the depth between them tells where they end.
+    std::size_t At = 1;
+    while (At + 1 < Arguments.size() && !base::IsDigits(Arguments[At])) {
+        ++At;
+    }
+    if (At + 1 >= Arguments.size()) {
+        throw CommandError("a file, a depth and another file are needed");
+    }
+    const int Depth = SmallNumber(Arguments[At], 1, rules::MaxPly);
+    const auto From = static_cast<std::size_t>(Arguments[At].data() - Rest.data());
+    const std::filesystem::path File = formats::TextPath(base::Trim(Rest.substr(0, From)));
+    const std::filesystem::path Out = formats::TextPath(base::Trim(Rest.substr(From + Arguments[At].size())));
+    const auto Looks = formats::IsPdnFile(File);
+    if (!Looks.Document || !*Looks.Document) {
+        throw CommandError("'" + formats::PathText(File) + "' is no PDN file that can be read");
+    }
+    constexpr std::size_t Slice = 1U << 22U;
+    const auto Scan = [](formats::PdnIndex& Games) {
+        while (Games.Scan(Slice)) {
+        }
+        return Games.Count();
+    };
+    std::error_code Error;
+    std::size_t Done = 0;
+    if (std::filesystem::exists(Out, Error)) {
+        formats::PdnIndex Written(Out);
+        Done = Scan(Written);
+    }
+    formats::PdnIndex Games(File);
+    std::string Text;
+    HasList = false;
+    PositionIsNew = false;
+    for (std::size_t Game = Done, Count = Scan(Games); Game < Count; ++Game) {
+        const auto Read = Games.Read(Game);
+        if (!Read.Document) {
+            throw CommandError("game " + std::to_string(Game + 1) + " can't be read");
+        }
+        control::ClearForLoad(*State);
+        control::StartPdnGame(*State, *Read.Document, {}, control::LoadMode::Chosen);
+        control::AnnotateGame(*State, Depth);
+        World.Said.clear();
+        if (!control::SaveGameTo(*State, Out)) {
+            throw CommandError("'" + formats::PathText(Out) + "' can't be written");
+        }
+        Text += "game " + std::to_string(Game + 1) + '\n';
+    }
+    World.Said.clear();
+    return Text;
+}
 
 std::string Console::SetBookFolder(std::string_view Folder) {
     std::error_code Error;

@@ -336,6 +336,8 @@ bool IsOpen(const GameState& State, view::Control Control) {
         return !IsBusy(State) && !State.RootList.Lines.empty();
     case view::Control::MoveBox:
         return !IsBusy(State);
+    case view::Control::CommentBox:
+        return State.Turn != TurnState::Measuring; // the record is not what it will be
     default:
         return true;
     }

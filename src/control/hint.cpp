@@ -42,8 +42,7 @@ bool SearchHint(GameState& State, std::int32_t Noise) {
     // 1. The root.
     State.Noise = Noise;
     State.SearchBase = State.GameMoves;
-    State.StopAutoPlay = 0;
-    State.CancelRequested = rules::StopRequest::None;
+    State.StopQuickSearch = 0;
     rules::InitGameTree(State);
     bool Lost = false;
     {

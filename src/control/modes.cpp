@@ -89,7 +89,7 @@ void ComputeForPerson(GameState& State) {
 
 void mnu_Play_Cancel_Click(GameState& State) {
     if (CanCancel(State)) {
-        State.CancelRequested = rules::StopRequest::Person;
+        AskForStop(State);
     }
 }
 

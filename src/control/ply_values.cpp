@@ -78,14 +78,13 @@ bool PlyValueTool::AnalysePlyValues(view::PlyRow& Row) {
     // 3. What has changed on the way down. With one ply there is no second to compare with.
     Row.Diff = HeldInRange(Row.Values[Watching.Deepest] - Row.Values[2]);
     Row.Flagged = view::IsCombination(Row, Watching.Deepest, Watching.Captures);
-    return State.StopAutoPlay != 1;
+    return State.StopQuickSearch != 1;
 }
 
 void PlyValueTool::Build() {
     // 1. A tool is at work.
     Begun = State.Record.Cursor;
-    State.CancelRequested = rules::StopRequest::None;
-    State.StopAutoPlay = 0;
+    State.StopQuickSearch = 0;
     State.HintSource = 0;
     State.HintDest = 0;
     ClearInput(State);
@@ -106,6 +105,7 @@ void PlyValueTool::Build() {
     }
 
     // 3. The game stands at the last row.
+    State.StopQuickSearch = 0;
     State.StopAutoPlay = 0;
     State.CancelRequested = rules::StopRequest::None;
     State.Progress.Value = 0;
@@ -120,7 +120,7 @@ void PlyValueTool::BuildTrapped() {
 void PlyValueTool::Cancel1_Click() {
     Cancelled = true;
     if (CanCancel(State)) {
-        State.CancelRequested = rules::StopRequest::Person;
+        AskForStop(State);
     }
 }
 

@@ -154,8 +154,7 @@ std::vector<Finding> SearchProblems(GameState& State) {
     const auto Game = std::make_unique<GameFields>(static_cast<const GameFields&>(State));
     const std::int32_t BestScore = State.BestScore;
     EnterTurn(State, TurnState::Measuring);
-    State.CancelRequested = rules::StopRequest::None;
-    State.StopAutoPlay = 0;
+    State.StopQuickSearch = 0;
     State.TypedText.clear();
     State.Calculated = {};
     view::WriteCalculation(State);
@@ -170,7 +169,7 @@ std::vector<Finding> SearchProblems(GameState& State) {
 
     // 3. Each move.
     for (const Ends& Move : Moves) {
-        if (State.StopAutoPlay == 1) {
+        if (State.StopQuickSearch == 1) {
             break;
         }
         if (auto Shot = TryMove(State, Move, BaseScore)) {
@@ -184,6 +183,7 @@ std::vector<Finding> SearchProblems(GameState& State) {
     }
 
     // 4. Everything is as it was.
+    State.StopQuickSearch = 0;
     State.StopAutoPlay = 0;
     State.CancelRequested = rules::StopRequest::None;
     State.BestScore = BestScore;

@@ -39,7 +39,7 @@ bool PersonAgrees(const GameState& State) {
 void CloseSoon(GameState& State) {
     State.CloseWanted = true;
     if (IsBusy(State)) {
-        State.CancelRequested = rules::StopRequest::Person;
+        AskForStop(State);
     }
 }
 

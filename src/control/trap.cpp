@@ -62,7 +62,7 @@ void End1(GameState& State) {
     }
     State.ProgramEnds = true;
     // A search below the failed handler unwinds by this before the window goes.
-    State.CancelRequested = rules::StopRequest::Person;
+    AskForStop(State);
     CloseLog(State);
     State.Outside().EndProgram();
 }

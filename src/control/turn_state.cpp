@@ -59,8 +59,18 @@ bool TakesMoves(const GameFields& Game) {
 }
 
 bool CanCancel(const GameState& State) {
-    return (State.Turn == Thinking || State.Turn == Measuring) && State.CancelRequested != rules::StopRequest::Person &&
-           State.StopAutoPlay == 0;
+    if (State.Turn == Measuring) {
+        return State.StopQuickSearch == 0;
+    }
+    return State.Turn == Thinking && State.CancelRequested != rules::StopRequest::Person && State.StopAutoPlay == 0;
+}
+
+void AskForStop(GameState& State) {
+    if (State.Turn == Measuring) {
+        State.StopQuickSearch = 1;
+    } else {
+        State.CancelRequested = rules::StopRequest::Person;
+    }
 }
 
 std::string CheckRest(const GameState& State) {

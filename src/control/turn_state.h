@@ -35,6 +35,9 @@ bool TakesMoves(const GameFields& Game);
 /// Whether a search runs that Cancel can stop and that has not been told to stop yet.
 bool CanCancel(const GameState& State);
 
+/// Asks whatever is at work to stop.
+void AskForStop(GameState& State);
+
 /// What does not hold of a state at rest; empty if all is well.
 std::string CheckRest(const GameState& State);
 

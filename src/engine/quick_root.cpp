@@ -28,7 +28,7 @@ public:
             State.MaxSearchDepth = Iteration + State.Plys;
             for (int Move = 0; Move < Count; ++Move) {
                 SearchMove(Move);
-                if (State.StopAutoPlay == 1) {
+                if (State.StopQuickSearch == 1) {
                     return Iteration - 1;
                 }
             }
@@ -53,10 +53,10 @@ private:
         // 1. The first move: once more where it lies outside of the window.
         std::int32_t Score = TryMove(Move);
         if (Move == 0) {
-            if (State.StopAutoPlay != 1 && (Score < Alpha || Score >= Beta)) {
+            if (State.StopQuickSearch != 1 && (Score < Alpha || Score >= Beta)) {
                 Score = TryMove(Move);
             }
-            if (State.StopAutoPlay != 1) {
+            if (State.StopQuickSearch != 1) {
                 Accept(Move, Score);
             }
             return;
@@ -64,13 +64,13 @@ private:
 
         // 2. Another one has to beat the best twice. The bound stays raised where it fails the second time. Wanted:
         // docs/kept_behaviour.md, "leaves its window behind".
-        if (State.StopAutoPlay == 1 || Score <= Alpha) {
+        if (State.StopQuickSearch == 1 || Score <= Alpha) {
             return;
         }
         const std::int32_t Before = std::exchange(Alpha, Score);
         Beta = WindowHigh;
         Score = TryMove(Move);
-        if (State.StopAutoPlay != 1 && Score > Before) {
+        if (State.StopQuickSearch != 1 && Score > Before) {
             Accept(Move, Score);
         }
     }

@@ -19,7 +19,7 @@ struct QuickPolicy {
 inline constexpr QuickPolicy HintPolicy = {false, true, false, 0};
 inline constexpr QuickPolicy ToolPolicy = {true, false, true, 1};
 
-/// Hears of the progress. May raise `CancelRequested` and must leave the position alone.
+/// Hears of the progress. May raise `StopQuickSearch` and must leave the position alone.
 class QuickObserver {
 public:
     QuickObserver() = default;
@@ -33,8 +33,8 @@ public:
     virtual void IterationDone(int /*Iteration*/) {}
 };
 
-/// Searches the root moves that the stack holds at `Ply` 0, iteration after iteration. Ends early where `StopAutoPlay`
-/// comes up, which a stop raises; returns the iterations that were completed. There must be a move.
+/// Searches the root moves that the stack holds at `Ply` 0, iteration after iteration. Ends early once
+/// `StopQuickSearch` is raised; returns the iterations that were completed. There must be a move.
 int QuickRootSearch(EngineState& State, const QuickPolicy& Policy, int Depth, QuickObserver& Observer);
 
 } // namespace zonterbrook::engine

@@ -88,11 +88,9 @@ std::int32_t SearchNode(EngineState& State, std::int32_t& Alpha, std::int32_t Be
     State.World->Yield();
     ++State.NodeCount;
 
-    // 2. Unwinding. The quick family only stops where it would look deeper.
-    if constexpr (!P.Quick) {
-        if (State.StopAutoPlay != 0) {
-            return 0;
-        }
+    // 2. Unwinding. The quick family only stops where it would look deeper, but for a tool that has been stopped.
+    if ((P.Quick ? State.StopQuickSearch : State.StopAutoPlay) != 0) {
+        return 0;
     }
 
     // 3. No line from here yet.

@@ -128,10 +128,11 @@ struct EngineState : rules::RulesState {
     std::int32_t RootSide;
     std::int32_t DrawPending;
     std::int32_t MaxSearchDepth;
-    std::int32_t StopAutoPlay; ///< 1: the search is unwinding
-    std::int32_t SearchBase;   ///< `GameMoves` at the root
-    std::int32_t QuietMoves;   ///< half-moves without capture or promotion up to the root, as the draw rule counts them
-    std::int32_t QuietLimit;   ///< how many there may be; 0: no limit
+    std::int32_t StopAutoPlay;    ///< 1: the search is unwinding
+    std::int32_t StopQuickSearch; ///< 1: a tool has been stopped, and its searches unwind
+    std::int32_t SearchBase;      ///< `GameMoves` at the root
+    std::int32_t QuietMoves; ///< half-moves without capture or promotion up to the root, as the draw rule counts them
+    std::int32_t QuietLimit; ///< how many there may be; 0: no limit
     std::int32_t AspirationWidth;
     std::int32_t BestScore;
     base::CheckedArray<RootMove, RootMoveEntries> RootMoves;

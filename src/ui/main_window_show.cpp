@@ -149,7 +149,8 @@ void MainWindow::ShowOpenControls() {
     const std::pair<QWidget*, Control> Closable[] = {{GameList, Control::GameList},
                                                      {ChoiceList, Control::ChoiceList},
                                                      {RootList, Control::RootList},
-                                                     {MoveBox, Control::MoveBox}};
+                                                     {MoveBox, Control::MoveBox},
+                                                     {CommentBox, Control::CommentBox}};
     for (const auto& [Widget, Which] : Closable) {
         const bool Open = control::IsOpen(*State, Which);
         if (Widget->isEnabled() != Open) {

@@ -114,9 +114,9 @@ constexpr const char* ControlOrder[] = {
     "rating",      "ending",        "turn",        "calculation",    "thinking",   "computer_move", "analysis",
     "hint",        "variant_start", "survey",      "variant_editor", "replay",     "loaded_game",   "pdn_game",
     "open_game",   "clipboard",     "details",     "saved_game",     "new_game",   "person_move",   "setup",
-    "input",       "keyboard",      "navigation",  "ply_values",     "problems",   "restored_game", "draw_offer",
-    "modes",       "notation",      "options",     "diagram",        "help",       "program",       "commands",
-    "events"};
+    "input",       "keyboard",      "navigation",  "annotation",     "ply_values", "problems",      "restored_game",
+    "draw_offer",  "modes",         "notation",    "options",        "diagram",    "help",          "program",
+    "commands",    "events"};
 
 TEST(IncludeGraph, ControlKeepsTheOrderOfItsFiles) {
     const fs::path Folder = fs::path(ZONTERBROOK_SOURCE_DIR) / "src/control";

@@ -233,6 +233,27 @@ TEST(Console, VariantFilesThatCannotBeRead) {
     EXPECT_TRUE(Probe.Execute("variant " + Variants).starts_with("error: ")) << "folder_read";
 }
 
+TEST(Console, AnnotatesGameByGameAndGoesOnWhereItStopped) {
+    namespace fs = std::filesystem;
+    const fs::path Folder = fs::path(testing::TempDir()) / "zonterbrook annotate";
+    fs::create_directories(Folder);
+    const fs::path In = Folder / "my games.pdn";
+    const fs::path Out = Folder / "out.pdn";
+    const std::string Game = "[Event \"A\"]\n\n1. 32-28 18-23 2. 37-32 {mine} *\n\n";
+    const std::string Command = "annotate " + In.string() + " 2 " + Out.string();
+    fs::remove(Out);
+    std::ofstream(In) << Game;
+    Console Probe(ZONTERBROOK_DATA_DIR);
+    EXPECT_EQ("game 1\nok\n", Probe.Execute(Command));
+    std::ofstream(In) << Game << Game;
+    EXPECT_EQ("game 2\nok\n", Probe.Execute(Command));
+    EXPECT_EQ("ok\n", Probe.Execute(Command));
+    EXPECT_TRUE(Probe.Execute("replay " + Out.string() + " 2").starts_with("game 2 ok plies 3 result *"));
+    EXPECT_TRUE(std::regex_search(Probe.Execute("game"), std::regex("\n1 d4e5 d4-e5 \\{\\[-?\\d+: .*\\]\\}\n")));
+    EXPECT_TRUE(Probe.Execute("annotate x 3").starts_with("error: "));
+    fs::remove_all(Folder);
+}
+
 TEST(Console, ThinksDepthByDepth) {
     Console Probe(ZONTERBROOK_DATA_DIR);
     const std::string Once = Probe.Execute("think 5");
