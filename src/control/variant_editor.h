@@ -76,8 +76,7 @@ public:
 
     // --- The person's own variants -----------------------------------------------------------------------------------
 
-    /// Whether a position that the person has set up can be the start of a variant; `KeepPosition` makes it that of the
-    /// next one saved.
+    /// Whether there is a position that the person has set up before: it can be the start of a variant that is saved.
     bool HasSetUpPosition() const { return SetUpPosition.has_value(); }
     /// Writes the rules in the boxes and the start position as a variant of the person's own, and chooses it. Gives a
     /// complaint, or an empty text; asks before it replaces one.
