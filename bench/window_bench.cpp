@@ -3,6 +3,7 @@
 //
 // Runs on the platform that QT_QPA_PLATFORM names, off screen if none does. Every round of the first needs a game's
 // folder that can be written, so it is made in a temporary one.
+#include "control/book.h"
 #include "control/events.h"
 #include "control/game_document.h"
 #include "control/loaded_game.h"
@@ -299,6 +300,54 @@ void LatencyInSearch(benchmark::State& Rounds) {
     Rounds.counters["turns"] = Events;
 }
 BENCHMARK(LatencyInSearch)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+
+/// A game of 20 half-moves, and a book of 2,000 lines that part from it at one half-move or another.
+struct BookWindow {
+    static constexpr int HalfMoves = 20;
+    static constexpr int BookLines = 2000;
+    QTemporaryDir Own;
+    ui::MainWindow Window{FoldersIn(Own)};
+
+    BookWindow() {
+        control::GameState& Game = Window.GameOf();
+        Game.BookFolder = Own.path().toStdString();
+        control::RunCommand(Game, control::CommandId::PlayerPlayer);
+        std::string Line;
+        for (int HalfMove = 1; HalfMove <= HalfMoves; ++HalfMove) {
+            Game.TypedText = Game.ChoiceList.Lines.back();
+            control::Text2_KeyUp(Game, control::EnterKey);
+            const auto Made = game::NamedMoveOf(Game.Record.Last().Played.Record);
+            Line += game::RawMove(rules::Notation::Numeric, Made) + ' ';
+        }
+        std::string Text = "QUAVERSET Version=0.89\nVariant=International Checkers\nstart\n" + Line + "\n";
+        for (int I = 0; I < BookLines; ++I) {
+            std::string Other = Line;
+            const int Square = 10 + I % 40;
+            Other.replace(static_cast<std::size_t>(I % HalfMoves) * 5, 4, std::to_string(Square * 101));
+            Text += Other + "\n";
+        }
+        formats::WriteFile(Game.BookFolder / "International Checkers.bok", Text + "end\n");
+    }
+};
+
+void LookUpBook(benchmark::State& Rounds) {
+    BookWindow Book;
+    for (auto _ : Rounds) {
+        control::LookupBook(Book.Window.GameOf(), 0);
+    }
+    Rounds.counters["in_book"] = Book.Window.GameOf().InBook ? 1 : 0;
+}
+BENCHMARK(LookUpBook)->Unit(benchmark::kMicrosecond);
+
+/// The first question of a game.
+void ReadBook(benchmark::State& Rounds) {
+    BookWindow Book;
+    for (auto _ : Rounds) {
+        Book.Window.GameOf().Book.reset();
+        control::LookupBook(Book.Window.GameOf(), 0);
+    }
+}
+BENCHMARK(ReadBook)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -15,8 +15,8 @@ namespace zonterbrook::control {
 
 /// The lines that fit a game, from one file.
 struct BookIndex {
-    std::string VariantName; ///< what it was made for
-    std::filesystem::path Folder;
+    std::string VariantName;      ///< what it was made for
+    std::filesystem::path Folder; ///< as `GameState::BookFolder`
     bool Fallback = false;
 
     bool Mirrored = false; ///< the book has the colours the other way round
@@ -123,10 +123,10 @@ void TakeBlock(const GameState& State, const BookBlock& Block, BookIndex& Index)
 std::shared_ptr<const BookIndex> MakeIndex(GameState& State) {
     auto Index = std::make_shared<BookIndex>();
     Index->VariantName = State.VariantName;
-    Index->Folder = FolderOf(State);
+    Index->Folder = State.BookFolder;
     Index->Fallback = State.BookFallback == 1;
     const std::string Name = (Index->Fallback ? std::string(DefaultVariant) : State.VariantName) + ".bok";
-    const auto File = formats::FindFile(Index->Folder, Name);
+    const auto File = formats::FindFile(FolderOf(State), Name);
     const auto Text = File ? formats::ReadTextFile(*File).Document : std::nullopt;
     if (!Text) {
         return Index;
@@ -143,7 +143,7 @@ std::shared_ptr<const BookIndex> MakeIndex(GameState& State) {
 
 const BookIndex& IndexOf(GameState& State) {
     const bool Good = State.Book != nullptr && State.Book->VariantName == State.VariantName &&
-                      State.Book->Fallback == (State.BookFallback == 1) && State.Book->Folder == FolderOf(State);
+                      State.Book->Fallback == (State.BookFallback == 1) && State.Book->Folder == State.BookFolder;
     if (!Good) {
         State.Book = MakeIndex(State);
     }
@@ -169,6 +169,7 @@ std::vector<std::string> MovesSoFar(const GameState& State, bool Mirror) {
     for (int Number = 1; Number <= State.Record.Cursor; ++Number) {
         const game::NamedMove Made = game::NamedMoveOf(State.Record.HalfMoves[Number].Played.Record);
         std::string Move = game::RawMove(Letters ? rules::Notation::Algebraic : rules::Notation::Numeric, Made);
+        Move.resize(formats::BookMove, '0'); // a piece that enters has one square
         Moves.push_back(Mirror ? Mirrored(Move) : std::move(Move));
     }
     return Moves;
@@ -207,6 +208,9 @@ game::MoveEnds EndsOf(const GameState& State, std::string_view Candidate) {
                    ? rules::AlgebraicCell(base::ToUpper(Name))
                    : rules::NumberedCell(State.RuleSet.PiecesOnBlack, base::LenientNumber(Name));
     };
+    if (Move.find_first_not_of(" 0", 2) == std::string::npos) {
+        return {Cell(0) == 0 ? 0 : rules::FromHand, Cell(0)}; // a piece that enters
+    }
     return {Cell(0), Cell(2)};
 }
 
@@ -240,6 +244,19 @@ BookAnswer AskBook(GameState& State) {
     return Answer;
 }
 
+namespace {
+
+BookAnswer AskIfWanted(GameState& State) {
+    return State.UseBook == 1 && State.BookOpen ? AskBook(State) : BookAnswer{};
+}
+
+void ShowName(GameState& State, const BookAnswer& Answer) {
+    State.OpeningName = Answer.Name;
+    State.StatusPanels[view::OpeningPanel] = Answer.Name;
+}
+
+} // namespace
+
 bool DrawBookMove(GameState& State) {
     State.BookMoveSource = 0;
     State.BookMoveDest = 0;
@@ -256,17 +273,18 @@ bool DrawBookMove(GameState& State) {
     return State.BookMoveSource >= 1;
 }
 
+void ShowOpening(GameState& State) {
+    ShowName(State, AskIfWanted(State));
+}
+
 void RefreshChoices(GameState& State) {
+    const BookAnswer Answer = AskIfWanted(State);
     State.BookMoves.clear();
-    if (State.UseBook == 1) {
-        const BookAnswer Answer = AskBook(State);
-        for (const std::string& Candidate : Answer.Candidates) {
-            const game::MoveEnds Ends = EndsOf(State, Candidate);
-            State.BookMoves.emplace_back(Ends.Source, Ends.Dest);
-        }
-        State.OpeningName = Answer.Name;
-        State.StatusPanels[view::OpeningPanel] = Answer.Name;
+    for (const std::string& Candidate : Answer.Candidates) {
+        const game::MoveEnds Ends = EndsOf(State, Candidate);
+        State.BookMoves.emplace_back(Ends.Source, Ends.Dest);
     }
+    ShowName(State, Answer);
     view::RefreshMoveChoices(State);
 }
 

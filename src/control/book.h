@@ -24,6 +24,9 @@ BookAnswer AskBook(GameState& State);
 /// notes the opening's name. True if there is a move.
 bool DrawBookMove(GameState& State);
 
+/// Shows what the opening of the game so far is called, nothing while no book is asked for.
+void ShowOpening(GameState& State);
+
 /// Lists the moves that may be played, with a mark behind those that the book recommends, and shows the opening's name.
 void RefreshChoices(GameState& State);
 

@@ -6,6 +6,7 @@
 #include "control/computer_move.h"
 
 #include "base/checked_number.h"
+#include "control/book.h"
 #include "control/log.h"
 #include "control/record.h"
 #include "control/thinking.h"
@@ -79,10 +80,11 @@ void PlayBest(GameState& State, MoveInProgress& Move) {
         AnnounceForced(State);
     }
 
-    // 3. Record, sound and log. "b" marks a move of the book.
+    // 3. Record, sound and log; "b" marks a move of the book. The name of the opening that the game has come to.
     PlayMoveSound(State);
     Made.FromBook = State.BookMoveSource >= 1;
     RecordMove(State, std::move(Made), game::MadeBy::Computer);
+    ShowOpening(State);
     LogComputerMove(State, Move.Report.MainLineText, Move.Report.SearchLog);
     view::DrawBoard(State, 0);
 }

@@ -32,10 +32,9 @@ void ClearList(view::ListFields& List) {
 }
 
 // Leaves the book's move as the only one; false if the book has none that can be played.
-bool TakeBookMove(GameState& State, Purpose For) {
+bool TakeBookMove(GameState& State) {
     State.BookMoveSource = 0;
     if (!State.BookOpen || !DrawBookMove(State)) {
-        State.BookOpen = State.BookOpen && For == Purpose::Analysis;
         return false;
     }
     for (int I = 0; I < State.StackLimit[1]; ++I) {
@@ -144,7 +143,7 @@ void Think(GameState& State, ThinkingInProgress& Move) {
     int Depth = ByTime ? DeepestByTime : State.SearchDepth;
 
     // 2. A single move, or one that the book knows, is not thought about.
-    const bool FromBook = State.UseBook == 1 && TakeBookMove(State, Move.For);
+    const bool FromBook = State.UseBook == 1 && TakeBookMove(State);
     if (Move.Choices == 1 || FromBook) {
         Depth = 1;
     }

@@ -80,8 +80,10 @@ bool ReadLines(Lines& Text, BookBlock& Block) {
         } else if (InNames) {
             const std::size_t Quote = Line.find('\'');
             if (Quote != std::string::npos) {
-                const std::size_t End = Line.find('\'', Quote + 1);
-                Block.Names.emplace_back(Line.substr(0, Quote), Line.substr(Quote + 1, End - Quote - 1));
+                // A name may have an apostrophe in it; the closing quote may be missing.
+                const std::size_t End = Line.rfind('\'');
+                const std::size_t Length = End > Quote ? End - Quote - 1 : std::string::npos;
+                Block.Names.emplace_back(Line.substr(0, Quote), Line.substr(Quote + 1, Length));
             }
         } else if (!base::Trim(Line).empty()) {
             Before = Expanded(Line, Before);

@@ -33,7 +33,7 @@ struct GameFileWay {
 struct GameFileDocument {
     std::string VariantName;
     std::string Setup;    ///< the start position, as `rules::SetupText`; empty where the file lays none
-    bool BookOpen = true; ///< the game is still one that the opening book knows
+    bool BookOpen = true; ///< the game may be played by the opening book
     rules::Notation Names = rules::Notation::Algebraic; ///< of the raw moves
     rules::RuleSetFields Rules;
     std::optional<std::int32_t> UseClassic; ///< as the settings have it; nothing where the file does not tell

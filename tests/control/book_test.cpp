@@ -1,5 +1,8 @@
 // The opening book: which block fits, what it recommends, what the opening is called, what the computer makes of it.
 #include "control/book.h"
+#include "control/navigation.h"
+#include "control/record.h"
+#include "formats/book_file.h"
 #include "formats/text_file.h"
 #include "support/game_fixture.h"
 
@@ -154,11 +157,40 @@ TEST_F(Book, TheComputerPlaysFromItAndTheListMarksIt) {
     Run(Compute);
     EXPECT_EQ("      e7-d6b", State.GameList.Lines.at(1));
     EXPECT_TRUE(State.Calculation.Text.find("\nBook") != std::string::npos) << State.Calculation.Text;
-    EXPECT_TRUE(State.BookOpen);
     Run(Compute);
-    EXPECT_FALSE(State.BookOpen) << "it has no more moves";
     EXPECT_FALSE(State.Record.Last().FromBook);
+    control::NavigateMoves(State, 2);
+    Run(Compute);
+    EXPECT_TRUE(State.Record.Last().FromBook) << "a game that steps back into its book has it again";
+    State.UseBook = 0;
+    control::RefreshChoices(State);
+    EXPECT_EQ("", State.StatusPanels[view::OpeningPanel]) << "the name of a book that is switched off";
     EXPECT_EQ("", control::CheckRest(State));
+}
+
+// The books that come with the program: each fits the variant that it is named after, and every line can be played.
+TEST_F(Book, ShippedBooksCanBePlayed) {
+    State.BookFolder.clear();
+    for (const auto& Entry : fs::directory_iterator(World.Directory / "books")) {
+        PlayVariant(Entry.path().stem().string());
+        EXPECT_FALSE(control::AskBook(State).Candidates.empty()) << Entry.path();
+        const bool Letters = State.RuleSet.PiecesOnBlack == 2;
+        State.NotationMode = Letters ? rules::Notation::Algebraic : rules::Notation::Numeric;
+        const formats::BookDocument Read = formats::ReadBook(*formats::ReadTextFile(Entry.path()).Document);
+        for (const formats::BookBlock& Block : Read.Blocks) {
+            std::vector<std::string> Rows = Block.Lines;
+            for (const auto& [Moves, Name] : Block.Names) {
+                Rows.push_back(Moves);
+            }
+            for (const std::string& Line : Rows) {
+                control::RestartGame(State);
+                for (const std::string& Move : formats::MovesOfCells(Line)) {
+                    const auto Ends = game::ReadRawMove(State, Move);
+                    ASSERT_TRUE(control::EnterMove(State, Ends.Source, Ends.Dest)) << Entry.path() << ": " << Line;
+                }
+            }
+        }
+    }
 }
 
 } // namespace

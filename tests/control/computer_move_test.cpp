@@ -373,10 +373,8 @@ TEST_F(ComputerMoves, AnOldCancelDoesNotStopTheNextSearchAndNoneIsAskedForWithou
     EXPECT_EQ(rules::StopRequest::None, State.CancelRequested);
     State.CancelRequested = rules::StopRequest::Person;
     State.SearchDepth = 3;
-    State.UseBook = 1;
     Think();
     EXPECT_EQ(3, State.Record.HalfMoves[1].Depth);
-    EXPECT_EQ(0, State.BookOpen) << "a book that is not there is asked again at every move";
     EXPECT_NE('b', State.GameList.Lines[0].back());
 }
 
