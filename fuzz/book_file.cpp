@@ -5,14 +5,14 @@
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* Bytes, std::size_t Size) {
     using namespace zonterbrook;
-    const auto Read = formats::ReadBookFile(fuzz::TextOf(Bytes, Size));
-    fuzz::Expect(Read.Document.has_value() == (Read.Fault == formats::BookFileFault::None), "a refusal says why");
-    if (!Read.Document) {
-        return 0;
-    }
-    for (const formats::BookBlock& Block : Read.Document->Blocks) {
+    const formats::BookDocument Book = formats::ReadBook(fuzz::TextOf(Bytes, Size));
+    fuzz::Expect(Book.Fault == formats::BookFault::None || Book.Blocks.empty(), "what is no book has no lines");
+    for (const formats::BookBlock& Block : Book.Blocks) {
+        fuzz::Expect(Block.Movements.size() <= 4, "as many movements as there are kinds of pieces");
         for (const std::string& Line : Block.Lines) {
-            fuzz::Expect(Line.size() % formats::BookCellLength != formats::BookMoveLength, "every move has a mark");
+            for (const std::string& Move : formats::MovesOfCells(Line)) {
+                fuzz::Expect(Move.size() == formats::BookMove, "a move is whole");
+            }
         }
     }
     return 0;
