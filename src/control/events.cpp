@@ -7,6 +7,8 @@
 #include "control/trap.h"
 #include "control/turn_state.h"
 #include "view/board_cursor.h"
+#include "view/draw_board.h"
+#include "view/layout.h"
 
 namespace zonterbrook::control {
 
@@ -109,6 +111,12 @@ void OpenListed(GameState& State, std::size_t Place) {
 void Form_Load(GameState& State) {
     RunTrapped(
         State, [&] { StartProgram(State); }, ErrorFound);
+}
+
+void ChangeDensity(GameState& State, std::int32_t TwipsPerPixel) {
+    State.TwipsPerPixel = TwipsPerPixel;
+    view::LayoutWindow(State);
+    view::DrawEdges(State);
 }
 
 void Form_QueryUnload(GameState& State, bool& Cancel) {

@@ -67,6 +67,9 @@ void OpenListed(GameState& State, std::size_t Place);
 /// Once, before the window is shown. `State` must be fresh and its `TwipsPerPixel` set.
 void Form_Load(GameState& State);
 
+/// The window's texts have another density now: 12 or 15 twips to a pixel.
+void ChangeDensity(GameState& State, std::int32_t TwipsPerPixel);
+
 /// The window is about to close; `Cancel` comes back true if it is to stay.
 void Form_QueryUnload(GameState& State, bool& Cancel);
 

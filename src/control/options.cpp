@@ -114,7 +114,9 @@ void OptionsEditor::cmdApply_Click() {
     State.PlyValueDepth =
         static_cast<decltype(State.PlyValueDepth)>(view::ReadWithin(Form.PlyValueDepth, 1, DeepestTable));
     State.MoveLimitChoice = static_cast<decltype(State.MoveLimitChoice)>(Form.MoveLimitChoice);
-    State.OwnSettings = {Form.Volume, Form.DarkHighlight, Form.LightHighlight};
+    State.OwnSettings.Volume = Form.Volume;
+    State.OwnSettings.DarkHighlight = Form.DarkHighlight;
+    State.OwnSettings.LightHighlight = Form.LightHighlight;
     // A name that a file has lent stays beside the board until the person types another one.
     if (Form.PlayerName != State.OwnName.value_or(State.PlayerName)) {
         State.OwnName.reset();

@@ -20,6 +20,7 @@ constexpr std::string_view SettingsName = "quavermill.ini";
 constexpr std::string_view RatingName = "quavermill.rtg";
 constexpr std::string_view OwnSettingsName = "zonterbrook.conf";
 constexpr std::string_view RecentKey = "recent";
+constexpr std::string_view WindowKey = "window";
 
 /// The numbers among the program's own settings.
 struct OwnNumber {
@@ -165,6 +166,8 @@ void LoadOwnSettings(GameState& State) {
                 State.OwnSettings.*Each.Field = static_cast<std::int32_t>(Value);
             }
         }
+        const auto Place = formats::ValuesOf(Values, WindowKey);
+        State.OwnSettings.WindowPlace = Place.empty() ? std::string() : Place.front();
     }
 }
 
@@ -178,6 +181,9 @@ void SaveOwnSettings(const GameState& State) {
     }
     for (const OwnNumber& Each : OwnNumbers) {
         Values.emplace_back(Each.Key, std::to_string(State.OwnSettings.*Each.Field));
+    }
+    if (!State.OwnSettings.WindowPlace.empty()) {
+        Values.emplace_back(WindowKey, State.OwnSettings.WindowPlace);
     }
     WriteOwnFile(State, OwnSettingsName, formats::WriteConfiguration(Values));
 }

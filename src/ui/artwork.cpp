@@ -46,8 +46,13 @@ void PaintLayer(QPainter& Painter, const char* Name, const QRectF& Place) {
     if (Name == nullptr) {
         return;
     }
-    QSvgRenderer Drawing(QStringLiteral(":/art/pieces/%1.svg").arg(QLatin1String(Name)));
-    Drawing.render(&Painter, Place);
+    // Read once: a window that is resized draws them anew for each size.
+    static QHash<QLatin1String, std::shared_ptr<QSvgRenderer>> Drawings;
+    std::shared_ptr<QSvgRenderer>& Drawing = Drawings[QLatin1String(Name)];
+    if (Drawing == nullptr) {
+        Drawing = std::make_shared<QSvgRenderer>(QStringLiteral(":/art/pieces/%1.svg").arg(QLatin1String(Name)));
+    }
+    Drawing->render(&Painter, Place);
 }
 
 QPixmap Compose(view::Picture Which, QSize Size, qreal Density) {

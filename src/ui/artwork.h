@@ -30,6 +30,9 @@ public:
     /// The picture of a cell, `Size` device pixels large. `Density`: device pixels to a pixel of the toolkit.
     const QPixmap& CellPicture(view::Picture Which, QSize Size, qreal Density);
 
+    /// Lets go of the pictures of the sizes so far: the board has another one now.
+    void ForgetSizes() { Prepared.clear(); }
+
     /// The mouse pointer of a piece in the hand, as large as on a cell of `CellPixels`; `Picture::None` gives the usual
     /// pointer.
     QCursor Pointer(view::Picture Which, int CellPixels, qreal Density);

@@ -22,7 +22,8 @@ namespace zonterbrook::ui {
 namespace {
 
 constexpr int CellsInRow = 10;
-constexpr int BandPixels = 4;    // the wooden band outside the frame's line
+constexpr int EdgePixels = 12;   // between the window's edge and the frame
+constexpr double BandTwips = 60; // the wooden band outside the frame's line
 constexpr int NumberTwips = 100; // of a square's number from the cell's corner
 const QColor FrameLine(46, 27, 13);
 const QColor BandLight(122, 86, 54);
@@ -33,8 +34,8 @@ constexpr int CursorInset = 5; // inside the highlight
 const QColor HintLine(102, 255, 153);
 const QColor HintEdge(0, 60, 20);
 
-int Pixels(int Twips, int TwipsPerPixel) {
-    return static_cast<int>(std::lround(static_cast<double>(Twips) / TwipsPerPixel));
+int Pixels(double Twips, double TwipsPerPixel) {
+    return static_cast<int>(std::lround(Twips / TwipsPerPixel));
 }
 
 // The lowest byte is the red one.
@@ -83,7 +84,7 @@ std::optional<control::BoardKey> KeyOfCursor(const QKeyEvent& Event) {
 
 } // namespace
 
-QRect PixelRect(const view::Rectangle& Place, int TwipsPerPixel) {
+QRect PixelRect(const view::Rectangle& Place, double TwipsPerPixel) {
     const int Left = Pixels(Place.Left, TwipsPerPixel);
     const int Top = Pixels(Place.Top, TwipsPerPixel);
     return {Left, Top, Pixels(Place.Left + Place.Width, TwipsPerPixel) - Left,
@@ -103,7 +104,11 @@ BoardWidget::~BoardWidget() {
     QAccessible::removeActivationObserver(this);
 }
 
-void BoardWidget::PlaceBoard(const view::WindowContents& Contents, int Twips, int Offset) {
+void BoardWidget::PlaceBoard(const view::WindowContents& Contents, double Twips, int Offset) {
+    if (TwipsPerPixel != Twips) {
+        Pictures.ForgetSizes();
+        PointerShown = view::Picture::None;
+    }
     TwipsPerPixel = Twips;
     UpBy = Offset;
     Layout = Contents.Layout;
@@ -140,12 +145,18 @@ void BoardWidget::Display(const view::WindowContents& Contents) {
     TellScreenReader(CursorMoved);
 }
 
+// A cell reaches to where the next one begins, so that no scale leaves a seam; the last ones end as the tables say.
 QRect BoardWidget::CellRect(int Cell) const {
+    const auto Edge = [this](int From, int Index) { return Pixels(From + Index * Layout.Pitch, TwipsPerPixel); };
+    const auto End = [&](int From, int Index) {
+        return Index + 1 < CellsInRow ? Edge(From, Index + 1)
+                                      : Edge(From, Index) + Pixels(Layout.CellSize, TwipsPerPixel);
+    };
     const int Column = Cell % CellsInRow;
     const int Row = Cell / CellsInRow;
-    const int Side = Pixels(Layout.CellSize, TwipsPerPixel);
-    return {Pixels(Layout.BoardLeft + Column * Layout.Pitch, TwipsPerPixel),
-            Pixels(Layout.BoardTop + Row * Layout.Pitch, TwipsPerPixel) - UpBy, Side, Side};
+    const QPoint Corner(Edge(Layout.BoardLeft, Column), Edge(Layout.BoardTop, Row));
+    const QSize Size(End(Layout.BoardLeft, Column) - Corner.x(), End(Layout.BoardTop, Row) - Corner.y());
+    return {Corner - QPoint(0, UpBy), Size};
 }
 
 // --- Painting -------------------------------------------------------------------------------------------------------
@@ -252,7 +263,8 @@ void BoardWidget::PaintCursor(QPainter& Painter, int Cell) {
 
 void BoardWidget::PaintFrame(QPainter& Painter) const {
     const QRect Line = PixelRect(Frame, TwipsPerPixel).translated(0, -UpBy);
-    const QRectF Outside = QRectF(Line).adjusted(-BandPixels, -BandPixels, BandPixels + 1, BandPixels + 1);
+    const int Band = BandWidth();
+    const QRectF Outside = QRectF(Line).adjusted(-Band, -Band, Band + 1, Band + 1);
     QLinearGradient Wood(Outside.topLeft(), Outside.bottomRight());
     Wood.setColorAt(0, BandLight);
     Wood.setColorAt(1, BandDark);
@@ -269,7 +281,7 @@ void BoardWidget::PaintFrame(QPainter& Painter) const {
 QFont BoardWidget::LabelFont() const {
     // Two digits have to stand between the window's edge and the board.
     QFont Font = font();
-    const int Room = Pixels(Layout.BoardLeft, TwipsPerPixel) - BandPixels - 4;
+    const int Room = Pixels(Layout.BoardLeft, TwipsPerPixel) - BandWidth() - 4;
     const int Width = QFontMetrics(Font).horizontalAdvance(QStringLiteral("50"));
     if (Width > Room && Room > 0) {
         Font.setPixelSize(std::max(8, QFontInfo(Font).pixelSize() * Room / Width));
@@ -277,14 +289,37 @@ QFont BoardWidget::LabelFont() const {
     return Font;
 }
 
+int BoardWidget::BandWidth() const {
+    return std::clamp(Pixels(BandTwips, TwipsPerPixel), 2, EdgePixels - 2);
+}
+
+// The tables tell which file or rank a label belongs to; it stands in the middle of it in any font.
+QPoint BoardWidget::LabelCentre(const view::EdgeLabel& Label) const {
+    constexpr double HalfDigit = 45; // in twips, of the font that the tables were made for
+    constexpr double HalfLine = 98;
+    const auto Index = [this](double Middle, int From) {
+        const double Cell = (Middle - From - Layout.CellSize / 2.0) / Layout.Pitch;
+        return std::clamp(static_cast<int>(std::lround(Cell)), 0, CellsInRow - 1);
+    };
+    const QRect Line = PixelRect(Frame, TwipsPerPixel).translated(0, -UpBy);
+    if (Label.X < Layout.BoardLeft) {
+        const int Row = Index(Label.Y + HalfLine, Layout.BoardTop);
+        return {(Line.left() - BandWidth()) / 2, CellRect(Row * CellsInRow).center().y()};
+    }
+    const int Column = Index(Label.X + HalfDigit * static_cast<double>(Label.Text.size()), Layout.BoardLeft);
+    const int Below = Line.bottom() + BandWidth() + 2 + QFontMetrics(LabelFont()).height() / 2;
+    return {CellRect(Column).center().x(), Below};
+}
+
 void BoardWidget::PaintLabels(QPainter& Painter) const {
     const QFont Font = LabelFont();
-    const int Ascent = QFontMetrics(Font).ascent();
+    const QFontMetrics Metrics(Font);
     Painter.setFont(Font);
     Painter.setPen(palette().color(QPalette::WindowText));
     for (const view::EdgeLabel& Label : EdgeLabels) {
-        Painter.drawText(Pixels(Label.X, TwipsPerPixel), Pixels(Label.Y, TwipsPerPixel) - UpBy + Ascent,
-                         QString::fromStdString(Label.Text));
+        QRect Around(0, 0, 4 * Metrics.averageCharWidth() + 8, Metrics.height());
+        Around.moveCenter(LabelCentre(Label));
+        Painter.drawText(Around, Qt::AlignCenter, QString::fromStdString(Label.Text));
     }
 }
 

@@ -18,7 +18,7 @@
 namespace zonterbrook::ui {
 
 /// A place given in twips, in pixels of the toolkit.
-QRect PixelRect(const view::Rectangle& Place, int TwipsPerPixel);
+QRect PixelRect(const view::Rectangle& Place, double TwipsPerPixel);
 
 class BoardWidget : public QWidget, private QAccessible::ActivationObserver {
     Q_OBJECT
@@ -30,8 +30,9 @@ public:
     /// Shows the board's part of the contents: repaints what differs from what stands there.
     void Display(const view::WindowContents& Contents);
 
-    /// Takes the layout over: where cells, frame and labels stand, `Offset` pixels further up than the layout says.
-    void PlaceBoard(const view::WindowContents& Contents, int Twips, int Offset);
+    /// Takes the layout over: where cells, frame and labels stand, `Offset` pixels further up than the layout says,
+    /// with so many twips of the layout to a pixel.
+    void PlaceBoard(const view::WindowContents& Contents, double Twips, int Offset);
 
     /// Where a cell stands in this widget; of a cell of 0 to 99.
     QRect CellRect(int Cell) const;
@@ -82,6 +83,8 @@ public:
 private:
     QPoint TwipsIn(int Cell, QPointF Where) const;
     QFont LabelFont() const;
+    int BandWidth() const;
+    QPoint LabelCentre(const view::EdgeLabel& Label) const;
     void PaintCell(QPainter& Painter, int Cell);
     void PaintCursor(QPainter& Painter, int Cell);
     void PaintPicture(QPainter& Painter, view::Picture Which, const QRect& Area);
@@ -103,7 +106,7 @@ private:
     view::LayoutFields Layout;
     view::Rectangle Frame;
     bool FrameShown = false;
-    int TwipsPerPixel = 15;
+    double TwipsPerPixel = 15;
     int UpBy = 0;         // pixels by which everything stands further up than in the layout
     int PressedCell = -1; // the cell that hears of the mouse while a button is held
     view::Picture PointerShown = view::Picture::None;

@@ -18,6 +18,7 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QUrl>
+#include <QWindow>
 
 #include <cmath>
 
@@ -155,6 +156,9 @@ void MainWindow::ConnectControls() {
 
 // With nothing to edit in the box of typed moves, the keys that go through the game are the commands' own.
 bool MainWindow::eventFilter(QObject* Watched, QEvent* Event) {
+    if (Watched == Inner && Event->type() == QEvent::Resize && EverShown) {
+        PlaceControls();
+    }
     if (Event->type() == QEvent::MouseButtonPress || Event->type() == QEvent::MouseButtonRelease) {
         const auto* Mouse = static_cast<QMouseEvent*>(Event);
         for (const CounterOf& Each : Counters) {
@@ -233,6 +237,29 @@ void MainWindow::dropEvent(QDropEvent* Event) {
         this, [this, File] { OpenFile(File); }, Qt::QueuedConnection);
 }
 
+// --- The screen -----------------------------------------------------------------------------------------------------
+
+void MainWindow::showEvent(QShowEvent* Event) {
+    QMainWindow::showEvent(Event);
+    if (!FollowsScreen) {
+        FollowsScreen = true;
+        connect(windowHandle(), &QWindow::screenChanged, this, &MainWindow::FollowScreen);
+        FollowScreen();
+    }
+}
+
+// The window is on another screen, or the density of its texts has changed.
+void MainWindow::FollowScreen() {
+    for (const QScreen* Each : QGuiApplication::screens()) {
+        Each->disconnect(this);
+    }
+    connect(screen(), &QScreen::logicalDotsPerInchChanged, this, &MainWindow::FollowScreen);
+    const int Twips = TwipsPerPixelOf(screen());
+    if (State->TwipsPerPixel != Twips) {
+        Dispatch([Twips](control::GameState& Game) { control::ChangeDensity(Game, Twips); });
+    }
+}
+
 // --- The end --------------------------------------------------------------------------------------------------------
 
 void MainWindow::closeEvent(QCloseEvent* Event) {
@@ -244,6 +271,7 @@ void MainWindow::closeEvent(QCloseEvent* Event) {
             Event->ignore();
             return;
         }
+        State->OwnSettings.WindowPlace = saveGeometry().toBase64().toStdString();
         control::Form_Unload(*State);
         EndWanted = true;
     }

@@ -8,6 +8,7 @@
 #include "ui/board_widget.h"
 #include "ui/line_list.h"
 #include "ui/qt_platform.h"
+#include "ui/window_layout.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -21,6 +22,7 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <utility>
 
 namespace zonterbrook::ui {
 
@@ -60,6 +62,7 @@ protected:
     bool eventFilter(QObject* Watched, QEvent* Event) override;
     void keyPressEvent(QKeyEvent* Event) override;
     void changeEvent(QEvent* Event) override;
+    void showEvent(QShowEvent* Event) override;
     void dragEnterEvent(QDragEnterEvent* Event) override;
     void dropEvent(QDropEvent* Event) override;
 
@@ -92,8 +95,18 @@ private:
     void PlaceControls();
     void PlaceLabels();
     using LabelColumn = std::array<std::size_t, 2>; // labels that stand below each other, by index in `Labels`
-    int PlaceColumns(std::span<const LabelColumn> Columns, int RightEnd);
-    int BoardRaisedBy() const;
+    // Colour, name, pieces, variant and strength.
+    static constexpr LabelColumn HeaderColumns[] = {{2, 3}, {0, 1}, {4, 5}, {7, 6}};
+    void PlaceColumns(std::span<const LabelColumn> Columns, int RightEnd);
+    std::array<std::pair<QWidget*, view::Control>, 6> Placed() const;
+    WindowLayout Measured() const;
+    bool ComeBack();
+    void ResizeToScale(double Scale);
+    std::array<int, 4> HeaderWidths() const;
+    double TextScale() const;
+    void SizeTexts();
+    void UseFont(const QFont& Wanted);
+    void FollowScreen();
     void SteadyBackgrounds();
     static void ColourLabel(QLabel* Label, view::LabelColours Colours);
 
@@ -102,12 +115,14 @@ private:
     view::WindowContents Shown; // what the widgets show now
     bool EverShown = false;     // whether `Shown` is true of the widgets at all
     bool Showing = false;       // while the widgets are brought up to date
+    bool FollowsScreen = false; // once it has been shown
     bool CloseWanted = false;
     bool EndWanted = false;
     QWidget* Interrupted = nullptr; // the control that had the keyboard when it was disabled
 
     std::array<QAction*, control::CommandCount> Actions{};
     std::array<QMenu*, control::CommandCount> Menus{};
+    WindowLayout Places; // where everything stands now
     QToolBar* Toolbar = nullptr;
     QWidget* Inner = nullptr; // all controls stand on it
     BoardWidget* Board = nullptr;

@@ -154,6 +154,7 @@ void MainWindow::BuildControls() {
     Inner = new QWidget(this);
     Inner->setObjectName(QStringLiteral("Inner"));
     setCentralWidget(Inner);
+    Inner->installEventFilter(this);
     Board = new BoardWidget(Inner);
     MoveBox = new QLineEdit(Inner);
     MoveBox->installEventFilter(this);
@@ -189,9 +190,18 @@ void MainWindow::BuildControls() {
     }
 }
 
+std::array<std::pair<QWidget*, view::Control>, 6> MainWindow::Placed() const {
+    using view::Control;
+    return {{{GameList, Control::GameList},
+             {ChoiceList, Control::ChoiceList},
+             {RootList, Control::RootList},
+             {CommentBox, Control::CommentBox},
+             {MoveBox, Control::MoveBox},
+             {Progress, Control::Progress}}};
+}
+
 void MainWindow::BuildStatusBar() {
     statusBar()->setObjectName(QStringLiteral("StatusBar1"));
-    statusBar()->setSizeGripEnabled(false);
     statusBar()->setContentsMargins(PanelMargin, 0, PanelMargin, 0);
     for (QLabel*& Panel : Panels) {
         Panel = new QLabel(this);

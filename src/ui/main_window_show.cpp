@@ -11,6 +11,7 @@
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QSignalBlocker>
+#include <QtMath>
 
 #include <algorithm>
 #include <cmath>
@@ -22,45 +23,9 @@ namespace {
 
 using view::Control;
 
-constexpr int EdgePixels = 12;         // between the window's edge and the board's frame
-constexpr double TableLinePixels = 18; // height of a line of text for which the tables leave room
-constexpr int GapPixels = 6;
-
 QString Text(const std::string& Utf8) {
     return QString::fromStdString(Utf8);
 }
-
-int Pixels(double Twips, int TwipsPerPixel) {
-    return static_cast<int>(std::lround(Twips / TwipsPerPixel));
-}
-
-// Stretches the tables for a font that is larger than they were made for. What stands right of the board moves apart
-// to the right, what stands above and below the lists moves apart up and down; the lists give or take the rest.
-class Stretch {
-public:
-    Stretch(const view::LayoutFields& Layout, int LineHeight)
-        : BoardRight(Layout.BoardLeft + 10 * Layout.Pitch), ListTop(Layout.PlaceOf(Control::GameList).Top),
-          ListBottom(ListTop + Layout.PlaceOf(Control::GameList).Height),
-          Factor(std::max(1.0, LineHeight / TableLinePixels)) {}
-
-    double X(double Value) const { return Value <= BoardRight ? Value : BoardRight + (Value - BoardRight) * Factor; }
-
-    double Y(double Value) const {
-        if (Value <= ListTop) {
-            return Value * Factor;
-        }
-        if (Value >= ListBottom) {
-            return std::max(ListBottom, ListTop * Factor) + (Value - ListBottom) * Factor;
-        }
-        return ListTop * Factor;
-    }
-
-private:
-    double BoardRight;
-    double ListTop;
-    double ListBottom;
-    double Factor;
-};
 
 } // namespace
 
@@ -146,13 +111,8 @@ void MainWindow::ShowTexts() {
 }
 
 void MainWindow::ShowOpenControls() {
-    const std::pair<QWidget*, Control> Closable[] = {{GameList, Control::GameList},
-                                                     {ChoiceList, Control::ChoiceList},
-                                                     {RootList, Control::RootList},
-                                                     {MoveBox, Control::MoveBox},
-                                                     {CommentBox, Control::CommentBox}};
-    for (const auto& [Widget, Which] : Closable) {
-        const bool Open = control::IsOpen(*State, Which);
+    for (const auto& [Widget, Which] : Placed()) {
+        const bool Open = Widget == Progress || control::IsOpen(*State, Which);
         if (Widget->isEnabled() != Open) {
             Widget->setEnabled(Open);
         }
@@ -193,7 +153,8 @@ void MainWindow::ShowLabels() {
         Moved = true;
     }
     if (Moved) {
-        PlaceLabels();
+        // A longer name may need a smaller board.
+        PlaceControls();
     }
 }
 
@@ -250,51 +211,106 @@ void MainWindow::ShowLayout() {
     if (Same) {
         return;
     }
+    const bool SameSize =
+        EverShown && State->Layout.Width == Shown.Layout.Width && State->Layout.Height == Shown.Layout.Height;
+    if (SameSize || isMaximized() || isFullScreen()) {
+        PlaceControls();
+    } else if (EverShown || !ComeBack()) {
+        ResizeToScale(EverShown ? Places.Scale() : 1);
+        CentreOnScreen();
+    }
+}
+
+// As large, and where, the window was when it was last closed; false if that is not known.
+bool MainWindow::ComeBack() {
+    const QByteArray Kept = QByteArray::fromBase64(QByteArray::fromStdString(State->OwnSettings.WindowPlace));
+    if (Kept.isEmpty() || !restoreGeometry(Kept)) {
+        return false;
+    }
     PlaceControls();
-    CentreOnScreen();
+    return true;
+}
+
+// The size at which the layout has the scale, or the largest that the screen has room for.
+void MainWindow::ResizeToScale(double Scale) {
+    const WindowLayout Wanted = Measured();
+    Inner->setMinimumSize(0, 0);
+    const QSize Around = layout()->totalMinimumSize();
+    // What the desktop puts around a window is not known before it stands there.
+    constexpr QSize UsualFrame(8, 42);
+    const QSize Frame = frameGeometry().size() == size() ? UsualFrame : frameGeometry().size() - size();
+    const QSize Free = screen()->availableGeometry().size() - Frame - QSize(0, Around.height());
+    const QSize Room = Wanted.SizeAt(std::min(Scale, Wanted.ScaleFor(Free)));
+    Inner->setMinimumSize(Room);
+    resize(layout()->totalMinimumSize());
+    layout()->activate();
+    PlaceControls();
+}
+
+// The layout before it knows its room.
+WindowLayout MainWindow::Measured() const {
+    return {State->Layout, {State->TwipsPerPixel, fontMetrics().height(), HeaderWidths()}};
+}
+
+// What the columns above the lists take, at the desktop's own font size.
+std::array<int, 4> MainWindow::HeaderWidths() const {
+    const int Longest = 40 * fontMetrics().averageCharWidth(); // what is longer is cut
+    std::array<int, 4> Widths{};
+    for (std::size_t Column = 0; Column < Widths.size(); ++Column) {
+        for (const std::size_t Label : HeaderColumns[Column]) {
+            const int Width = qCeil(Labels.at(Label)->sizeHint().width() / TextScale());
+            Widths.at(Column) = std::max(Widths.at(Column), std::min(Longest, Width));
+        }
+    }
+    return Widths;
+}
+
+double MainWindow::TextScale() const {
+    return static_cast<double>(QFontInfo(Inner->font()).pixelSize()) / QFontInfo(font()).pixelSize();
+}
+
+// The texts grow with the board, in whole pixels.
+void MainWindow::SizeTexts() {
+    const int Wanted = qRound(QFontInfo(font()).pixelSize() * WindowLayout::FontScale(Places.Scale()));
+    if (QFontInfo(Inner->font()).pixelSize() == Wanted) {
+        return;
+    }
+    QFont Larger = font();
+    Larger.setPixelSize(Wanted);
+    UseFont(Larger);
+}
+
+void MainWindow::UseFont(const QFont& Wanted) {
+    Inner->setFont(Wanted);
+    for (QLabel* Label : Labels) {
+        Label->setFont(Wanted); // a label with colours of its own does not take it from around it
+    }
+    for (LineList* List : {GameList, ChoiceList, RootList}) {
+        List->UseFixedWidthFont();
+    }
 }
 
 void MainWindow::PlaceControls() {
-    const view::LayoutFields& Layout = State->Layout;
-    const int Twips = State->TwipsPerPixel;
-    const int Line = fontMetrics().height();
-    const Stretch Apart(Layout, Line);
-    const int UpBy = BoardRaisedBy();
-
-    const auto Place = [&](QWidget* Widget, const view::Rectangle& Table) {
-        const int Left = Pixels(Apart.X(Table.Left), Twips);
-        const int Right = Pixels(Apart.X(Table.Left + Table.Width), Twips);
-        const int Top = Pixels(Apart.Y(Table.Top), Twips) - UpBy;
-        const int Bottom = Pixels(Apart.Y(Table.Top + Table.Height), Twips) - UpBy;
-        Widget->setGeometry(Left, Top, Right - Left, Bottom - Top);
-    };
+    Places = Measured();
+    Inner->setMinimumSize(Places.SizeAt(SmallestScale));
+    Places.Fit(Inner->size());
+    SizeTexts();
     for (std::size_t I = 0; I < Labels.size(); ++I) {
-        Place(Labels.at(I), Layout.Places[I]);
+        Labels.at(I)->setGeometry(Places.Place(static_cast<Control>(I)));
     }
-    Place(GameList, Layout.PlaceOf(Control::GameList));
-    Place(ChoiceList, Layout.PlaceOf(Control::ChoiceList));
-    Place(RootList, Layout.PlaceOf(Control::RootList));
-    Place(CommentBox, Layout.PlaceOf(Control::CommentBox));
-    Place(MoveBox, Layout.PlaceOf(Control::MoveBox));
-    Place(Progress, Layout.PlaceOf(Control::Progress));
-
-    const int BoardSide = 10 * Layout.Pitch;
-    Board->setGeometry(0, 0, Pixels(Layout.BoardLeft + BoardSide, Twips) + GapPixels,
-                       Pixels(Layout.BoardTop + BoardSide, Twips) - UpBy + Line + 2 * GapPixels - 2);
-    Board->PlaceBoard(*State, Twips, UpBy);
+    for (const auto& [Widget, Which] : Placed()) {
+        Widget->setGeometry(Places.Place(Which));
+    }
+    Board->setGeometry(Places.BoardPlace());
+    Board->PlaceBoard(*State, Places.Twips(), Places.RaisedBy());
     Board->lower();
     PlaceLabels();
-    layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 // Labels stand side by side where the tables say. One that needs more room than that, in the font in use, moves those
-// behind it to the right: in all rows alike, so that they stay columns. Returns where the last column has to end.
-int MainWindow::PlaceColumns(std::span<const LabelColumn> Columns, int RightEnd) {
-    const view::LayoutFields& Layout = State->Layout;
-    const Stretch Apart(Layout, fontMetrics().height());
-    const auto TableLeft = [&](std::size_t Label) {
-        return Pixels(Apart.X(Layout.Places[Label].Left), State->TwipsPerPixel);
-    };
+// behind it to the right: in all rows alike, so that they stay columns.
+void MainWindow::PlaceColumns(std::span<const LabelColumn> Columns, int RightEnd) {
+    const auto TableLeft = [&](std::size_t Label) { return Places.X(State->Layout.Places[Label].Left); };
     int Free = 0; // where the next column may begin
     for (std::size_t Column = 0; Column < Columns.size(); ++Column) {
         int End = 0;
@@ -302,8 +318,7 @@ int MainWindow::PlaceColumns(std::span<const LabelColumn> Columns, int RightEnd)
             End = std::max(End, std::max(Free, TableLeft(Label)) + Labels.at(Label)->sizeHint().width());
         }
         if (Column + 1 == Columns.size()) {
-            RightEnd = std::max(RightEnd, End);
-            End = RightEnd;
+            End = std::max(End, RightEnd);
         } else {
             int Next = RightEnd;
             for (const std::size_t Label : Columns[Column + 1]) {
@@ -317,35 +332,19 @@ int MainWindow::PlaceColumns(std::span<const LabelColumn> Columns, int RightEnd)
         }
         Free = End + GapPixels;
     }
-    return RightEnd;
 }
 
 void MainWindow::PlaceLabels() {
-    static constexpr LabelColumn Players[] = {
-        {2, 3}, {0, 1}, {4, 5}, {7, 6}}; // colour, name, pieces, variant and strength
     static constexpr LabelColumn ExtraPieces[] = {{9, 9}, {10, 10}, {11, 11}, {12, 12}, {13, 13}};
-    const view::LayoutFields& Layout = State->Layout;
-    const Stretch Apart(Layout, fontMetrics().height());
-    const auto RightOf = [&](const view::Rectangle& Table) {
-        return Pixels(Apart.X(Table.Left + Table.Width), State->TwipsPerPixel);
+    const auto RightOf = [&](Control Which) {
+        const view::Rectangle& Table = State->Layout.PlaceOf(Which);
+        return Places.X(Table.Left + Table.Width);
     };
-    const int Margin = Pixels(Apart.X(Layout.Width), State->TwipsPerPixel) - RightOf(Layout.PlaceOf(Control::RootList));
-    const int Right = PlaceColumns(Players, RightOf(Layout.PlaceOf(Control::RootList)));
-    PlaceColumns(ExtraPieces, RightOf(Layout.PlaceOf(Control::ExtraWhiteCount)));
-    const int Width = std::max(Pixels(Apart.X(Layout.Width), State->TwipsPerPixel), Right + Margin);
-    const int Height = Pixels(Apart.Y(Layout.Height), State->TwipsPerPixel) - BoardRaisedBy();
-    if (Inner->size() != QSize(Width, Height)) {
-        Inner->setFixedSize(Width, Height);
-    }
-}
-
-// Above the board the tables leave room for a toolbar; here the toolbar stands outside of them.
-int MainWindow::BoardRaisedBy() const {
-    return Pixels(State->Layout.BoardTop, State->TwipsPerPixel) - EdgePixels;
+    PlaceColumns(HeaderColumns, RightOf(Control::RootList));
+    PlaceColumns(ExtraPieces, RightOf(Control::ExtraWhiteCount));
 }
 
 void MainWindow::CentreOnScreen() {
-    adjustSize();
     const QRect Free = screen()->availableGeometry();
     const QSize Size = frameGeometry().size();
     move(Free.left() + std::max(0, (Free.width() - Size.width()) / 2),
@@ -370,9 +369,7 @@ void MainWindow::changeEvent(QEvent* Event) {
         return;
     }
     if (Event->type() == QEvent::FontChange) {
-        for (LineList* List : {GameList, ChoiceList, RootList}) {
-            List->UseFixedWidthFont();
-        }
+        UseFont(font());
         PlaceControls();
     } else if (Event->type() == QEvent::PaletteChange) {
         SteadyBackgrounds();

@@ -255,6 +255,7 @@ struct OwnSettingsFields {
     std::int32_t Volume = 80;        ///< of the sounds, 0 to 100
     std::int32_t DarkHighlight = -1; ///< the person's own colours of the highlights; -1: those of the skin
     std::int32_t LightHighlight = -1;
+    std::string WindowPlace; ///< size, place and screen of the window, as the window writes it; empty: none yet
 
     bool operator==(const OwnSettingsFields&) const = default;
 };

@@ -22,7 +22,7 @@ TEST_F(MainWindow, OpensWithTheBoardDrawn) {
     EXPECT_GT(At("d4"), At("e5")) << "a white man on it, and none";
     EXPECT_LT(At("c9"), At("d6")) << "a black man";
     EXPECT_GT(At("e6"), At("e5")) << "a light square, and a dark one";
-    EXPECT_LT(Picture.pixelColor(Board().CellRect(0).topLeft() - QPoint(3, 3)).lightness(),
+    EXPECT_LT(Picture.pixelColor(Board().CellRect(0).topLeft() - QPoint(2, 2)).lightness(),
               Picture.pixelColor(0, 0).lightness())
         << "the frame";
     for (const auto& [Label, Ground] : {std::pair("Label1", QColor(255, 0, 0)), {"Label2", QColor(255, 255, 255)}}) {
@@ -50,6 +50,7 @@ TEST_P(Fonts, TextsAreReadWhole) {
     view::LayoutWindow(Game());
     view::DrawBoard(Game(), 0);
     Window->ShowContents();
+    QCoreApplication::processEvents(); // a window that is too small for its texts grows
 
     QList<QWidget*> Controls = Window->centralWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
     Controls.removeIf([](const QWidget* Control) { return !Control->isVisible(); });
