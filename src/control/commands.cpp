@@ -136,6 +136,24 @@ void ToggleCalculation(view::ViewState& State) {
     }
 }
 
+template <std::int32_t view::OwnSettingsFields::*Setting>
+void ToggleOwn(GameState& State) {
+    State.OwnSettings.*Setting = 1 - State.OwnSettings.*Setting;
+}
+
+template <std::int32_t view::OwnSettingsFields::*Setting>
+bool HasOwn(const GameState& State) {
+    return State.OwnSettings.*Setting == 1;
+}
+
+void ToggleFullScreen(GameState& State) {
+    State.FullScreen = !State.FullScreen;
+}
+
+bool FillsScreen(const GameState& State) {
+    return State.FullScreen;
+}
+
 void Analyze_Click(GameState& State) {
     AnalyzeNow(State);
 }
@@ -237,6 +255,12 @@ constexpr CommandRow Rows[] = {
     Menu(Id::ViewMenu, Id::None, "view", "&View"),
     {Id::Calculation, Id::ViewMenu, Kind::Check, "calculation", "Calculation", "Ctrl+L", NotEnding,
      Run<ToggleCalculation>, ShowsCalculation},
+    {Id::MarkLastMove, Id::ViewMenu, Kind::Check, "MarkLastMove", "Mark Last Move", "", NotEnding,
+     Run<ToggleOwn<&view::OwnSettingsFields::MarkLastMove>>, HasOwn<&view::OwnSettingsFields::MarkLastMove>},
+    {Id::SlideMoves, Id::ViewMenu, Kind::Check, "SlideMoves", "Slide Moves", "", NotEnding,
+     Run<ToggleOwn<&view::OwnSettingsFields::SlideMoves>>, HasOwn<&view::OwnSettingsFields::SlideMoves>},
+    {Id::FullScreen, Id::ViewMenu, Kind::Check, "FullScreen", "Full Screen", "F11", NotEnding, Run<ToggleFullScreen>,
+     FillsScreen},
     Line(Id::ViewMenu, "streep13"),
     {Id::Rating, Id::ViewMenu, Kind::Entry, "rating", "Rating...", "", NotEnding, Run<rating_Click>},
 

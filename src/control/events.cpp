@@ -63,6 +63,10 @@ void PutBackPiece(GameState& State) {
     RunTrapped(State, [&] { EscapeDrag(State); });
 }
 
+void c_ChooseWay(GameState& State, int Number) {
+    RunTrapped(State, [&] { ChooseWay(State, Number); });
+}
+
 void Text2_KeyUp(GameState& State, int KeyCode) {
     if (KeyCode == EnterKey) {
         RunTrapped(State, [&] { EnterTypedMove(State); });

@@ -45,6 +45,9 @@ std::string c_Text(const GameState& State, int Index);
 /// Puts the picked piece back where it stood, as the Escape key does.
 void PutBackPiece(GameState& State);
 
+/// One of the ways that the person is asked to choose from, by its number.
+void c_ChooseWay(GameState& State, int Number);
+
 /// A key released in the box of typed moves, whose text is in `TypedText`. Enter plays it.
 void Text2_KeyUp(GameState& State, int KeyCode);
 

@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "control/input_state.h"
 #include "control/person_move.h"
+#include "control/replay.h"
 #include "control/setup.h"
 #include "control/turn_state.h"
 #include "rules/cells.h"
@@ -198,17 +199,122 @@ void RefuseDrop(GameState& State, int Source, int Dest) {
     Refuse(State, Reason.empty() ? std::string(IllegalMove) : std::string(IllegalMove) + ": " + std::string(Reason));
 }
 
+// A piece that is let go where it was pressed stays picked, and its targets stay boxed; a second click frees it. With
+// the keys it is free: there the second press is the drop.
+void KeepPicked(GameState& State, int Square) {
+    if (std::exchange(State.WasPicked, false) || State.KeysOnBoard || !AnyMoveFrom(State, Square)) {
+        return;
+    }
+    State.PickedSquare = Square;
+    view::RepaintSquare(State, Square);
+    State.SourcesShown = true;
+    if (State.ShowAvailableMoves != 0) {
+        BoxTargets(State, Square);
+    }
+}
+
 void DropPiece(GameState& State, int X, int Y) {
     const int Source = view::SquareOfCell(State, State.SourceCell);
     const int Target = DropSquare(State, Source, X, Y);
     if (IsFailedDrop(State, Source, Target)) {
         EndFailedDrag(State, Source);
+        if (Target == Source) {
+            KeepPicked(State, Source);
+        }
         return;
     }
     ClearDrag(State);
+    State.DroppedByHand = true;
     if (!PlayPersonMove(State, Source, Target)) {
+        State.DroppedByHand = false;
         RefuseDrop(State, Source, Target);
     }
+}
+
+// Takes the clicked piece's mark and its boxes off the board.
+void PutBackPicked(GameState& State) {
+    if (const std::int32_t Square = std::exchange(State.PickedSquare, 0); Square != 0) {
+        EndFailedDrag(State, Square);
+    }
+}
+
+void ForgetWays(GameState& State) {
+    if (!State.Ways.empty()) {
+        view::SetStatus(State, State.StatusText);
+    }
+    State.Ways.clear();
+    State.WayMoves.clear();
+}
+
+bool Bears(const view::WayFields& Way, std::int32_t Cell) {
+    return std::find(Way.Path.begin(), Way.Path.end(), Cell) != Way.Path.end();
+}
+
+// Each number stands where no other way goes.
+void PlaceBadges(std::vector<view::WayFields>& Ways) {
+    for (view::WayFields& Way : Ways) {
+        Way.Badge = Way.Path[Way.Path.size() / 2];
+        for (const std::int32_t Cell : Way.Path) {
+            if (std::count_if(Ways.begin(), Ways.end(), [&](const auto& Each) { return Bears(Each, Cell); }) == 1) {
+                Way.Badge = Cell;
+                break;
+            }
+        }
+    }
+}
+
+// The cells that a capture goes over: those it lands on and those it takes.
+view::WayFields WayOf(const GameState& State, const rules::MoveRecord& Move) {
+    view::WayFields Way;
+    std::vector<std::int32_t> Between = SquaresBetween(Move);
+    Way.Path.push_back(view::CellOfSquare(State, Move.Source));
+    for (int I = 0; I < Move.Captures.Count; ++I) {
+        Way.Path.push_back(view::CellOfSquare(State, Move.Captures.Groups[I].Cell));
+        if (I < static_cast<int>(Between.size()) && I + 1 < Move.Captures.Count) {
+            Way.Path.push_back(view::CellOfSquare(State, Between[static_cast<std::size_t>(I)]));
+        }
+    }
+    Way.Path.push_back(view::CellOfSquare(State, Move.Dest));
+    return Way;
+}
+
+// A click on a target of the picked piece. Of several captures that end there the person chooses.
+void PlayTo(GameState& State, int Source, int Target) {
+    std::vector<std::int32_t> Moves;
+    for (int I = State.StackLimit[State.Ply]; I < State.StackLimit[State.Ply + 1]; ++I) {
+        if (State.MoveStack[I].Source == Source && State.MoveStack[I].Dest == Target) {
+            Moves.push_back(I);
+        }
+    }
+    if (Moves.size() > 1) {
+        State.WayMoves = Moves;
+        for (const std::int32_t Move : Moves) {
+            State.Ways.push_back(WayOf(State, State.MoveStack[Move]));
+        }
+        PlaceBadges(State.Ways);
+        view::SetStatus(State, "Several captures end there: choose one by its number or by a click on its way.");
+    } else if (!PlayPersonMove(State, Source, Target)) {
+        RefuseDrop(State, Source, Target);
+    }
+}
+
+// A press while a piece is picked; false if it goes on as any other press.
+bool PressWithPicked(GameState& State, int Index) {
+    const std::int32_t Picked = State.PickedSquare;
+    const int Square = view::SquareOfCell(State, Index);
+    PutBackPicked(State);
+    if (Square == Picked) {
+        State.WasPicked = true;
+        return false;
+    }
+    bool IsTarget = false;
+    ForEachMove(State, [&](const rules::MoveRecord& Move) {
+        IsTarget = IsTarget || (Move.Source == Picked && Move.Dest == Square);
+    });
+    if (IsTarget) {
+        PlayTo(State, Picked, Square);
+    }
+    return IsTarget;
 }
 
 } // namespace
@@ -244,6 +350,30 @@ void PlayLine(GameState& State, int Source, int Dest) {
     }
 }
 
+// The way that a click means: the only one that goes over the cell. Anywhere else it ends the question.
+void PressWay(GameState& State, int Index) {
+    std::vector<int> Meant;
+    for (std::size_t I = 0; I < State.Ways.size(); ++I) {
+        if (State.Ways[I].Badge == Index || Bears(State.Ways[I], Index)) {
+            Meant.push_back(static_cast<int>(I));
+        }
+    }
+    if (Meant.size() == 1) {
+        ChooseWay(State, Meant.front() + 1);
+    } else if (Meant.empty()) {
+        ForgetWays(State);
+    }
+}
+
+void EscapeHand(GameState& State) {
+    if (!IsBusy(State) && State.HandSide != 0) {
+        DropFromCounter(State, -1);
+    }
+    if (!IsBusy(State) && State.SourceCell >= 0) {
+        EndFailedDrag(State, view::SquareOfCell(State, State.SourceCell));
+    }
+}
+
 bool IsCell(int Index) {
     return Index >= 0 && Index < view::BoardPictures;
 }
@@ -255,6 +385,8 @@ void PressCell(GameState& State, int Index, int Button) {
         return;
     }
     if (Button == RightButton) {
+        PutBackPicked(State);
+        ForgetWays(State);
         if (!State.SourcesShown) {
             State.RightCell = Index;
         }
@@ -264,8 +396,16 @@ void PressCell(GameState& State, int Index, int Button) {
         return;
     }
     // The release of the last drag may never have come.
-    EscapeDrag(State);
+    EscapeHand(State);
     ForgetHintedMove(State);
+    State.WasPicked = false;
+    if (!State.Ways.empty()) {
+        PressWay(State, Index);
+        return;
+    }
+    if (State.PickedSquare != 0 && PressWithPicked(State, Index)) {
+        return;
+    }
     const view::Picture Shown = State.Cells[Index].Shows;
     if (Shown == view::Picture::dark_square || Shown == view::Picture::light_square) {
         ShowNumbers(State);
@@ -352,11 +492,22 @@ void DropFromCounter(GameState& State, int Index) {
 }
 
 void EscapeDrag(GameState& State) {
-    if (!IsBusy(State) && State.HandSide != 0) {
-        DropFromCounter(State, -1);
+    EscapeHand(State);
+    if (!IsBusy(State)) {
+        PutBackPicked(State);
+        PressWay(State, -1);
     }
-    if (!IsBusy(State) && State.SourceCell >= 0) {
-        EndFailedDrag(State, view::SquareOfCell(State, State.SourceCell));
+}
+
+void ChooseWay(GameState& State, int Number) {
+    if (IsBusy(State) || Number < 1 || Number > static_cast<int>(State.Ways.size())) {
+        return;
+    }
+    const std::int32_t Move = State.WayMoves[static_cast<std::size_t>(Number - 1)];
+    const rules::MoveRecord Chosen = State.MoveStack[Move];
+    ForgetWays(State);
+    if (!PlayPersonWay(State, Move)) {
+        RefuseDrop(State, Chosen.Source, Chosen.Dest);
     }
 }
 

@@ -19,8 +19,11 @@ void ReleaseCell(GameState& State, int Index, int Button, int X, int Y);
 void PickFromCounter(GameState& State, std::int32_t Side);
 void DropFromCounter(GameState& State, int Index);
 
-/// Puts the piece in the hand back.
+/// Puts the piece back that is in the hand or has been picked by a click, and asks no more which way it is to go.
 void EscapeDrag(GameState& State);
+
+/// Plays one of the ways that the person is asked to choose from, by its number from 1; nothing for another number.
+void ChooseWay(GameState& State, int Number);
 
 /// Plays the typed move, and empties its box.
 void EnterTypedMove(GameState& State);

@@ -35,6 +35,9 @@ void ForgetHintedMove(view::ViewState& State) {
 
 void ClearInput(GameState& State) {
     RemovePointers(State);
+    State.PickedSquare = 0;
+    State.Ways.clear();
+    State.WayMoves.clear();
     ForgetHintedMove(State);
     static_cast<InputFields&>(State) = {};
     State.TouchedSquare = 0;

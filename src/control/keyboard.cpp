@@ -79,6 +79,25 @@ void Step(GameState& State, int Right, int Down) {
     MoveThere(State);
 }
 
+// To the next square that is played on: within the rank, or on the next one to the side where there is room.
+void Jump(GameState& State, int Right, int Down) {
+    if (State.RuleSet.PiecesOnBlack == 2) {
+        Step(State, Right, Down);
+        return;
+    }
+    const int Column = State.CursorCell % CellsInRow;
+    const int Row = State.CursorCell / CellsInRow;
+    const bool Played = view::IsDarkSquare(State, view::SquareOfCell(State, State.CursorCell));
+    if (Down == 0) {
+        const int Wide = Played ? 2 * Right : Right;
+        Step(State, Column + Wide >= 0 && Column + Wide < CellsInRow ? Wide : 0, 0);
+    } else if (Row + Down >= 0 && Row + Down < CellsInRow) {
+        // Up and down in turns, so that a way up the board stays in its two files.
+        const int Aside = !Played ? 0 : Column % 2 == 0 ? 1 : -1;
+        Step(State, Aside, Down);
+    }
+}
+
 } // namespace
 
 void PressBoardKey(GameState& State, BoardKey Key) {
@@ -101,6 +120,18 @@ void PressBoardKey(GameState& State, BoardKey Key) {
         break;
     case BoardKey::Down:
         Step(State, 0, 1);
+        break;
+    case BoardKey::JumpLeft:
+        Jump(State, -1, 0);
+        break;
+    case BoardKey::JumpRight:
+        Jump(State, 1, 0);
+        break;
+    case BoardKey::JumpUp:
+        Jump(State, 0, -1);
+        break;
+    case BoardKey::JumpDown:
+        Jump(State, 0, 1);
         break;
     case BoardKey::Pick:
         PickOrDrop(State);

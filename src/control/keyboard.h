@@ -8,7 +8,7 @@
 namespace zonterbrook::control {
 
 /// What the keys do on the board.
-enum class BoardKey { Left, Right, Up, Down, Pick, Menu };
+enum class BoardKey { Left, Right, Up, Down, JumpLeft, JumpRight, JumpUp, JumpDown, Pick, Menu };
 
 /// See `c_KeyDown` and its neighbours in events.h.
 void PressBoardKey(GameState& State, BoardKey Key);

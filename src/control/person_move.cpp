@@ -10,6 +10,7 @@
 #include "engine/root_search.h"
 #include "engine/search.h"
 #include "rules/generate.h"
+#include "rules/input.h"
 #include "view/draw_board.h"
 #include "view/move_lists.h"
 
@@ -39,19 +40,17 @@ void ForgetCalculation(GameState& State) {
 
 } // namespace
 
-std::optional<Follows> MakePersonMove(GameState& State, int Source, int Dest) {
-    // 1. The move. What the last calculation said is over.
-    auto Made = EnterMove(State, Source, Dest);
-    if (!Made) {
-        return std::nullopt;
-    }
+namespace {
+
+Follows TakeOver(GameState& State, game::HalfMove Made) {
+    // 1. What the last calculation said is over.
     ForgetCalculation(State);
 
     // 2. Record, list, sound and log.
     if (State.PlayMode == view::GameMode::PlayerPlayer) {
-        Made->Score = EvaluationForMover(State);
+        Made.Score = EvaluationForMover(State);
     }
-    RecordMove(State, std::move(*Made), game::MadeBy::Person);
+    RecordMove(State, std::move(Made), game::MadeBy::Person);
     PlayMoveSound(State);
     LogMove(State);
     ClearInput(State);
@@ -61,12 +60,32 @@ std::optional<Follows> MakePersonMove(GameState& State, int Source, int Dest) {
     return FollowMove(State);
 }
 
+} // namespace
+
+std::optional<Follows> MakePersonMove(GameState& State, int Source, int Dest) {
+    auto Made = EnterMove(State, Source, Dest);
+    return Made ? std::optional(TakeOver(State, *std::move(Made))) : std::nullopt;
+}
+
 bool PlayPersonMove(GameState& State, int Source, int Dest) {
     const auto Next = MakePersonMove(State, Source, Dest);
     if (Next == Follows::Computer) {
         ComputeNow(State);
     }
     return Next.has_value();
+}
+
+bool PlayPersonWay(GameState& State, int Move) {
+    // The rule of the touched piece may refuse all of them.
+    if (rules::FindMove(State, State.MoveStack[Move].Source, State.MoveStack[Move].Dest) < 0) {
+        return false;
+    }
+    game::HalfMove Made = NewHalfMove(State, Move);
+    rules::PlayMove(State, Move);
+    if (TakeOver(State, std::move(Made)) == Follows::Computer) {
+        ComputeNow(State);
+    }
+    return true;
 }
 
 } // namespace zonterbrook::control

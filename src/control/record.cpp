@@ -59,6 +59,7 @@ void RecordMove(GameState& State, game::HalfMove Made, game::MadeBy By) {
     game::Append(State.Record, std::move(Made));
     view::ListGame(State, State.Record, State.Record.Cursor);
     State.CommentText.clear();
+    State.PickedSquare = 0;
     if (By != game::MadeBy::File) {
         State.GameChanged = true;
         SaveByItself(State);

@@ -33,6 +33,8 @@ constexpr OwnNumber OwnNumbers[] = {
     {"volume", &view::OwnSettingsFields::Volume, 0, 100},
     {"dark-highlight", &view::OwnSettingsFields::DarkHighlight, -1, 0xFFFFFF},
     {"light-highlight", &view::OwnSettingsFields::LightHighlight, -1, 0xFFFFFF},
+    {"mark-last-move", &view::OwnSettingsFields::MarkLastMove, 0, 1},
+    {"slide-moves", &view::OwnSettingsFields::SlideMoves, 0, 1},
 };
 constexpr std::size_t MostRecentFiles = 8;
 

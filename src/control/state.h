@@ -89,6 +89,14 @@ struct InputFields {
     bool SetupLatch = false;   ///< the next press on an empty square shows no numbers
     bool PopupLatch = false;   ///< presses are ignored until the mouse moves
     bool CycleMove = false;    ///< a move of the picked piece ends where it starts
+    bool WasPicked = false;    ///< the piece in the hand had been picked by a click before
+};
+
+/// The half-move that the board has shown last.
+struct ShownMove {
+    std::int32_t Cursor = 0;
+    std::int32_t Count = 0;
+    rules::PlayedMove Played{};
 };
 
 /// The rating of a player who has not played yet.
@@ -116,6 +124,11 @@ struct GameState : view::ViewState, GameFields, InputFields {
     bool RatingAllowed = true;
     /// What `BlackStarts` was before a position was edited: the next game of the variant takes it again.
     std::optional<std::uint8_t> BlackStartsByRules;
+
+    // --- the last move on the board: written by `TraceLastMove` ------------------------------------------------------
+    ShownMove MoveShown;
+    bool DroppedByHand = false;         ///< the move that comes next has been dragged there: it need not slide
+    std::vector<std::int32_t> WayMoves; ///< on the stack, as `Ways` shows them
 
     // --- the square that the popup menu was opened on --------------------------------------------------------------
     std::int32_t PopupSquare = 0;

@@ -31,8 +31,19 @@ const QColor BandDark(84, 55, 31);
 const QColor CursorLine(255, 255, 255); // light on dark, so that it stands out from any square and any piece
 const QColor CursorEdge(13, 71, 161);
 constexpr int CursorInset = 5; // inside the highlight
+const QColor TraceLine(255, 214, 102);
+const QColor TraceEdge(60, 35, 0, 130);
 const QColor HintLine(102, 255, 153);
 const QColor HintEdge(0, 60, 20);
+const QColor WayLine(255, 255, 255);
+const QColor WayEdge(13, 71, 161, 200);
+const QColor WayBadge(13, 71, 161);
+
+// Of a move that slides, in milliseconds.
+constexpr double LongestSlide = 200;
+constexpr double ShortestSlide = 130;
+constexpr double SlideOfCorner = 20; // for each corner of its way
+constexpr int SlideTick = 8;
 
 int Pixels(double Twips, double TwipsPerPixel) {
     return static_cast<int>(std::lround(Twips / TwipsPerPixel));
@@ -53,11 +64,84 @@ int ButtonCode(Qt::MouseButtons Buttons) {
     return Buttons.testFlag(Qt::RightButton) ? 2 : 0;
 }
 
+view::Picture SquareUnder(view::Picture Which) {
+    using view::Picture;
+    const bool Light =
+        Which == Picture::light_square || (Which >= Picture::light_white_man && Which <= Picture::light_black_king);
+    return Light ? Picture::light_square : Picture::dark_square;
+}
+
+// The piece that a cell shows, without its square.
+view::Picture PieceOf(view::Picture Which) {
+    using view::Picture;
+    const auto From = [&](Picture First) {
+        return static_cast<Picture>(static_cast<int>(Picture::white_man_ico) + static_cast<int>(Which) -
+                                    static_cast<int>(First));
+    };
+    if (Which >= Picture::dark_white_man && Which <= Picture::dark_black_king) {
+        return From(Picture::dark_white_man);
+    }
+    if (Which >= Picture::light_white_man && Which <= Picture::light_black_king) {
+        return From(Picture::light_white_man);
+    }
+    return Picture::None;
+}
+
+// The last move is seen without colours, too: a ring on the square it left, dots on its way, a cross on what it took,
+// a ring around the piece.
+void PaintTrace(QPainter& Painter, view::Trace Which, const QRect& Area) {
+    using view::Trace;
+    if (Which == Trace::None) {
+        return;
+    }
+    const QPointF Middle = QRectF(Area).center();
+    const double Unit = Area.width() / 2.0;
+    const auto Draw = [&](const QColor& Ink, double Wide) {
+        Painter.setPen(QPen(Ink, Wide, Qt::SolidLine, Qt::RoundCap));
+        switch (Which) {
+        case Trace::Source:
+            Painter.drawEllipse(Middle, 0.3 * Unit, 0.3 * Unit);
+            break;
+        case Trace::Path:
+            Painter.drawEllipse(Middle, 0.06 * Unit, 0.06 * Unit);
+            break;
+        case Trace::Captured:
+            Painter.drawLine(Middle + QPointF(-0.22, -0.22) * Unit, Middle + QPointF(0.22, 0.22) * Unit);
+            Painter.drawLine(Middle + QPointF(-0.22, 0.22) * Unit, Middle + QPointF(0.22, -0.22) * Unit);
+            break;
+        case Trace::Target:
+            Painter.drawEllipse(Middle, 0.92 * Unit, 0.92 * Unit);
+            break;
+        case Trace::None:
+            break;
+        }
+    };
+    Painter.setRenderHint(QPainter::Antialiasing, true);
+    Painter.setBrush(Qt::NoBrush);
+    Draw(TraceEdge, std::max(2.5, 0.13 * Unit));
+    Draw(TraceLine, std::max(1.2, 0.06 * Unit));
+    Painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
 std::optional<control::BoardKey> KeyOfCursor(const QKeyEvent& Event) {
     using control::BoardKey;
     const Qt::KeyboardModifiers Held = Event.modifiers() & ~Qt::KeypadModifier;
     if (Event.key() == Qt::Key_F10 && Held == Qt::ShiftModifier) {
         return BoardKey::Menu;
+    }
+    if (Held == Qt::ControlModifier) {
+        switch (Event.key()) {
+        case Qt::Key_Left:
+            return BoardKey::JumpLeft;
+        case Qt::Key_Right:
+            return BoardKey::JumpRight;
+        case Qt::Key_Up:
+            return BoardKey::JumpUp;
+        case Qt::Key_Down:
+            return BoardKey::JumpDown;
+        default:
+            return std::nullopt;
+        }
     }
     if (Held != Qt::NoModifier) {
         return std::nullopt;
@@ -116,6 +200,14 @@ void BoardWidget::PlaceBoard(const view::WindowContents& Contents, double Twips,
 }
 
 void BoardWidget::Display(const view::WindowContents& Contents) {
+    const bool Slides = Contents.Slide.Number != Slide.Number;
+    if (Sliding && (Slides || Cells[Slide.Path.back()].Shows != Contents.Cells[Slide.Path.back()].Shows)) {
+        EndSlide();
+    }
+    if (Ways != Contents.Ways) {
+        Ways = Contents.Ways;
+        update();
+    }
     for (int Cell = 0; Cell < view::BoardPictures; ++Cell) {
         if (Cells[Cell] != Contents.Cells[Cell]) {
             Cells[Cell] = Contents.Cells[Cell];
@@ -143,6 +235,10 @@ void BoardWidget::Display(const view::WindowContents& Contents) {
     }
     ShowPointer();
     TellScreenReader(CursorMoved);
+    if (Slides) {
+        BeginSlide(Contents.Slide);
+    }
+    Filled = true;
 }
 
 // A cell reaches to where the next one begins, so that no scale leaves a seam; the last ones end as the tables say.
@@ -172,6 +268,8 @@ void BoardWidget::paintEvent(QPaintEvent* Event) {
             PaintCell(Painter, Cell);
         }
     }
+    PaintSlide(Painter);
+    PaintWays(Painter);
     if (Cursor >= 0) {
         PaintCursor(Painter, Cursor);
     }
@@ -193,8 +291,13 @@ void BoardWidget::PaintCell(QPainter& Painter, int Cell) {
     const view::BoardCell& Shown = Cells[Cell];
     const QRect Area = CellRect(Cell);
 
-    // 1. The picture.
-    PaintPicture(Painter, Shown.Shows, Area);
+    // 1. The picture; the piece that lies on it may be lifted, or still on its way.
+    const bool Apart = Shown.Lifted || Covers(Cell);
+    PaintPicture(Painter, Apart ? SquareUnder(Shown.Shows) : Shown.Shows, Area);
+    PaintTrace(Painter, Shown.Left, Area);
+    if (Shown.Lifted) {
+        PaintLifted(Painter, PieceOf(Shown.Shows), Area);
+    }
 
     // 2. The number, with a dark edge so that it can be read on a light square and beside a white man.
     if (Shown.Number != 0) {
@@ -248,7 +351,7 @@ void BoardWidget::PaintCorners(QPainter& Painter, const QRect& Area) const {
 void BoardWidget::PaintCursor(QPainter& Painter, int Cell) {
     const QRect Area = CellRect(Cell);
     if (InHand != view::Picture::None) {
-        PaintPicture(Painter, InHand, Area);
+        PaintLifted(Painter, InHand, Area);
     }
     const QRectF Inside = QRectF(Area).adjusted(CursorInset, CursorInset, -CursorInset, -CursorInset);
     constexpr double Corner = 3;
@@ -259,6 +362,141 @@ void BoardWidget::PaintCursor(QPainter& Painter, int Cell) {
     Painter.setPen(QPen(CursorLine, 2));
     Painter.drawRoundedRect(Inside, Corner, Corner);
     Painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+// A little higher than it would lie, over its own shadow.
+void BoardWidget::PaintLifted(QPainter& Painter, view::Picture Piece, const QRect& Area) {
+    const int Height = std::max(2, Area.height() / 12);
+    Painter.setRenderHint(QPainter::Antialiasing, true);
+    QRadialGradient Shadow(QRectF(Area).center() + QPointF(0, Height), Area.width() * 0.5);
+    Shadow.setColorAt(0.55, QColor(0, 0, 0, 150));
+    Shadow.setColorAt(1, QColor(0, 0, 0, 0));
+    Painter.fillRect(Area, Shadow);
+    Painter.setRenderHint(QPainter::Antialiasing, false);
+    Painter.save();
+    Painter.setClipRect(Area);
+    PaintPicture(Painter, Piece, Area.translated(0, -Height));
+    Painter.restore();
+}
+
+// --- Several ways ---------------------------------------------------------------------------------------------------
+
+void BoardWidget::PaintWays(QPainter& Painter) const {
+    static constexpr Qt::PenStyle Strokes[] = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine};
+    Painter.setRenderHint(QPainter::Antialiasing, true);
+    const double Side = CellRect(0).width();
+    for (std::size_t I = 0; I < Ways.size(); ++I) {
+        QPolygonF Line;
+        for (const std::int32_t Cell : Ways[I].Path) {
+            Line << QRectF(CellRect(Cell)).center();
+        }
+        Painter.setBrush(Qt::NoBrush);
+        Painter.setPen(QPen(WayEdge, Side * 0.16, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        Painter.drawPolyline(Line);
+        Painter.setPen(QPen(WayLine, Side * 0.07, Strokes[I % std::size(Strokes)], Qt::FlatCap, Qt::RoundJoin));
+        Painter.drawPolyline(Line);
+    }
+    QFont Digits = font();
+    Digits.setPixelSize(std::max(9, static_cast<int>(Side * 0.36)));
+    Digits.setBold(true);
+    Painter.setFont(Digits);
+    for (std::size_t I = 0; I < Ways.size(); ++I) {
+        const QRectF Area = CellRect(Ways[I].Badge);
+        Painter.setPen(QPen(WayLine, Side * 0.04));
+        Painter.setBrush(WayBadge);
+        Painter.drawEllipse(Area.center(), Side * 0.3, Side * 0.3);
+        Painter.setPen(Qt::white);
+        Painter.drawText(Area, Qt::AlignCenter, QString::number(I + 1));
+    }
+    Painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+// --- Sliding --------------------------------------------------------------------------------------------------------
+
+// Only where the desktop lets things move, and never twice: what comes next ends it.
+void BoardWidget::BeginSlide(const view::SlideFields& Wanted) {
+    Slide = Wanted;
+    if (!Filled || !isVisible() || Slide.Path.size() < 2 || !Motion.Wanted()) {
+        return;
+    }
+    Sliding = true;
+    SlideClock.start();
+    SlideShown = SlidRect();
+    SlideTicks.start(SlideTick, Qt::PreciseTimer, this);
+    UpdateSlide();
+}
+
+void BoardWidget::EndSlide() {
+    if (Sliding) {
+        Sliding = false;
+        SlideTicks.stop();
+        UpdateSlide();
+    }
+}
+
+// Where anything of it is to be seen.
+void BoardWidget::UpdateSlide() {
+    update(SlideShown);
+    update(CellRect(Slide.Path.back()));
+    for (const auto& [Cell, Piece] : Slide.Taken) {
+        update(CellRect(Cell));
+    }
+}
+
+void BoardWidget::timerEvent(QTimerEvent* Event) {
+    if (Event->timerId() != SlideTicks.timerId()) {
+        QWidget::timerEvent(Event);
+        return;
+    }
+    if (SlidPart() >= 1) {
+        EndSlide();
+        return;
+    }
+    UpdateSlide();
+    SlideShown = SlidRect();
+    UpdateSlide();
+}
+
+// How much of the way is done, 0 to 1.
+double BoardWidget::SlidPart() const {
+    const double Corners = static_cast<double>(Slide.Path.size()) - 2;
+    return static_cast<double>(SlideClock.elapsed()) / std::min(LongestSlide, ShortestSlide + SlideOfCorner * Corners);
+}
+
+QRect BoardWidget::SlidRect() const {
+    const double Part = std::clamp(SlidPart(), 0.0, 1.0);
+    const double Smooth = Part * Part * (3 - 2 * Part);
+    std::vector<double> Ends{0}; // length of the way up to each of its corners
+    for (std::size_t I = 1; I < Slide.Path.size(); ++I) {
+        const QPoint Step = CellRect(Slide.Path[I]).topLeft() - CellRect(Slide.Path[I - 1]).topLeft();
+        Ends.push_back(Ends.back() + std::hypot(Step.x(), Step.y()));
+    }
+    const double Done = Smooth * Ends.back();
+    std::size_t Leg = 1;
+    while (Leg + 1 < Ends.size() && Ends[Leg] < Done) {
+        ++Leg;
+    }
+    const double Length = Ends[Leg] - Ends[Leg - 1];
+    const double Along = Length > 0 ? (Done - Ends[Leg - 1]) / Length : 1;
+    const QPointF From = CellRect(Slide.Path[Leg - 1]).topLeft();
+    const QPointF To = CellRect(Slide.Path[Leg]).topLeft();
+    return {(From + (To - From) * Along).toPoint(), CellRect(Slide.Path.back()).size()};
+}
+
+bool BoardWidget::Covers(int Cell) const {
+    return Sliding && Slide.Path.back() == Cell;
+}
+
+void BoardWidget::PaintSlide(QPainter& Painter) {
+    if (!Sliding) {
+        return;
+    }
+    Painter.setOpacity(std::clamp(1 - SlidPart(), 0.0, 1.0));
+    for (const auto& [Cell, Piece] : Slide.Taken) {
+        PaintPicture(Painter, Piece, CellRect(Cell));
+    }
+    Painter.setOpacity(1);
+    PaintPicture(Painter, Slide.Piece, SlideShown);
 }
 
 void BoardWidget::PaintFrame(QPainter& Painter) const {
@@ -341,6 +579,7 @@ QPoint BoardWidget::TwipsIn(int Cell, QPointF Where) const {
 }
 
 void BoardWidget::mousePressEvent(QMouseEvent* Event) {
+    EndSlide();
     const int Button = ButtonCode(Event->button());
     if (PressedCell < 0 || Event->buttons() == Event->button()) {
         // With no other button held this is a new press, even if the release of the last one went to a message box.
@@ -408,9 +647,16 @@ bool BoardWidget::event(QEvent* Event) {
 }
 
 void BoardWidget::keyPressEvent(QKeyEvent* Event) {
+    EndSlide();
     const auto Key = KeyOfCursor(*Event);
     if (!Key) {
-        QWidget::keyPressEvent(Event);
+        const bool Character = !Event->text().isEmpty() && Event->text().front().isPrint() &&
+                               (Event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
+        if (Character) {
+            emit Typed(Event->text());
+        } else {
+            QWidget::keyPressEvent(Event);
+        }
         return;
     }
     const bool Steps = *Key != control::BoardKey::Pick && *Key != control::BoardKey::Menu;

@@ -6,9 +6,12 @@
 
 #include "control/events.h"
 #include "ui/artwork.h"
+#include "ui/motion.h"
 #include "view/state.h"
 
 #include <QAccessible>
+#include <QBasicTimer>
+#include <QElapsedTimer>
 #include <QRect>
 #include <QWidget>
 
@@ -48,6 +51,8 @@ public:
     QString CellText(int Cell) const;
 
 signals:
+    /// A character that is no key of the board's.
+    void Typed(const QString& Text);
     /// A key of the cursor, pressed or released.
     void KeyReported(control::BoardKey Key, bool Pressed);
     void FocusGained(bool ByKeys);
@@ -75,6 +80,7 @@ protected:
     void keyReleaseEvent(QKeyEvent* Event) override;
     void focusInEvent(QFocusEvent* Event) override;
     void focusOutEvent(QFocusEvent* Event) override;
+    void timerEvent(QTimerEvent* Event) override;
 
 public:
     /// The cell at a place in this widget, or -1.
@@ -89,6 +95,15 @@ private:
     void PaintCursor(QPainter& Painter, int Cell);
     void PaintPicture(QPainter& Painter, view::Picture Which, const QRect& Area);
     void PaintCorners(QPainter& Painter, const QRect& Area) const;
+    void PaintLifted(QPainter& Painter, view::Picture Piece, const QRect& Area);
+    void PaintWays(QPainter& Painter) const;
+    void PaintSlide(QPainter& Painter);
+    void BeginSlide(const view::SlideFields& Wanted);
+    void EndSlide();
+    void UpdateSlide();
+    double SlidPart() const;
+    QRect SlidRect() const;
+    bool Covers(int Cell) const;
     void PaintFrame(QPainter& Painter) const;
     void PaintLabels(QPainter& Painter) const;
     void ShowPointer();
@@ -111,6 +126,14 @@ private:
     int PressedCell = -1; // the cell that hears of the mouse while a button is held
     view::Picture PointerShown = view::Picture::None;
     view::Picture InHand = view::Picture::None;
+    std::vector<view::WayFields> Ways;
+    view::SlideFields Slide;  // the last one that was told
+    bool Sliding = false;     // while it is on its way
+    QElapsedTimer SlideClock; // since it began
+    QBasicTimer SlideTicks;
+    DesktopMotion Motion;
+    QRect SlideShown;    // where the piece was painted last
+    bool Filled = false; // once there are contents
 };
 
 } // namespace zonterbrook::ui

@@ -99,6 +99,7 @@ void MainWindow::ConnectControls() {
     connect(Board, &BoardWidget::KeyReported, this, [this](control::BoardKey Key, bool Pressed) {
         Dispatch([=](GameState& Game) { (Pressed ? control::c_KeyDown : control::c_KeyUp)(Game, Key); });
     });
+    connect(Board, &BoardWidget::Typed, this, &MainWindow::TypeOnBoard);
     connect(Board, &BoardWidget::CellChosen, this,
             [this](int Cell) { Dispatch([=](GameState& Game) { control::c_Choose(Game, Cell); }); });
     Board->SayCellsWith([this](int Cell) { return control::c_Text(*State, Cell); });
@@ -190,6 +191,19 @@ void MainWindow::DragFromCounter(const QMouseEvent& Mouse, std::int32_t Side) {
         QGuiApplication::restoreOverrideCursor();
         const int Cell = Board->CellAt(Board->mapFromGlobal(Mouse.globalPosition()));
         Dispatch([=](control::GameState& Game) { control::ExtraPieces_MouseUp(Game, Cell); });
+    }
+}
+
+// What is typed on the board is a move: the box of typed moves takes it. While several ways are offered a digit chooses
+// one.
+void MainWindow::TypeOnBoard(const QString& Text) {
+    if (!State->Ways.empty()) {
+        Dispatch([Number = Text.toInt()](control::GameState& Game) { control::c_ChooseWay(Game, Number); });
+    } else if (MoveBox->isEnabled()) {
+        MoveBox->setFocus();
+        MoveBox->setText(Text);
+        State->TypedText = Text.toStdString();
+        Shown.TypedText = State->TypedText;
     }
 }
 

@@ -79,8 +79,10 @@ private:
     /// Runs a handler, then shows what it changed. Nothing once the program is ending.
     void Dispatch(const std::function<void(control::GameState&)>& Handler);
     void LeaveIfAsked();
+    void TypeOnBoard(const QString& Text);
     void DragFromCounter(const QMouseEvent& Mouse, std::int32_t Side);
 
+    void ShowFullScreen();
     void ShowLayout();
     void ShowBoard();
     void ShowLists();

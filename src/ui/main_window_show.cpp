@@ -2,6 +2,7 @@
 //
 // Each part compares itself with the copy of what is shown and touches the widgets only where they differ. Ticks are
 // compared with the entries themselves, since a click ticks an entry before its handler has agreed.
+#include "control/last_move.h"
 #include "ui/main_window.h"
 
 #include <QFileInfo>
@@ -33,6 +34,7 @@ void MainWindow::ShowContents() {
     if (Showing) {
         return; // the keyboard has gone from one control to another meanwhile; the board comes last
     }
+    control::TraceLastMove(*State);
     const view::WindowContents& Now = *State;
     const QScopedValueRollback Busy(Showing, true);
     // What can be used follows from the whole state, not from the contents alone; and a click may have ticked an entry
@@ -45,6 +47,7 @@ void MainWindow::ShowContents() {
     if (EverShown && Now == Shown) {
         return;
     }
+    ShowFullScreen();
     ShowLayout();
     ShowLists();
     ShowTexts();
@@ -63,6 +66,12 @@ void MainWindow::ShowContents() {
     ShowBoard();
     Shown = Now;
     EverShown = true;
+}
+
+void MainWindow::ShowFullScreen() {
+    if (EverShown && State->FullScreen != isFullScreen()) {
+        setWindowState(windowState() ^ Qt::WindowFullScreen);
+    }
 }
 
 void MainWindow::ShowRecentFiles() {
@@ -368,7 +377,10 @@ void MainWindow::changeEvent(QEvent* Event) {
     if (!EverShown) {
         return;
     }
-    if (Event->type() == QEvent::FontChange) {
+    if (Event->type() == QEvent::WindowStateChange) {
+        State->FullScreen = isFullScreen(); // the desktop has keys for it, too
+        ShowContents();
+    } else if (Event->type() == QEvent::FontChange) {
         UseFont(font());
         PlaceControls();
     } else if (Event->type() == QEvent::PaletteChange) {

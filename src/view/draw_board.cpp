@@ -158,6 +158,7 @@ bool IsDarkSquare(const ViewState& State, int Square) {
 }
 
 void DrawBoard(ViewState& State, int Mode) {
+    State.Ways.clear(); // they were those of another position, or of the board the other way round
     State.KingsOnlyEqual = 0;
     State.WhiteMaterial = 0;
     State.BlackMaterial = 0;
@@ -175,6 +176,7 @@ void DrawBoard(ViewState& State, int Mode) {
             Cell.Box = Highlight::None;
             Cell.Number = Mode == 1 ? Number : 0;
             Cell.Hinted = Square == State.HintedSquares[0] || Square == State.HintedSquares[1];
+            Cell.Lifted = Square == State.PickedSquare;
         }
         Numbers.RowEnds();
     }
@@ -216,6 +218,7 @@ void RepaintSquare(ViewState& State, int Square) {
     Cell.Shows = PictureOf(State, Square, Cell.Shows);
     Cell.Box = Highlight::None;
     Cell.Number = 0;
+    Cell.Lifted = Square == State.PickedSquare;
 }
 
 void PaintEmpty(ViewState& State, int Square) {
@@ -223,6 +226,7 @@ void PaintEmpty(ViewState& State, int Square) {
     Cell.Shows = IsDarkSquare(State, Square) ? Picture::dark_square : Picture::light_square;
     Cell.Box = Highlight::None;
     Cell.Number = 0;
+    Cell.Lifted = false;
 }
 
 void BoxSquare(ViewState& State, int Square) {

@@ -41,6 +41,9 @@ inline constexpr int PictureCount = 14;
 /// The highlight on a cell: none, or one of the two colours of a picture set.
 enum class Highlight : std::uint8_t { None, Dark, Light };
 
+/// What the last move has left to be seen on a cell.
+enum class Trace : std::uint8_t { None, Source, Path, Captured, Target };
+
 /// One of the hundred cells `c`.
 struct BoardCell {
     Picture Shows = Picture::dark_square;
@@ -48,6 +51,8 @@ struct BoardCell {
     Highlight Box = Highlight::None;
     std::int32_t Number = 0; ///< printed on it; 0 for none
     bool Hinted = false;     ///< one of the two squares of a hint
+    bool Lifted = false;     ///< its piece has been picked by a click
+    Trace Left = Trace::None;
 
     bool operator==(const BoardCell&) const = default;
 };
@@ -154,6 +159,24 @@ struct LookFields {
     bool operator==(const LookFields&) const = default;
 };
 
+/// A move that slides over the board. A new number begins one; the cells show the position after it all the while.
+struct SlideFields {
+    std::int32_t Number = 0;
+    Picture Piece = Picture::None;
+    std::vector<std::int32_t> Path;                      ///< cells, from the first to the last
+    std::vector<std::pair<std::int32_t, Picture>> Taken; ///< cells and pieces that fade
+
+    bool operator==(const SlideFields&) const = default;
+};
+
+/// One of several captures between the same two squares, to be chosen from.
+struct WayFields {
+    std::vector<std::int32_t> Path; ///< cells
+    std::int32_t Badge = 0;         ///< cell that bears its number: no other way has it, if there is such a cell
+
+    bool operator==(const WayFields&) const = default;
+};
+
 inline constexpr int ProductPanel = 0;
 inline constexpr int StatusPanel = 1;
 inline constexpr int OpeningPanel = 2;
@@ -191,6 +214,9 @@ struct WindowContents {
     ProgressFields Progress;
     std::vector<std::string> RecentFiles; ///< opened or saved lately, the last one first
     base::CheckedArray<std::string, StatusPanelCount> StatusPanels{};
+    SlideFields Slide;
+    std::vector<WayFields> Ways; ///< that the person is asked to choose from; none: nothing is asked
+    bool FullScreen = false;
     bool operator==(const WindowContents&) const = default;
 };
 
@@ -255,7 +281,9 @@ struct OwnSettingsFields {
     std::int32_t Volume = 80;        ///< of the sounds, 0 to 100
     std::int32_t DarkHighlight = -1; ///< the person's own colours of the highlights; -1: those of the skin
     std::int32_t LightHighlight = -1;
-    std::string WindowPlace; ///< size, place and screen of the window, as the window writes it; empty: none yet
+    std::int32_t MarkLastMove = 1; ///< 1: the last move is marked on the board
+    std::int32_t SlideMoves = 1;   ///< 1: moves that are not made by hand slide
+    std::string WindowPlace;       ///< size, place and screen of the window, as the window writes it; empty: none yet
 
     bool operator==(const OwnSettingsFields&) const = default;
 };
@@ -283,6 +311,8 @@ struct ViewState : engine::EngineState, SettingsFields, WindowContents {
     std::string FileName; ///< of the file that holds the game, without its folder; empty for none
 
     std::int32_t HintedSquares[2] = {0, 0}; ///< of the move that a hint has told; 0 for none. Until the next click
+
+    std::int32_t PickedSquare = 0; ///< of the piece that a click has picked; 0 for none
 
     std::vector<std::pair<std::int32_t, std::int32_t>>
         BookMoves; ///< ends of the moves that the opening book recommends

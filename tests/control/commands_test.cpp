@@ -71,31 +71,37 @@ constexpr StateCase StateRows[] = {
      "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste mnuProblem Details Exit Compute MoveForward Last "
      "Offerdraw Resign Hint Cplayer Pplayer mnu_Play_Ccomputer Options Analyze Turn Nonotation "
      "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers CreateHtml CopyDiagram SaveDiagram PrintDiagram calculation "
-     "rating plyvaluetable Contents QuickRules Rules mnu_Help_About",
+     "MarkLastMove SlideMoves FullScreen rating plyvaluetable Contents QuickRules Rules mnu_Help_About",
      "CGRT"},
     {"between_persons_in_the_middle", Resting, Mode::PlayerPlayer, 1,
      "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste mnuProblem Details Exit Compute First Moveback "
      "MoveForward Last Hint Cplayer Pplayer mnu_Play_Ccomputer Options Analyze Turn Nonotation "
      "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers CreateHtml CopyDiagram SaveDiagram PrintDiagram calculation "
-     "rating plyvaluetable Contents QuickRules Rules mnu_Help_About",
+     "MarkLastMove SlideMoves FullScreen rating plyvaluetable Contents QuickRules Rules mnu_Help_About",
      "CGRT"},
     {"thinking", Thinking, Mode::ComputerPlayer, 2,
-     "Exit mnu_Play_Cancel calculation rating Contents QuickRules Rules mnu_Help_About", ""},
+     "Exit mnu_Play_Cancel calculation MarkLastMove SlideMoves FullScreen rating Contents QuickRules Rules "
+     "mnu_Help_About",
+     ""},
     {"playing_itself", Thinking, Mode::ComputerComputer, 2,
-     "Exit mnu_Play_Cancel calculation rating Contents QuickRules Rules mnu_Help_About", "G"},
-    {"replaying", Replaying, Mode::ComputerPlayer, 1,
-     "Exit calculation rating Contents QuickRules Rules mnu_Help_About", "G"},
-    {"measuring", Measuring, Mode::PlayerPlayer, 1,
-     "Exit mnu_Play_Cancel calculation rating Contents QuickRules Rules mnu_Help_About", "G"},
-    {"hinting", Hinting, Mode::PlayerPlayer, 1, "Exit calculation rating Contents QuickRules Rules mnu_Help_About",
+     "Exit mnu_Play_Cancel calculation MarkLastMove SlideMoves FullScreen rating Contents QuickRules Rules "
+     "mnu_Help_About",
      "G"},
+    {"replaying", Replaying, Mode::ComputerPlayer, 1,
+     "Exit calculation MarkLastMove SlideMoves FullScreen rating Contents QuickRules Rules mnu_Help_About", "G"},
+    {"measuring", Measuring, Mode::PlayerPlayer, 1,
+     "Exit mnu_Play_Cancel calculation MarkLastMove SlideMoves FullScreen rating Contents QuickRules Rules "
+     "mnu_Help_About",
+     "G"},
+    {"hinting", Hinting, Mode::PlayerPlayer, 1,
+     "Exit calculation MarkLastMove SlideMoves FullScreen rating Contents QuickRules Rules mnu_Help_About", "G"},
     {"message_to_come", Ending, Mode::ComputerPlayer, 2, "Exit", "G"},
     {"over_at_the_end", Over, Mode::ComputerPlayer, 2,
      "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit First Moveback Cplayer Pplayer "
      "Options Turn Nonotation "
      "mnu_Board_Notation_Chess "
      "mnu_Board_Notation_Checkers CreateHtml CopyDiagram SaveDiagram PrintDiagram "
-     "calculation rating Contents QuickRules Rules mnu_Help_About",
+     "calculation MarkLastMove SlideMoves FullScreen rating Contents QuickRules Rules mnu_Help_About",
      "GRT"},
 };
 INSTANTIATE_TEST_SUITE_P(Rows, Enabled, testing::ValuesIn(StateRows), RowName);

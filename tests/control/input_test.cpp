@@ -58,6 +58,7 @@ TEST_P(Refusals, SayWhyAndChangeNothing) {
         World.ExpectMessage("Error", Row.Text);
     }
     Drag(Row.From, Row.To);
+    control::PutBackPiece(State); // let go where it stood, it would stay picked
     EXPECT_TRUE(World.ScriptIsDone());
     ExpectNothingPlayed(Row.From, Piece);
     EXPECT_EQ(Shown, CellOn(Row.From).Shows) << "the piece is not shown where it stands";
@@ -163,6 +164,64 @@ TEST_F(Input, EveryWayOutOfADragPutsThePieceBack) {
 }
 
 // --- numbers, boxes, the touched piece ---------------------------------------------------------------------------
+
+TEST_F(Input, AClickPicksAndAClickPlays) {
+    const auto Click = [this](std::string_view Square) { Drag(Square, Square); };
+    Lay("w c3, w g3, b j0", rules::White);
+    for (const char* Ends : {"c3", "a1", "Escape"}) { // the piece again, a square that is no target, the key
+        SCOPED_TRACE(Ends);
+        Click("c3");
+        EXPECT_TRUE(CellOn("c3").Lifted);
+        Hover("a1");
+        EXPECT_EQ(Highlight::Dark, CellOn("d4").Box);
+        EXPECT_EQ(Highlight::None, CellOn("g3").Box);
+        std::string_view(Ends) == "Escape" ? control::PutBackPiece(State) : Click(Ends);
+        EXPECT_FALSE(CellOn("c3").Lifted);
+        EXPECT_EQ(Highlight::None, CellOn("d4").Box);
+    }
+    Click("c3");
+    Click("g3"); // another piece
+    EXPECT_TRUE(CellOn("g3").Lifted && !CellOn("c3").Lifted);
+    Click("h4");
+    EXPECT_EQ(rules::WhiteMan, PieceOn("h4"));
+    EXPECT_EQ(0, State.PickedSquare);
+    ExpectConsistent();
+}
+
+// From c3 to c7 a man jumps by way of e5 or of a5.
+TEST_F(Input, OfSeveralWaysThePersonChooses) {
+    struct Choice {
+        const char *Name, *Square; // a square is clicked on, a digit is typed
+    };
+    for (const Choice& Row :
+         {Choice{"first", "1"}, {"second", "2"}, {"click", "b6"}, {"shared", "c3"}, {"elsewhere", "j2"}}) {
+        SCOPED_TRACE(Row.Name);
+        PlayVariant("American Checkers 10x10"); // forward alone, so that no way goes round
+        BetweenPersons();
+        Lay("w c3, b d4, b d6, b b4, b b6, b j0", rules::White);
+        Drag("c3", "c3");
+        Drag("c7", "c7");
+        ASSERT_EQ(2U, State.Ways.size());
+        EXPECT_NE(State.Ways[0].Badge, State.Ways[1].Badge);
+        const bool Digit = Row.Square[1] == '\0';
+        const int First = State.MoveStack[State.WayMoves[0]].Captures.Groups[0].Cell;
+        if (Digit) {
+            control::c_ChooseWay(State, 3); // there is none
+            control::c_ChooseWay(State, Row.Square[0] - '0');
+            EXPECT_EQ(Row.Square[0] == '1', State.Record.Last().Played.Record.Captures.Groups[0].Cell == First);
+            continue;
+        }
+        Drag(Row.Square, Row.Square);
+        if (std::string_view(Row.Name) == "click") {
+            EXPECT_EQ(rules::Empty, PieceOn("b6"));
+        } else {
+            EXPECT_EQ(0, State.Record.Count);
+            EXPECT_EQ(std::string_view(Row.Name) == "shared", !State.Ways.empty());
+        }
+        control::PutBackPiece(State);
+        EXPECT_TRUE(State.Ways.empty());
+    }
+}
 
 TEST_F(Input, NumbersStayWhileAnEmptySquareIsHeld) {
     Down("e5");
@@ -345,6 +404,7 @@ TEST_F(Input, TheRightButtonEditsTheSquare) {
     Up("e5");
     State.SetupLatch = true;
     Drag("c3", "c3"); // a drag lies between
+    control::PutBackPiece(State);
     Down("e5");
     EXPECT_EQ(46, CellOn("a1").Number);
 }

@@ -162,7 +162,8 @@ protected:
             const int Source = State.MoveStack[I].Source;
             const bool Boxed = Source == rules::FromHand ||
                                State.Cells[view::CellOfSquare(State, Source)].Box != view::Highlight::None;
-            EXPECT_TRUE(Boxed || State.SourceCell >= 0) << "a piece that can move is not boxed";
+            EXPECT_TRUE(Boxed || State.SourceCell >= 0 || State.PickedSquare != 0)
+                << "a piece that can move is not boxed";
         }
         if (control::TakesMoves(State)) {
             view::RefreshMoveChoices(State);
