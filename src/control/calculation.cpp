@@ -3,6 +3,7 @@
 // Reads the main line and the best score; writes label, status and progress, and the expected reply.
 #include "control/calculation.h"
 
+#include "engine/evaluate.h"
 #include "view/move_lists.h"
 #include "view/time_text.h"
 
@@ -42,6 +43,14 @@ void TakeMainLine(const engine::EngineState& State, view::CalculationFields& Fou
         Found.Line[Column] = NamedMoveOf(Line[Column]);
         ++Found.LineLength;
     }
+}
+
+void NoteCalculated(GameState& State) {
+    State.CalculatedFor = {engine::KeyOfPosition(State), State.Side};
+}
+
+bool BelongsToCalculation(const GameState& State) {
+    return !State.CalculatedFor || *State.CalculatedFor == CalculatedPosition{engine::KeyOfPosition(State), State.Side};
 }
 
 void CalculationReport::MoveStarts(int Iteration, int Move, bool Verifying) {

@@ -13,6 +13,11 @@ namespace zonterbrook::control {
 /// Takes over as much of the main line as is shown.
 void TakeMainLine(const engine::EngineState& State, view::CalculationFields& Found);
 
+/// Keeps which position is thought about, and tells whether it is the one on the board: else the list of the last
+/// calculation holds no moves for it. Before the first calculation of a game any does.
+void NoteCalculated(GameState& State);
+bool BelongsToCalculation(const GameState& State);
+
 /// Listens to a root search and shows how far it is. The second move of the line that it finds is the reply that is
 /// expected, `HintSource` and `HintDest`.
 class CalculationReport : public engine::RootObserver {

@@ -7,6 +7,7 @@
 #include "control/kept_game.h"
 #include "control/open_game.h"
 #include "control/pdn_game.h"
+#include "control/turn_state.h"
 #include "control/variant_start.h"
 #include "formats/fen.h"
 #include "formats/pdn_game.h"
@@ -48,6 +49,7 @@ void PasteGame(GameState& State, const std::string& Text) {
     const LoadReport Report = StartPdnGame(State, *Read.Document, {}, LoadMode::Chosen);
     if (Report.How == LoadResult::BadSetup) {
         RefreshChoices(State);
+        view::SetStatus(State, StandingText(State));
         return;
     }
     State.Replaced = std::move(Before);

@@ -4,6 +4,7 @@
 #include "base/fault.h"
 #include "control/analysis.h"
 #include "control/clipboard.h"
+#include "control/colour.h"
 #include "control/details.h"
 #include "control/diagram.h"
 #include "control/draw_offer.h"
@@ -24,6 +25,7 @@
 #include "control/saved_game.h"
 #include "control/trap.h"
 #include "control/turn_state.h"
+#include "control/variant_start.h"
 #include "view/draw_board.h"
 #include "view/move_lists.h"
 
@@ -83,6 +85,10 @@ bool HasRecent(const GameState& State) {
     return !IsBusy(State) && !State.RecentFiles.empty();
 }
 
+bool MayTakeBack(const GameState& State) {
+    return !IsBusy(State) && StepsToTakeBack(State) > 0;
+}
+
 bool MovesAhead(const GameState& State) {
     return !IsBusy(State) && State.Record.MovesAhead();
 }
@@ -92,6 +98,11 @@ bool MovesAhead(const GameState& State) {
 template <GameMode Mode>
 bool InMode(const GameState& State) {
     return State.PlayMode == Mode;
+}
+
+template <std::int32_t Side>
+bool PersonPlays(const GameState& State) {
+    return State.PlayMode == GameMode::ComputerPlayer && PersonSide(State) == Side;
 }
 
 template <Notation Names>
@@ -214,14 +225,15 @@ constexpr CommandRow Rows[] = {
     {Id::Cancel, Id::PlayMenu, Kind::Entry, "mnu_Play_Cancel", "Cancel", "Esc", CanCancel, Run<mnu_Play_Cancel_Click>},
     Line(Id::PlayMenu, "streep7"),
     {Id::First, Id::PlayMenu, Kind::Entry, "First", "First", "Home; Alt+Home", MovesBehind, Run<First_Click>},
-    {Id::Back, Id::PlayMenu, Kind::Entry, "Moveback", "Back", "Ctrl+Z; Left; Alt+Left", MovesBehind,
-     Run<Moveback_Click>},
+    {Id::Back, Id::PlayMenu, Kind::Entry, "Moveback", "Back", "Left; Alt+Left", MovesBehind, Run<Moveback_Click>},
     {Id::Forward, Id::PlayMenu, Kind::Entry, "MoveForward", "Forward", "Ctrl+Y; Right; Alt+Right", MovesAhead,
      Run<MoveForward_Click>},
     {Id::Last, Id::PlayMenu, Kind::Entry, "Last", "Last", "End; Alt+End", MovesAhead, Run<Last_Click>},
+    {Id::TakeBack, Id::PlayMenu, Kind::Entry, "TakeBack", "Take Back", "Ctrl+Z", MayTakeBack, Run<TakeBack_Click>},
     Line(Id::PlayMenu, "streep8"),
     {Id::OfferDraw, Id::PlayMenu, Kind::Entry, "Offerdraw", "Offer draw", "Ctrl+D", PlaysComputer, Run<OfferDraw>},
-    {Id::Resign, Id::PlayMenu, Kind::Entry, "Resign", "Resign", "Ctrl+R", PlaysComputer, Run<Resign>},
+    // A slip of the fingers must not give up a game: no key of its own.
+    {Id::Resign, Id::PlayMenu, Kind::Entry, "Resign", "Resign", "", PlaysComputer, Run<Resign>},
     {Id::Hint, Id::PlayMenu, Kind::Entry, "Hint", "Hint", "Ctrl+H", MayPlayOn, Run<Hint_Click>},
     Line(Id::PlayMenu, "streep9"),
     {Id::ComputerPlayer, Id::PlayMenu, Kind::Radio, "Cplayer", "Player-Computer", "Ctrl+1", AtRest,
@@ -230,6 +242,11 @@ constexpr CommandRow Rows[] = {
      Run<SetPlayerPlayerMode>, InMode<GameMode::PlayerPlayer>},
     {Id::ComputerComputer, Id::PlayMenu, Kind::Radio, "mnu_Play_Ccomputer", "Computer-Computer", "Ctrl+3", MayPlayOn,
      Run<RunComputerComputer>, InMode<GameMode::ComputerComputer>},
+    Line(Id::PlayMenu, "streep16"),
+    {Id::PlayWhite, Id::PlayMenu, Kind::Radio, "PlayWhite", "Play White", "", AtRest, Run<PlayWhite>,
+     PersonPlays<rules::White>},
+    {Id::PlayBlack, Id::PlayMenu, Kind::Radio, "PlayBlack", "Play Black", "", AtRest, Run<PlayBlack>,
+     PersonPlays<rules::Black>},
     Line(Id::PlayMenu, "streep10"),
     {Id::Options, Id::PlayMenu, Kind::Entry, "Options", "Options...", "Ctrl+,", AtRest, Run<ShowOptions>},
     Line(Id::PlayMenu, "streep11"),

@@ -55,6 +55,17 @@ void AnnounceForced(GameState& State) {
     State.ForcedAnnounced = true;
 }
 
+// The line of the move in the list of what has been looked at.
+void MarkPlayed(GameState& State, const rules::MoveRecord& Played) {
+    const int Lines = static_cast<int>(State.RootList.Lines.size());
+    for (int I = 0; I < Lines; ++I) {
+        if (State.RootMoves[I].Source == Played.Source && State.RootMoves[I].Dest == Played.Dest) {
+            State.RootList.Marked = I;
+            return;
+        }
+    }
+}
+
 // --- The move ------------------------------------------------------------------------------------------------------
 
 // Plays the first record: the search has put the best one there.
@@ -64,6 +75,7 @@ void PlayBest(GameState& State, MoveInProgress& Move) {
     Made.Score = base::Narrow<std::int16_t>(State.BestScore);
     Made.Depth = base::Narrow<std::int16_t>(Move.Found.DepthReached);
     Made.Choices = base::Narrow<std::int16_t>(Move.Choices);
+    MarkPlayed(State, Made.Played.Record);
     rules::PlayMove(State, 0);
 
     // 2. Whether the mover has won is asked from its own side.

@@ -230,7 +230,7 @@ void EndGame(GameState& State, Ending How, Announcement Voice) {
     if (Aloud) {
         const bool Answers = How == Ending::OfferAccepted || How == Ending::Resigned;
         State.Outside().Message("Congratulations", (Answers ? "OK... " : "") + State.EndText + State.RatingSummary,
-                                Icon::Exclamation);
+                                Icon::Congratulation);
     }
 }
 

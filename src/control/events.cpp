@@ -1,6 +1,7 @@
 // The window's events, each under the trap.
 #include "control/events.h"
 
+#include "control/colour.h"
 #include "control/navigation.h"
 #include "control/open_game.h"
 #include "control/program.h"
@@ -115,6 +116,13 @@ void OpenListed(GameState& State, std::size_t Place) {
 void Form_Load(GameState& State) {
     RunTrapped(
         State, [&] { StartProgram(State); }, ErrorFound);
+}
+
+void Form_Activate(GameState& State) {
+    // A game of the last run waits for the person.
+    if (State.HandlersAtWork == 0 && !State.GameChanged) {
+        RunTrapped(State, [&] { BeginByColour(State); });
+    }
 }
 
 void ChangeDensity(GameState& State, std::int32_t TwipsPerPixel) {

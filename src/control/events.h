@@ -70,6 +70,9 @@ void OpenListed(GameState& State, std::size_t Place);
 /// Once, before the window is shown. `State` must be fresh and its `TwipsPerPixel` set.
 void Form_Load(GameState& State);
 
+/// Once, when the window is seen: the computer begins if the person plays the other colour.
+void Form_Activate(GameState& State);
+
 /// The window's texts have another density now: 12 or 15 twips to a pixel.
 void ChangeDensity(GameState& State, std::int32_t TwipsPerPixel);
 

@@ -6,6 +6,15 @@
 
 namespace zonterbrook::control {
 
+game::Details DetailsToSave(const GameState& State) {
+    game::Details Details = State.Details;
+    if (State.PlayMode == view::GameMode::PlayerPlayer && !State.OwnSettings.SecondName.empty()) {
+        Details.White = Details.White.empty() ? State.WhitePlayerName : Details.White;
+        Details.Black = Details.Black.empty() ? State.BlackPlayerName : Details.Black;
+    }
+    return Details;
+}
+
 formats::GameFileDocument DocumentOf(const GameState& State) {
     formats::GameFileDocument Game;
     Game.VariantName = State.VariantName;
@@ -15,7 +24,7 @@ formats::GameFileDocument DocumentOf(const GameState& State) {
     Game.Rules = State.RuleSet;
     Game.UseClassic = State.UseClassic;
     Game.PlayerName = State.PlayerName;
-    Game.Details = State.Details;
+    Game.Details = DetailsToSave(State);
     const game::GameRecord& Record = State.Record;
     for (int Number = 1; Number <= Record.Count; ++Number) {
         const game::HalfMove& Made = Record.HalfMoves[Number];

@@ -6,6 +6,10 @@
 
 namespace zonterbrook::control {
 
+/// The details that a file of the game gets: where the second of two persons has a name, those beside the board stand
+/// for players that have not been entered.
+game::Details DetailsToSave(const GameState& State);
+
 /// The names of the program's own files of games.
 inline constexpr std::string_view AutosaveName = "quavermill.sav";
 inline constexpr std::string_view DrawnMovesName = "domoves.qvm";

@@ -7,6 +7,7 @@
 #include "control/input.h"
 
 #include "base/text.h"
+#include "control/calculation.h"
 #include "control/input_state.h"
 #include "control/person_move.h"
 #include "control/replay.h"
@@ -332,16 +333,11 @@ void TypeMove(GameState& State) {
     }
 }
 
-void ClearLines(view::ListFields& List) {
-    List.Lines.clear();
-    List.Selected = -1;
-}
-
 void PlayLine(GameState& State, int Source, int Dest) {
     State.TypedText.clear();
     if (rules::FindMove(State, Source, Dest) >= 0) {
-        ClearLines(State.ChoiceList);
-        ClearLines(State.RootList);
+        State.ChoiceList = {};
+        State.RootList = {};
         PlayPersonMove(State, Source, Dest);
     } else {
         view::DrawBoard(State, 0);
@@ -539,6 +535,10 @@ void PlayRootMove(GameState& State) {
     }
     if (K > LastRootMove) {
         Refuse(State, "List3_DblClick   K=" + view::SignedText(K));
+        return;
+    }
+    // The calculation of another position, such as the computer's own before its move, has no moves for this one.
+    if (!BelongsToCalculation(State)) {
         return;
     }
     PlayLine(State, State.RootMoves[K].Source, State.RootMoves[K].Dest);

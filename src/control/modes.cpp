@@ -12,26 +12,19 @@
 #include "view/draw_board.h"
 #include "view/move_lists.h"
 
-#include <string_view>
-
 namespace zonterbrook::control {
 
 namespace {
 
 using view::GameMode;
 
-void NameBoth(view::ViewState& State, std::string_view Name) {
-    State.WhitePlayerName = Name;
-    State.BlackPlayerName = Name;
-    view::ShowPlayers(State);
-}
-
 void BeginOwnPlay(GameState& State) {
     ClearInput(State);
     State.RatingAllowed = false;
     State.CancelRequested = rules::StopRequest::None;
     State.PlayMode = GameMode::ComputerComputer;
-    NameBoth(State, "Computer");
+    NamePlayers(State);
+    view::ShowPlayers(State);
     State.ChoiceList = {};
     State.RootList = {};
     EnterTurn(State, TurnState::Thinking);
@@ -49,6 +42,7 @@ void EndOwnPlay(GameState& State) {
     if (!IsOver(State)) {
         EnterTurn(State, TurnState::Resting);
     }
+    view::SetStatus(State, StandingText(State));
     NamePersonToMove(State);
     view::ShowPlayers(State);
     rules::GenerateGameMoves(State);
@@ -66,7 +60,8 @@ void SetComputerPlayerMode(view::ViewState& State) {
 
 void SetPlayerPlayerMode(view::ViewState& State) {
     State.PlayMode = GameMode::PlayerPlayer;
-    NameBoth(State, State.PlayerName);
+    NamePlayers(State);
+    view::ShowPlayers(State);
     view::SetStatus(State, "Player-Player mode");
 }
 

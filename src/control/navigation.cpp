@@ -7,6 +7,7 @@
 #include "control/ending.h"
 #include "control/input_state.h"
 #include "control/turn_state.h"
+#include "control/variant_start.h"
 #include "rules/generate.h"
 #include "rules/input.h"
 #include "rules/moves.h"
@@ -106,8 +107,7 @@ void GoBack(GameState& State, int Steps) {
 }
 
 void JumpBy(GameState& State, int Steps) {
-    State.RootList.Lines.clear();
-    State.RootList.Selected = -1;
+    State.RootList = {};
     NavigateMoves(State, Steps);
 }
 
@@ -175,13 +175,29 @@ void Moveback_Click(GameState& State) {
 }
 
 void MoveForward_Click(GameState& State) {
-    State.RootList.Lines.clear();
-    State.RootList.Selected = -1;
+    State.RootList = {};
     StepForward(State);
 }
 
 void Last_Click(GameState& State) {
     JumpBy(State, State.Record.Cursor - State.Record.Count);
+}
+
+int StepsToTakeBack(const GameState& State) {
+    const int Behind = State.Record.Cursor;
+    if (State.PlayMode == view::GameMode::PlayerPlayer) {
+        return std::min(Behind, 1);
+    }
+    const int Steps = PersonSide(State) == State.Side ? 2 : 1;
+    return Behind < Steps ? 0 : Steps;
+}
+
+void TakeBack_Click(GameState& State) {
+    const int Steps = StepsToTakeBack(State);
+    if (Steps > 0) {
+        JumpBy(State, Steps);
+        view::SetStatus(State, view::SideMovesText(State.Side));
+    }
 }
 
 void GoToSelectedMove(GameState& State) {

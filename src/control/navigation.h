@@ -17,6 +17,14 @@ void Moveback_Click(GameState& State);
 void MoveForward_Click(GameState& State);
 void Last_Click(GameState& State);
 
+/// How many half-moves behind the cursor Take Back takes back: one between two persons, else as many as it takes until
+/// the person is to move again, whose colour is told by the names. 0: none can be.
+int StepsToTakeBack(const GameState& State);
+
+/// The Take Back command: what has been taken back stands ahead of the cursor until another move replaces it, and a
+/// game that was over goes on.
+void TakeBack_Click(GameState& State);
+
 /// To the position behind the selected line of `GameList`.
 void GoToSelectedMove(GameState& State);
 

@@ -1,6 +1,7 @@
 // The New Game command, and the openings that are drawn by lot.
 #include "control/new_game.h"
 
+#include "control/colour.h"
 #include "control/ending.h"
 #include "control/game_document.h"
 #include "control/kept_game.h"
@@ -110,6 +111,7 @@ void StartNewGame(GameState& State, ChooseVariant Dialog) {
     if (State.UseSound == 1) {
         State.Outside().PlaySound("sounds/roll.wav", State.OwnSettings.Volume);
     }
+    BeginByColour(State);
 }
 
 void New1_Click(GameState& State) {

@@ -16,8 +16,10 @@ void RewriteMoves(GameState& State) {
     State.GameList.Selected = GameLine;
     if (!State.RootList.Lines.empty()) {
         const std::int32_t RootLine = State.RootList.Selected;
+        const std::int32_t Played = State.RootList.Marked;
         view::ShowRootMoves(State);
         State.RootList.Selected = RootLine;
+        State.RootList.Marked = Played;
     }
     if (State.ShowCalculation == 1) {
         view::WriteCalculation(State);

@@ -6,6 +6,7 @@
 #include "control/kept_game.h"
 #include "control/pdn_game.h"
 #include "control/settings.h"
+#include "control/turn_state.h"
 #include "formats/text_file.h"
 #include "view/move_lists.h"
 
@@ -25,6 +26,7 @@ void OpenFile(GameState& State, const std::filesystem::path& File) {
         IsPdnName(File) ? LoadPdnFile(State, File, LoadMode::Chosen) : LoadGameFile(State, File, LoadMode::Chosen);
     if (Report.How == LoadResult::Failed || Report.How == LoadResult::BadSetup) {
         RefreshChoices(State);
+        view::SetStatus(State, StandingText(State));
         return;
     }
     State.Replaced = std::move(Before);

@@ -1,9 +1,11 @@
 // The options: the settings of a person as a form, and what follows when they change.
 #include "control/options.h"
 
+#include "base/text.h"
 #include "control/notation.h"
 #include "control/settings.h"
 #include "control/skin.h"
+#include "control/variant_start.h"
 #include "view/draw_board.h"
 #include "view/layout.h"
 #include "view/move_lists.h"
@@ -58,12 +60,17 @@ view::OptionsForm FillForm(const GameState& State) {
     Form.PlyValueDepth = std::to_string(State.PlyValueDepth);
     Form.MoveLimitChoice = State.MoveLimitChoice;
     Form.PlayerName = State.OwnName.value_or(State.PlayerName);
+    Form.SecondName = State.OwnSettings.SecondName;
     Form.Volume = State.OwnSettings.Volume;
     return Form;
 }
 
 // The person gets the side to move, or the other one. Wanted: docs/kept_behaviour.md, "Names after the options".
-void NamePlayers(GameState& State) {
+void NameAgain(GameState& State) {
+    if (State.PlayMode == view::GameMode::PlayerPlayer) {
+        NamePlayers(State);
+        return;
+    }
     std::string White = State.PlayerName;
     std::string Black(ComputerName);
     if (State.RuleSet.BlackStarts != 1) {
@@ -72,9 +79,8 @@ void NamePlayers(GameState& State) {
     if (State.Side == rules::White) {
         std::swap(White, Black);
     }
-    const bool TwoPersons = State.PlayMode == view::GameMode::PlayerPlayer;
-    State.WhitePlayerName = TwoPersons ? State.PlayerName : White;
-    State.BlackPlayerName = TwoPersons ? State.PlayerName : Black;
+    State.WhitePlayerName = White;
+    State.BlackPlayerName = Black;
 }
 
 } // namespace
@@ -114,6 +120,7 @@ void OptionsEditor::cmdApply_Click() {
     State.PlyValueDepth =
         static_cast<decltype(State.PlyValueDepth)>(view::ReadWithin(Form.PlyValueDepth, 1, DeepestTable));
     State.MoveLimitChoice = static_cast<decltype(State.MoveLimitChoice)>(Form.MoveLimitChoice);
+    State.OwnSettings.SecondName = base::Trim(Form.SecondName);
     State.OwnSettings.Volume = Form.Volume;
     State.OwnSettings.DarkHighlight = Form.DarkHighlight;
     State.OwnSettings.LightHighlight = Form.LightHighlight;
@@ -135,7 +142,7 @@ void ShowOptions(GameState& State) {
     // 2. The line of the strength, the sign of a capture, the names.
     view::ShowStrength(State);
     State.CaptureChar = State.ColonCapture == 1 ? ':' : 'x';
-    NamePlayers(State);
+    NameAgain(State);
 
     // 3. The board and every text that names a move.
     view::DrawBoard(State, 0);

@@ -4,6 +4,7 @@
 #include "control/pdn_game.h"
 
 #include "base/text.h"
+#include "control/game_document.h"
 #include "control/trap.h"
 #include "control/variant_start.h"
 #include "formats/fen.h"
@@ -275,11 +276,12 @@ std::string PdnText(const GameState& State) {
     const formats::RuleTagDocument Rules = RulesOf(State);
     const rules::Notation Names = WrittenNotation(State);
     formats::PdnGame Game;
-    Game.Tags.Event = State.Details.Event;
-    Game.Tags.Date = State.Details.Date;
-    Game.Tags.Site = State.Details.Site;
-    Game.Tags.Black = State.Details.Black;
-    Game.Tags.White = State.Details.White;
+    const game::Details Details = DetailsToSave(State);
+    Game.Tags.Event = Details.Event;
+    Game.Tags.Date = Details.Date;
+    Game.Tags.Site = Details.Site;
+    Game.Tags.Black = Details.Black;
+    Game.Tags.White = Details.White;
     Game.Tags.RuleTag = formats::NeedsRuleTag(Rules) ? formats::WriteRuleTag(Rules) : std::string();
     Game.Tags.RuleSet = formats::WriteRuleSetTag(Rules);
     const bool Letters = Names == rules::Notation::Algebraic;

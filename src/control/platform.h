@@ -19,7 +19,8 @@
 
 namespace zonterbrook::control {
 
-enum class Icon { None, Exclamation, Question };
+/// The sign beside a message; the last one for the end of a game.
+enum class Icon { None, Exclamation, Question, Congratulation };
 
 /// How long a position is shown before the next thing happens.
 inline constexpr double PauseSeconds = 0.5;

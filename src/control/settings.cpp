@@ -20,7 +20,6 @@ constexpr std::string_view SettingsName = "quavermill.ini";
 constexpr std::string_view RatingName = "quavermill.rtg";
 constexpr std::string_view OwnSettingsName = "zonterbrook.conf";
 constexpr std::string_view RecentKey = "recent";
-constexpr std::string_view WindowKey = "window";
 
 /// The numbers among the program's own settings.
 struct OwnNumber {
@@ -35,7 +34,16 @@ constexpr OwnNumber OwnNumbers[] = {
     {"light-highlight", &view::OwnSettingsFields::LightHighlight, -1, 0xFFFFFF},
     {"mark-last-move", &view::OwnSettingsFields::MarkLastMove, 0, 1},
     {"slide-moves", &view::OwnSettingsFields::SlideMoves, 0, 1},
+    {"play-colour", &view::OwnSettingsFields::PlayColour, 0, 2},
 };
+
+/// The texts.
+struct OwnText {
+    std::string_view Key;
+    std::string view::OwnSettingsFields::*Field;
+};
+constexpr OwnText OwnTexts[] = {{"window", &view::OwnSettingsFields::WindowPlace},
+                                {"second-name", &view::OwnSettingsFields::SecondName}};
 constexpr std::size_t MostRecentFiles = 8;
 
 /// Every setting beside its field in the state: `Do(value of the file, field)`.
@@ -168,8 +176,10 @@ void LoadOwnSettings(GameState& State) {
                 State.OwnSettings.*Each.Field = static_cast<std::int32_t>(Value);
             }
         }
-        const auto Place = formats::ValuesOf(Values, WindowKey);
-        State.OwnSettings.WindowPlace = Place.empty() ? std::string() : Place.front();
+        for (const OwnText& Each : OwnTexts) {
+            const auto Read = formats::ValuesOf(Values, Each.Key);
+            State.OwnSettings.*Each.Field = Read.empty() ? std::string() : Read.front();
+        }
     }
 }
 
@@ -184,8 +194,10 @@ void SaveOwnSettings(const GameState& State) {
     for (const OwnNumber& Each : OwnNumbers) {
         Values.emplace_back(Each.Key, std::to_string(State.OwnSettings.*Each.Field));
     }
-    if (!State.OwnSettings.WindowPlace.empty()) {
-        Values.emplace_back(WindowKey, State.OwnSettings.WindowPlace);
+    for (const OwnText& Each : OwnTexts) {
+        if (!(State.OwnSettings.*Each.Field).empty()) {
+            Values.emplace_back(Each.Key, State.OwnSettings.*Each.Field);
+        }
     }
     WriteOwnFile(State, OwnSettingsName, formats::WriteConfiguration(Values));
 }

@@ -62,6 +62,7 @@ bool ApplyEntry(GameState& State, CommandId Chosen) {
 
 void MakeStartPosition(GameState& State) {
     StartPosition(State);
+    State.IsEdited = true;
     view::MarkTitle(State);
     State.SetupLatch = true;
     State.PopupLatch = true;
@@ -77,8 +78,10 @@ void EditSquare(GameState& State, int Square) {
     State.PopupSquare = Square;
     const CommandId Chosen = State.Outside().ShowPopup(CommandId::PopupMenu);
     if (ApplyEntry(State, Chosen)) {
-        // A game is kept; a position on its way to what the person wants is not, but one that is swept off the board.
-        if (State.Record.Count > 0 || Chosen == CommandId::ClearBoard) {
+        // A game is kept, and a position that has come from elsewhere; one on its way to what the person wants is not,
+        // but one that is swept off the board.
+        const bool FromElsewhere = State.BlackStartsByRules && !State.IsEdited;
+        if (State.Record.Count > 0 || FromElsewhere || Chosen == CommandId::ClearBoard) {
             State.Replaced = KeepGame(State);
         }
         MakeStartPosition(State);

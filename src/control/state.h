@@ -32,11 +32,20 @@ enum class DrawRule : std::uint8_t {
 
 struct BookIndex;
 
+/// A position that has been thought about.
+struct CalculatedPosition {
+    engine::PositionKey Key;
+    std::int32_t Side = 0;
+
+    bool operator==(const CalculatedPosition&) const = default;
+};
+
 /// What a new game forgets: it assigns the struct anew.
 struct GameFields {
     game::GameRecord Record;
     TurnState Turn = TurnState::Resting; ///< written through `EnterTurn`
-    bool GameChanged = false;            ///< a move has been made since the last save
+    bool IsEdited = false;    ///< its start position has been edited on the board, and no game has replaced it
+    bool GameChanged = false; ///< a move has been made since the last save
     game::Result Result = game::Result::None;
     game::Details Details;
     std::filesystem::path File; ///< that the game was opened from or saved to; empty if there is none
@@ -48,7 +57,8 @@ struct GameFields {
     bool BookOpen = true;
     std::int32_t BookMoveSource = 0; ///< the book's move; 0 for none
     std::int32_t BookMoveDest = 0;
-    std::int32_t HintSource = 0; ///< the reply that the computer expects; 0 for none
+    std::optional<CalculatedPosition> CalculatedFor; ///< whose moves `RootMoves` holds; nothing before the first one
+    std::int32_t HintSource = 0;                     ///< the reply that the computer expects; 0 for none
     std::int32_t HintDest = 0;
     bool ForcedAnnounced = false;       ///< the computer has said that it wins or loses
     std::int32_t ScoreFlatCount = 0;    ///< moves of the computer at which its score was as long before

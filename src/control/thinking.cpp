@@ -27,8 +27,7 @@ constexpr std::string_view StatusOf(Purpose For) {
 }
 
 void ClearList(view::ListFields& List) {
-    List.Lines.clear();
-    List.Selected = -1;
+    List = {};
 }
 
 // Leaves the book's move as the only one; false if the book has none that can be played.
@@ -74,6 +73,7 @@ void PrepareThinking(GameState& State, Purpose For) {
     State.HintSource = 0;
     State.HintDest = 0;
     State.StatusText.clear();
+    NoteCalculated(State);
 
     // 2. The lists.
     if (!PlaysItself(State)) {
@@ -181,12 +181,14 @@ void AnnounceLoss(GameState& State) {
 
 void GiveBackWindow(GameState& State) {
     State.BookMoveSource = 0;
+    State.Progress.Value = 0;
     if (PlaysItself(State)) {
         return;
     }
     if (!IsOver(State)) {
         EnterTurn(State, TurnState::Resting);
     }
+    view::SetStatus(State, StandingText(State));
     rules::GenerateGameMoves(State);
     RefreshChoices(State);
 }

@@ -73,6 +73,16 @@ void AskForStop(GameState& State) {
     }
 }
 
+std::string StandingText(const GameState& State) {
+    if (IsOver(State) && !State.EndText.empty()) {
+        return State.EndText;
+    }
+    if (!State.Record.MovesAhead() && !State.StatusText.empty()) {
+        return State.StatusText;
+    }
+    return std::string(view::SideMovesText(State.Side));
+}
+
 std::string CheckRest(const GameState& State) {
     std::string Found = rules::CheckPosition(State);
     if (IsBusy(State)) {

@@ -38,6 +38,9 @@ bool CanCancel(const GameState& State);
 /// Asks whatever is at work to stop.
 void AskForStop(GameState& State);
 
+/// What the status bar says at rest: how the game ended, what the computer announced last, or whose turn it is.
+std::string StandingText(const GameState& State);
+
 /// What does not hold of a state at rest; empty if all is well.
 std::string CheckRest(const GameState& State);
 

@@ -15,6 +15,7 @@
 #include "view/move_lists.h"
 
 #include <string>
+#include <utility>
 
 namespace zonterbrook::control {
 
@@ -27,13 +28,6 @@ void DrawColourByLot(GameState& State) {
         State.RuleSet.BlackStarts = State.Outside().Random() < 0.5 ? 0 : 1;
         State.LoadedRuleSet.BlackStarts = State.RuleSet.BlackStarts;
     }
-}
-
-void NamePlayers(GameState& State) {
-    const bool WithoutPerson = State.PlayMode == view::GameMode::ComputerComputer;
-    const bool TwoPersons = State.PlayMode == view::GameMode::PlayerPlayer;
-    State.WhitePlayerName = WithoutPerson ? std::string(ComputerName) : State.PlayerName;
-    State.BlackPlayerName = TwoPersons ? State.PlayerName : std::string(ComputerName);
 }
 
 void ClearWindow(GameState& State) {
@@ -125,6 +119,25 @@ void RestartGame(GameState& State) {
     rules::GenerateGameMoves(State);
     RefreshChoices(State);
     view::DrawBoard(State, 0);
+}
+
+std::int32_t PersonSide(const GameState& State) {
+    const bool White = State.WhitePlayerName == State.PlayerName;
+    const bool Black = State.BlackPlayerName == State.PlayerName;
+    if (White != Black) {
+        return White ? rules::White : rules::Black;
+    }
+    return State.Record.Last().By == game::MadeBy::Person ? -State.Side : State.Side;
+}
+
+void NamePlayers(view::ViewState& State) {
+    const std::string Computer(ComputerName);
+    const std::string& Second = State.OwnSettings.SecondName.empty() ? State.PlayerName : State.OwnSettings.SecondName;
+    State.WhitePlayerName = State.PlayMode == view::GameMode::ComputerComputer ? Computer : State.PlayerName;
+    State.BlackPlayerName = State.PlayMode == view::GameMode::PlayerPlayer ? Second : Computer;
+    if (State.OwnSettings.PlayColour == static_cast<std::int32_t>(view::PersonColour::Black)) {
+        std::swap(State.WhitePlayerName, State.BlackPlayerName);
+    }
 }
 
 void NamePersonToMove(view::ViewState& State) {

@@ -30,7 +30,15 @@ void StartPosition(GameState& State);
 /// Begins the game in hand once more, from its own start position.
 void RestartGame(GameState& State);
 
+/// The names beside the board at the start of a game, by the mode: the person, or the first of two, has the colour that
+/// has been chosen, else White.
+void NamePlayers(view::ViewState& State);
+
 /// The names beside the board where a person and the computer play on: the person gets the side to move.
 void NamePersonToMove(view::ViewState& State);
+
+/// The side of the person who plays the computer, as the names tell it. Where they don't, as in a game from a file, it
+/// is the side that has moved if a person made the last move, and the one to move otherwise.
+std::int32_t PersonSide(const GameState& State);
 
 } // namespace zonterbrook::control

@@ -61,8 +61,9 @@ public:
         State.RootSide = State.Side;
         Count = State.StackLimit[1];
         for (int I = 0; I < std::min(Count, RootMoveEntries); ++I) {
-            State.RootMoves[I].Source = State.MoveStack[I].Source;
-            State.RootMoves[I].Dest = State.MoveStack[I].Dest;
+            const rules::MoveRecord& Move = State.MoveStack[I];
+            State.RootMoves[I] = {Move.Source, Move.Dest, State.RootMoves[I].Score, Move.Captures.Count != 0,
+                                  Move.Kind != 0};
         }
         for (Iteration = 1; Iteration <= Limits.Depth; ++Iteration) {
             if (!RunIteration()) {

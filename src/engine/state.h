@@ -33,11 +33,13 @@ struct PositionKey {
     bool operator==(const PositionKey&) const = default;
 };
 
-/// Source, Dest and score of a root move, as the list of the last calculation shows them.
+/// Source, Dest and score of a root move, as the list of the last calculation shows them, and what its name tells.
 struct RootMove {
     std::int32_t Source;
     std::int32_t Dest;
     std::int32_t Score;
+    bool Captures = false;
+    bool Promotes = false;
 };
 
 /// Source, Dest and a tag: 1 for a capture, 10 added for a promotion.

@@ -218,9 +218,17 @@ void MainWindow::keyPressEvent(QKeyEvent* Event) {
 control::CommandId MainWindow::RunPopup(control::CommandId Menu) {
     QMenu* Popup = Menus.at(static_cast<std::size_t>(Menu));
     ShowCommands(); // its ticks are those of the square it has been opened on
-    // At the mouse, or beside the square that the keys have chosen.
+    // On the square that the keys have chosen, or beside the mouse, at the height of what stands on the square: a slip
+    // of the finger must not sweep the board.
+    constexpr int Gap = 6;
     const int Cell = Board->CursorCell();
-    const QPoint Where = Cell >= 0 ? Board->mapToGlobal(Board->CellRect(Cell).center()) : QCursor::pos();
+    QPoint Where = Cell >= 0 ? Board->mapToGlobal(Board->CellRect(Cell).center()) : QCursor::pos();
+    for (QAction* Entry : Popup->actions()) {
+        if (Cell < 0 && Entry->isChecked()) {
+            Where += QPoint(Gap, -Popup->actionGeometry(Entry).center().y());
+            break;
+        }
+    }
     const QAction* Chosen = Popup->exec(Where);
     for (const control::CommandRow& Row : control::CommandRows()) {
         if (Chosen != nullptr && ActionOf(Row.Id) == Chosen) {
@@ -259,6 +267,9 @@ void MainWindow::showEvent(QShowEvent* Event) {
         FollowsScreen = true;
         connect(windowHandle(), &QWindow::screenChanged, this, &MainWindow::FollowScreen);
         FollowScreen();
+        // The window is on the screen before the computer thinks.
+        QMetaObject::invokeMethod(
+            this, [this] { Dispatch(control::Form_Activate); }, Qt::QueuedConnection);
     }
 }
 

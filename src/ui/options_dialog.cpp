@@ -370,6 +370,19 @@ void OptionsDialog::BuildMisc() {
     NameRow->addWidget(Label);
     NameRow->addWidget(Name, 1);
     Misc->addLayout(NameRow);
+    auto* SecondLabel = new QLabel(tr("Second Player:"));
+    auto* Second = new QLineEdit(Text(Editor.Form.SecondName));
+    Second->setObjectName(QStringLiteral("SecondName"));
+    Second->setAccessibleName(tr("Second Player"));
+    Second->setMaxLength(LongestName);
+    Explain(Second, tr("Who plays against you in Player-Player; left empty, both have your name."));
+    SecondLabel->setBuddy(Second);
+    connect(Second, &QLineEdit::textEdited, this,
+            [this](const QString& Typed) { Editor.Form.SecondName = Typed.toStdString(); });
+    auto* SecondRow = new QHBoxLayout;
+    SecondRow->addWidget(SecondLabel);
+    SecondRow->addWidget(Second, 1);
+    Misc->addLayout(SecondRow);
     AddTicks(Misc, OptionsTab::Misc, " Misc ");
 
     // The rating is told by its box, and put back beside it.

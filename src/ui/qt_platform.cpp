@@ -5,6 +5,7 @@
 
 #include "ui/details_dialog.h"
 #include "ui/diagram_picture.h"
+#include "ui/icons.h"
 #include "ui/main_window.h"
 #include "ui/manual_window.h"
 #include "ui/options_dialog.h"
@@ -161,6 +162,10 @@ void QtPlatform::Message(std::string_view Title, std::string_view Words, control
     Box.setIcon(Sign == control::Icon::Exclamation ? QMessageBox::Warning
                 : Sign == control::Icon::Question  ? QMessageBox::Question
                                                    : QMessageBox::NoIcon);
+    if (Sign == control::Icon::Congratulation) {
+        constexpr int PictureSide = 64;
+        Box.setIconPixmap(ProgramIcon().pixmap(QSize(PictureSide, PictureSide), Box.devicePixelRatioF()));
+    }
     Box.setStandardButtons(QMessageBox::Ok);
     Say(Box, Title, Words);
     RunBox(Box);

@@ -45,13 +45,12 @@ void RefreshMoveChoices(ViewState& State) {
 }
 
 void ShowRootMoves(ViewState& State) {
-    State.RootList.Lines.clear();
-    State.RootList.Selected = -1;
+    State.RootList = {};
     for (const engine::RootMove& Move : State.RootMoves) {
         if (Move.Source == engine::UnsetScore) {
             continue;
         }
-        std::string Line = game::MoveName(State, {Move.Source, Move.Dest, false, false});
+        std::string Line = game::MoveName(State, {Move.Source, Move.Dest, Move.Captures, Move.Promotes});
         Line.resize(std::max(Line.size(), RootMoveWidth), ' ');
         if (Move.Score != engine::UnsetScore) {
             Line += base::PadLeft(std::to_string(Move.Score), ScoreWidth);

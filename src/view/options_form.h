@@ -46,6 +46,7 @@ struct OptionsForm {
     bool ChooseOpening = false;
     bool RandomOpening = false;
     std::string PlayerName;
+    std::string SecondName; ///< of the second of two persons; empty: the same
     bool UseRating = true;
     bool SaveAlgebraic = false;
     bool ConfirmExit = true;

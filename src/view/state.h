@@ -79,6 +79,7 @@ struct EdgeLabel {
 struct ListFields {
     std::vector<std::string> Lines;
     std::int32_t Selected = -1; ///< from 0; -1 for none
+    std::int32_t Marked = -1;   ///< the line of the move that was played; -1 for none
 
     bool operator==(const ListFields&) const = default;
 };
@@ -276,6 +277,9 @@ struct SettingsFields {
     std::int32_t UseClassic = 1; ///< 1: the variant is one of the program's, 0: one of the user's own
 };
 
+/// The colour that the person has chosen to play against the computer.
+enum class PersonColour : std::int32_t { NotChosen, White, Black };
+
 /// Settings that stand in a file of their own.
 struct OwnSettingsFields {
     std::int32_t Volume = 80;        ///< of the sounds, 0 to 100
@@ -283,6 +287,8 @@ struct OwnSettingsFields {
     std::int32_t LightHighlight = -1;
     std::int32_t MarkLastMove = 1; ///< 1: the last move is marked on the board
     std::int32_t SlideMoves = 1;   ///< 1: moves that are not made by hand slide
+    std::int32_t PlayColour = 0;   ///< a `PersonColour`
+    std::string SecondName;        ///< of the second of two persons; empty: the first one's
     std::string WindowPlace;       ///< size, place and screen of the window, as the window writes it; empty: none yet
 
     bool operator==(const OwnSettingsFields&) const = default;

@@ -69,13 +69,14 @@ using Mode = view::GameMode;
 constexpr StateCase StateRows[] = {
     {"at_the_start", Resting, Mode::ComputerPlayer, 0,
      "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste mnuProblem Details Exit Compute MoveForward Last "
-     "Offerdraw Resign Hint Cplayer Pplayer mnu_Play_Ccomputer Options Analyze Turn Nonotation "
+     "Offerdraw Resign Hint Cplayer Pplayer mnu_Play_Ccomputer PlayWhite PlayBlack Options Analyze Turn Nonotation "
      "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers CreateHtml CopyDiagram SaveDiagram PrintDiagram calculation "
      "MarkLastMove SlideMoves FullScreen rating plyvaluetable Contents QuickRules Rules mnu_Help_About",
      "CGRT"},
     {"between_persons_in_the_middle", Resting, Mode::PlayerPlayer, 1,
      "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste mnuProblem Details Exit Compute First Moveback "
-     "MoveForward Last Hint Cplayer Pplayer mnu_Play_Ccomputer Options Analyze Turn Nonotation "
+     "MoveForward Last TakeBack Hint Cplayer Pplayer mnu_Play_Ccomputer PlayWhite PlayBlack Options Analyze Turn "
+     "Nonotation "
      "mnu_Board_Notation_Chess mnu_Board_Notation_Checkers CreateHtml CopyDiagram SaveDiagram PrintDiagram calculation "
      "MarkLastMove SlideMoves FullScreen rating plyvaluetable Contents QuickRules Rules mnu_Help_About",
      "CGRT"},
@@ -97,8 +98,9 @@ constexpr StateCase StateRows[] = {
      "Exit calculation MarkLastMove SlideMoves FullScreen rating Contents QuickRules Rules mnu_Help_About", "G"},
     {"message_to_come", Ending, Mode::ComputerPlayer, 2, "Exit", "G"},
     {"over_at_the_end", Over, Mode::ComputerPlayer, 2,
-     "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit First Moveback Cplayer Pplayer "
-     "Options Turn Nonotation "
+     "New1 NewVariant Open1 Save SaveAs CopyPosition CopyGame Paste Details Exit First Moveback TakeBack Cplayer "
+     "Pplayer "
+     "PlayWhite PlayBlack Options Turn Nonotation "
      "mnu_Board_Notation_Chess "
      "mnu_Board_Notation_Checkers CreateHtml CopyDiagram SaveDiagram PrintDiagram "
      "calculation MarkLastMove SlideMoves FullScreen rating Contents QuickRules Rules mnu_Help_About",

@@ -150,10 +150,11 @@ TEST_P(Ends, AreAnnouncedOnceTheMoveHasBeenSeen) {
         EXPECT_EQ(1, Seen) << "the last move must be seen first";
         EXPECT_EQ(static_cast<std::size_t>(Row.Made), State.GameList.Lines.size());
         EXPECT_EQ(Row.Result, game::ResultText(State.Result));
+        EXPECT_TRUE(Status() != "Computer wins!" || State.Progress.Value == State.Progress.Maximum);
     };
     *Row.Moves != '\0' ? Play(Row.Moves) : Run(Compute);
     EXPECT_EQ(Row.Made, State.GameMoves);
-    EXPECT_TRUE(Status() != "Computer wins!" || State.Progress.Value == State.Progress.Maximum);
+    EXPECT_EQ(0.0, State.Progress.Value) << "empty at rest";
     EXPECT_TRUE(State.HintSource == 0 || std::string_view(Row.Result) != "1-0") << "of a side that can't reply";
     ExpectOver(Row.Text, Row.Result);
     if (Row.Made > 0) { // and said once is enough

@@ -179,6 +179,18 @@ TEST_F(Files, WhatIsReplacedComesBack) {
     EXPECT_EQ(3, State.Record.Cursor);
 }
 
+TEST_F(Files, APositionFromElsewhereIsKeptBeforeTheFirstEdit) {
+    World.Clipboard = "W:W31,32:B20";
+    Run(Paste);
+    const std::string Pasted = rules::SetupText(State.Board);
+    for (const CommandId Piece : {WhiteMan, BlackKing}) {
+        World.ExpectPopup(Piece);
+        control::EditSquare(State, Square("d4"));
+    }
+    Run(RestorePrevious);
+    EXPECT_EQ(Pasted, rules::SetupText(State.Board));
+}
+
 TEST_F(Files, ThroughTheClipboard) {
     Play("d4e5 c7d6");
     Run(CopyGame);

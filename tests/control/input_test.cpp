@@ -356,6 +356,26 @@ TEST_F(Input, ARootMoveIsPlayedByItsPlace) {
     EXPECT_EQ("no calculation", State.Calculation.Text);
 }
 
+TEST_F(Input, TheLastCalculationShowsCapturesAndWhatWasPlayed) {
+    Lay("w c3, w g3, b d4, b h8, b j8");
+    Run(Analyze);
+    ASSERT_FALSE(State.RootList.Lines.empty());
+    EXPECT_TRUE(State.RootList.Lines[0].starts_with("c3xe5 ")) << State.RootList.Lines[0];
+    EXPECT_EQ(-1, State.RootList.Marked) << "an analysis plays nothing";
+    Run(Numeric);
+    EXPECT_TRUE(State.RootList.Lines[0].starts_with("37x28")) << State.RootList.Lines[0];
+    Run(Algebraic);
+    Run(Compute);
+    ASSERT_EQ(0, State.RootList.Marked);
+    Run(Numeric);
+    EXPECT_EQ(0, State.RootList.Marked) << "under another notation";
+
+    // Those were White's moves: no double click plays or complains.
+    State.RootList.Selected = 0;
+    control::List3_DblClick(State);
+    EXPECT_EQ(1, State.GameMoves);
+}
+
 TEST_F(Input, APieceInHandEntersByItsSquareAlone) {
     WriteRules(State, "canContract=1|ContractNumber=2|ContractW1=2|ContractW2=2|ContractB1=11|ContractB2=11");
     Lay("w c5, b d0");

@@ -1,5 +1,7 @@
 // The three modes: names, ticks and commands, the computer against itself to the end of its games, and Cancel.
+#include "control/game_document.h"
 #include "control/modes.h"
+#include "control/pdn_game.h"
 #include "formats/variant_file.h"
 #include "support/game_fixture.h"
 
@@ -48,6 +50,78 @@ TEST_F(Modes, APersonAgainstAPersonNeitherResignsNorOffers) {
     ExpectMode(view::GameMode::ComputerPlayer, ComputerPlayer);
     ExpectCan(true, {OfferDraw, Resign});
     EXPECT_EQ("Computer-Player mode", Status());
+}
+
+struct ColourCase {
+    const char* Name;
+    std::int32_t Starts;
+    CommandId Chosen;
+    int Moves; ///< that the computer makes at once
+};
+
+using Colours = RowsOf<Modes, ColourCase>;
+
+TEST_P(Colours, AreChosenAtOnceAndRemembered) {
+    const ColourCase& Row = GetParam();
+    const bool White = Row.Chosen == PlayWhite;
+    const auto ExpectColour = [&](int Moves) {
+        EXPECT_EQ(Moves, State.GameMoves);
+        EXPECT_EQ(White ? rules::White : rules::Black, State.Side) << "the person is to move";
+        ExpectPersonToMove();
+        EXPECT_TRUE(control::IsTicked(State, Row.Chosen));
+        EXPECT_EQ(view::SideMovesText(State.Side), Status());
+    };
+    Lay("w c3, w e3, w g3, b d8, b f8, b h8", Row.Starts);
+    Run(Row.Chosen);
+    ExpectColour(Row.Moves);
+    EXPECT_EQ(White ? 0 : 1, State.BoardTurned) << "the person's side stands at the bottom";
+    Run(Row.Chosen);
+    ExpectColour(Row.Moves); // a second time there is nothing to do
+    Run(PlayerPlayer);
+    Run(Row.Chosen);
+    ExpectMode(view::GameMode::ComputerPlayer, ComputerPlayer);
+    State.GameChanged = false;
+    Run(NewGame);
+    ExpectColour(White ? 0 : 1);
+}
+
+constexpr ColourCase ColourRows[] = {{"white_begins", rules::White, PlayWhite, 0},
+                                     {"white_against_black_that_begins", rules::Black, PlayWhite, 1},
+                                     {"black_against_white_that_begins", rules::White, PlayBlack, 1},
+                                     {"black_begins", rules::Black, PlayBlack, 0}};
+INSTANTIATE_TEST_SUITE_P(Rows, Colours, testing::ValuesIn(ColourRows), RowName);
+
+TEST_F(Modes, AtTheStartTheComputerBeginsAgainstBlackAlone) {
+    control::Form_Activate(State);
+    EXPECT_EQ(0, State.GameMoves) << "no colour has been chosen";
+    State.OwnSettings.PlayColour = static_cast<std::int32_t>(view::PersonColour::Black);
+    State.GameChanged = true;
+    control::Form_Activate(State);
+    EXPECT_EQ(0, State.GameMoves) << "a game of the last run waits";
+    State.GameChanged = false;
+    control::Form_Activate(State);
+    EXPECT_EQ(1, State.GameMoves);
+    ExpectPersonToMove();
+}
+
+TEST_F(Modes, ASecondPersonHasANameWhereOneIsGiven) {
+    State.OwnSettings.SecondName = "Ann";
+    Run(PlayerPlayer);
+    EXPECT_EQ("Player", State.UpperName.Text);
+    EXPECT_EQ("Ann", State.LowerName.Text);
+    World.OnOptions = [](auto&) {};
+    Run(Options);
+    EXPECT_EQ("Ann", State.LowerName.Text) << "the names after the options";
+    EXPECT_NE(std::string::npos, control::PdnText(State).find("[Black \"Ann\"]"));
+    State.Details.Black = "Eva";
+    EXPECT_EQ("Eva", control::DocumentOf(State).Details.Black) << "what has been entered goes first";
+    EXPECT_EQ("Player", control::DocumentOf(State).Details.White);
+    State.OwnSettings.PlayColour = static_cast<std::int32_t>(view::PersonColour::Black);
+    State.GameChanged = false;
+    Run(NewGame);
+    EXPECT_EQ("AnnPlayer", State.WhitePlayerName + State.BlackPlayerName);
+    Run(ComputerPlayer);
+    ExpectPersonToMove();
 }
 
 // --- the computer against itself ---------------------------------------------------------------------------------

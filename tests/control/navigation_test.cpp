@@ -45,6 +45,62 @@ TEST_F(Navigation, StepsShowTheirMove) {
     EXPECT_EQ("e7-d6", Status());
 }
 
+struct TakenBackCase {
+    const char* Name;
+    view::GameMode Mode;
+    const char* Pieces;
+    std::int32_t Side;
+    const char* Commands; ///< in this order: a move of the person's, or "compute", "back", "resign"
+    const char* End;      ///< what a message congratulates to
+    int Moves;            ///< that are left; -1: nothing can be taken back
+};
+
+using TakenBack = RowsOf<GameFixture, TakenBackCase>;
+
+TEST_P(TakenBack, ThePersonIsToMoveAgain) {
+    const TakenBackCase& Row = GetParam();
+    State.UseRating = 0;
+    Run(Row.Mode == view::GameMode::PlayerPlayer ? PlayerPlayer : ComputerPlayer);
+    Lay(Row.Pieces, Row.Side);
+    if (*Row.End != '\0') {
+        ExpectCongratulation(Row.End);
+    }
+    for (const std::string& Each : Split(Row.Commands, ' ')) {
+        Each == "compute" ? Run(Compute) : Each == "back" ? Run(Back) : Each == "resign" ? Run(Resign) : Type(Each);
+    }
+    ExpectCan(Row.Moves >= 0, {TakeBack});
+    const int Before = State.Record.Count;
+    Run(TakeBack);
+    if (Row.Moves < 0) {
+        EXPECT_EQ(Before, State.Record.Cursor);
+        return;
+    }
+    EXPECT_EQ(Row.Moves, State.GameMoves);
+    EXPECT_EQ(view::SideMovesText(State.Side), Status());
+    EXPECT_TRUE(control::TakesMoves(State)) << "the game goes on";
+    EXPECT_EQ("", control::CheckRest(State));
+    EXPECT_EQ(Before, State.Record.Count) << "it can still be stepped through";
+    if (std::string_view(Row.End) == "White wins!") {
+        ExpectCongratulation(Row.End); // by the same move once more
+    }
+    DoubleClickMove(State.ChoiceList.Lines.back());
+    EXPECT_FALSE(State.Record.MovesAhead()) << "a new move replaces it";
+}
+
+constexpr const char* Quiet = "w c1, w g1, w i3, b d0, b h0, b b8";
+constexpr auto AgainstComputer = view::GameMode::ComputerPlayer;
+constexpr TakenBackCase TakenBackRows[] = {
+    {"the_move_and_the_reply", AgainstComputer, Quiet, rules::White, "c1d2 g1f2", "", 2},
+    {"black_may_be_the_person", AgainstComputer, Quiet, rules::Black, "d0c9 b8a7", "", 2},
+    {"the_reply_was_taken_back_already", AgainstComputer, Quiet, rules::White, "c1d2 g1f2 back", "", 2},
+    {"the_computer_has_taken_a_side_over", AgainstComputer, Quiet, rules::White, "c1d2 compute", "", 1},
+    {"no_reply_came", AgainstComputer, "w c3, w a1, b d4", rules::White, "c3e5", "White wins!", 0},
+    {"given_up", AgainstComputer, Quiet, rules::White, "c1d2 resign", "OK... Computer wins!", 0},
+    {"one_between_two_persons", view::GameMode::PlayerPlayer, Quiet, rules::White, "c1d2 d0c9 g1f2", "", 2},
+    {"nothing_has_been_played", AgainstComputer, Quiet, rules::White, "", "", -1},
+    {"the_person_has_not_moved_yet", AgainstComputer, Quiet, rules::White, "compute", "", -1}};
+INSTANTIATE_TEST_SUITE_P(Rows, TakenBack, testing::ValuesIn(TakenBackRows), RowName);
+
 TEST_F(Navigation, AClickGoesBehindItsLine) {
     Play(FourMoves);
     for (const int Line : {0, 3, 3, 0}) {

@@ -150,9 +150,21 @@ TEST_F(MainWindow, ToolbarButtonsAreTheCommands) {
     EXPECT_TRUE(Entry(CommandId::Algebraic)->isChecked() && !Entry(CommandId::Numeric)->isChecked());
     Run(CommandId::ComputerPlayer);
     Game().UseRating = 0;
-    const NextBox End("Congratulations: OK... Computer wins!", QMessageBox::Ok, QMessageBox::Warning);
+    const NextBox End("Congratulations: OK... Computer wins!", QMessageBox::Ok, QMessageBox::NoIcon); // a picture
     QTest::mouseClick(Button("Resign"), Qt::LeftButton);
     EXPECT_TRUE(Button("New Game")->isEnabled() && !Button("Resign")->isEnabled());
+}
+
+TEST_F(MainWindow, TheSetUpMenuOpensBesideTheMouse) {
+    const auto Menu = [] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); };
+    const Soon Look([&] { return Menu() != nullptr; },
+                    [&] {
+                        EXPECT_FALSE(Menu()->geometry().contains(QCursor::pos())) << "a slip chooses";
+                        QTest::keyClick(Menu(), Qt::Key_Escape);
+                    });
+    QCursor::setPos(Board().mapToGlobal(Middle("e5")));
+    QTest::mouseClick(&Board(), Qt::RightButton, {}, Middle("e5"));
+    EXPECT_EQ(0, PieceOn("e5"));
 }
 
 TEST_F(MainWindow, EntriesFollowTheState) {
