@@ -13,6 +13,7 @@
 #include <QSvgRenderer>
 
 #include <array>
+#include <utility>
 
 namespace zonterbrook::ui {
 
@@ -48,10 +49,12 @@ QByteArray Recoloured(QByteArray Drawing, QIcon::Mode Mode) {
 
 class LineIconEngine : public QIconEngine {
 public:
-    explicit LineIconEngine(QByteArray Source) : Drawing(std::move(Source)) {}
+    LineIconEngine(QByteArray Source, std::shared_ptr<const bool> LooksOpen)
+        : Drawing(std::move(Source)), Steady(std::move(LooksOpen)) {}
 
     void paint(QPainter* Painter, const QRect& Area, QIcon::Mode Mode, QIcon::State) override {
-        QSvgRenderer Renderer(Recoloured(Drawing, Mode));
+        const bool Held = Mode == QIcon::Disabled && Steady != nullptr && *Steady;
+        QSvgRenderer Renderer(Recoloured(Drawing, Held ? QIcon::Normal : Mode));
         Painter->save();
         Painter->setRenderHint(QPainter::Antialiasing);
         Renderer.render(Painter, QRectF(Area));
@@ -70,11 +73,12 @@ public:
 
 private:
     QByteArray Drawing;
+    std::shared_ptr<const bool> Steady;
 };
 
 } // namespace
 
-QIcon LineIcon(const QString& Name) {
+QIcon LineIcon(const QString& Name, std::shared_ptr<const bool> LooksOpen) {
     if (Name.isEmpty()) {
         return {};
     }
@@ -82,7 +86,7 @@ QIcon LineIcon(const QString& Name) {
     if (!File.open(QIODevice::ReadOnly)) {
         return {};
     }
-    return QIcon(new LineIconEngine(File.readAll()));
+    return QIcon(new LineIconEngine(File.readAll(), std::move(LooksOpen)));
 }
 
 QIcon ProgramIcon() {

@@ -7,11 +7,14 @@
 #include <QIcon>
 #include <QString>
 
+#include <memory>
+
 namespace zonterbrook::ui {
 
 /// The icon drawn in the resource `Name`; an empty icon for an empty name. It is drawn anew for every size, density and
-/// state that is asked of it, in the text colour of the application's palette at that moment.
-QIcon LineIcon(const QString& Name);
+/// state that is asked of it, in the text colour of the application's palette at that moment. While `LooksOpen` holds,
+/// a disabled icon looks as an enabled one.
+QIcon LineIcon(const QString& Name, std::shared_ptr<const bool> LooksOpen = nullptr);
 
 /// The program's own icon.
 QIcon ProgramIcon();

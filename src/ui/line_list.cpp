@@ -10,7 +10,12 @@
 
 namespace zonterbrook::ui {
 
-LineList::LineList(QWidget* Parent) : QListWidget(Parent) {
+LineList::LineList(const QString& Title, QWidget* Parent) : QListWidget(Parent), Heading(new QLabel(Title, this)) {
+    Heading->setTextFormat(Qt::PlainText);
+    Heading->setIndent(4);
+    Heading->setAutoFillBackground(true);
+    Heading->setBackgroundRole(QPalette::Button);
+    Heading->setForegroundRole(QPalette::ButtonText);
     UseFixedWidthFont();
     setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -22,6 +27,41 @@ void LineList::UseFixedWidthFont() {
     const QFont Around = parentWidget() != nullptr ? parentWidget()->font() : font();
     FixedWidth.setPixelSize(QFontInfo(Around).pixelSize());
     setFont(FixedWidth);
+    Heading->setFont(Around);
+    PlaceHeading();
+}
+
+// Within the list's frame, above its lines.
+void LineList::PlaceHeading() {
+    const int Height = Heading->fontMetrics().height() + 4;
+    setViewportMargins(0, Height, 0, 0);
+    const QRect Inside = contentsRect();
+    Heading->setGeometry(Inside.left(), Inside.top(), Inside.width(), Height);
+}
+
+void LineList::resizeEvent(QResizeEvent* Event) {
+    QListWidget::resizeEvent(Event);
+    PlaceHeading();
+}
+
+// A list that is closed for a moment looks as before: only clicks are not taken.
+void LineList::changeEvent(QEvent* Event) {
+    QListWidget::changeEvent(Event);
+    if (Event->type() == QEvent::PaletteChange || Event->type() == QEvent::ApplicationPaletteChange) {
+        Heading->setPalette(palette());
+    }
+}
+
+// The line of the move that was played is told by its weight and a sign beside it.
+void LineList::Mark(int Row) {
+    for (const int Each : {MarkedRow, Row}) {
+        if (Each >= 0 && Each < count()) {
+            QFont Weight = font();
+            Weight.setBold(Each == Row);
+            item(Each)->setFont(Weight);
+        }
+    }
+    MarkedRow = Row;
 }
 
 void LineList::Display(const view::ListFields& Fields) {
@@ -49,6 +89,7 @@ void LineList::Display(const view::ListFields& Fields) {
     if (Selected >= 0) {
         scrollToItem(item(Selected));
     }
+    Mark(Fields.Marked);
 }
 
 void LineList::mouseReleaseEvent(QMouseEvent* Event) {

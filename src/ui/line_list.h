@@ -5,6 +5,7 @@
 
 #include "view/state.h"
 
+#include <QLabel>
 #include <QListWidget>
 
 namespace zonterbrook::ui {
@@ -13,7 +14,8 @@ class LineList : public QListWidget {
     Q_OBJECT
 
 public:
-    explicit LineList(QWidget* Parent = nullptr);
+    /// `Title` stands above the lines, and stays there while they scroll.
+    explicit LineList(const QString& Title, QWidget* Parent = nullptr);
 
     /// Shows the fields. Lines that stay are not touched, so that adding one to a thousand is no work.
     void Display(const view::ListFields& Fields);
@@ -29,6 +31,15 @@ signals:
 protected:
     void mouseReleaseEvent(QMouseEvent* Event) override;
     void keyPressEvent(QKeyEvent* Event) override;
+    void resizeEvent(QResizeEvent* Event) override;
+    void changeEvent(QEvent* Event) override;
+
+private:
+    void PlaceHeading();
+    void Mark(int Row);
+
+    QLabel* Heading;
+    int MarkedRow = -1;
 };
 
 } // namespace zonterbrook::ui

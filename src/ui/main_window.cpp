@@ -55,7 +55,7 @@ MainWindow::MainWindow(ProgramFolders Folders, QWidget* Parent)
     BuildStatusBar();
     NameControls();
     ConnectControls();
-    SteadyBackgrounds();
+    SteadyLooks();
 
     State->TwipsPerPixel = TwipsPerPixelOf(screen());
     control::Form_Load(*State);

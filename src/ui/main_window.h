@@ -23,6 +23,7 @@
 #include <memory>
 #include <span>
 #include <utility>
+#include <vector>
 
 namespace zonterbrook::ui {
 
@@ -109,7 +110,7 @@ private:
     void SizeTexts();
     void UseFont(const QFont& Wanted);
     void FollowScreen();
-    void SteadyBackgrounds();
+    void SteadyLooks();
     static void ColourLabel(QLabel* Label, view::LabelColours Colours);
 
     std::unique_ptr<QtPlatform> Outside;
@@ -124,6 +125,8 @@ private:
 
     std::array<QAction*, control::CommandCount> Actions{};
     std::array<QMenu*, control::CommandCount> Menus{};
+    // Whether a command was open when nothing was at work: its icon looks so meanwhile.
+    std::vector<std::pair<QAction*, std::shared_ptr<bool>>> OpenAtRest;
     WindowLayout Places; // where everything stands now
     QToolBar* Toolbar = nullptr;
     QWidget* Inner = nullptr; // all controls stand on it

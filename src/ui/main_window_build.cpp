@@ -121,7 +121,9 @@ void MainWindow::BuildMenus() {
         }
     }
     for (const CommandPicture& Each : Pictures) {
-        ActionOf(Each.Id)->setIcon(LineIcon(QLatin1String(Each.Name)));
+        auto LooksOpen = std::make_shared<bool>(false);
+        OpenAtRest.emplace_back(ActionOf(Each.Id), LooksOpen);
+        ActionOf(Each.Id)->setIcon(LineIcon(QLatin1String(Each.Name), LooksOpen));
         ActionOf(Each.Id)->setIconVisibleInMenu(false);
     }
 }
@@ -133,6 +135,10 @@ void MainWindow::BuildToolbar() {
     Toolbar->setContextMenuPolicy(Qt::PreventContextMenu);
     Toolbar->setIconSize(QSize(ToolbarIconPixels, ToolbarIconPixels));
     setContextMenuPolicy(Qt::PreventContextMenu);
+    // The mode that is on is seen on dark desktops, too.
+    Toolbar->setStyleSheet(
+        QStringLiteral("QToolButton:checked { border: 1px solid palette(highlight); border-radius: 4px;"
+                       " background: palette(midlight); }"));
     int Index = 1;
     for (const control::ToolbarButton& Button : control::ToolbarButtons()) {
         while (Index++ < Button.Index) {
@@ -159,9 +165,9 @@ void MainWindow::BuildControls() {
     MoveBox = new QLineEdit(Inner);
     MoveBox->installEventFilter(this);
     MoveBox->setPlaceholderText(tr("Type a move"));
-    ChoiceList = new LineList(Inner);
-    GameList = new LineList(Inner);
-    RootList = new LineList(Inner);
+    ChoiceList = new LineList(tr("Moves"), Inner);
+    GameList = new LineList(tr("Game"), Inner);
+    RootList = new LineList(tr("Calculation"), Inner);
     CommentBox = new QPlainTextEdit(Inner);
     CommentBox->setTabChangesFocus(true);
     CommentBox->setPlaceholderText(tr("Comment"));

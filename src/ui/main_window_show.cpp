@@ -3,12 +3,14 @@
 // Each part compares itself with the copy of what is shown and touches the widgets only where they differ. Ticks are
 // compared with the entries themselves, since a click ticks an entry before its handler has agreed.
 #include "control/last_move.h"
+#include "control/turn_state.h"
 #include "ui/main_window.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLayout>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QSignalBlocker>
@@ -211,6 +213,11 @@ void MainWindow::ShowCommands() {
             Entry->setChecked(Ticked);
         }
     }
+    if (!control::IsBusy(*State)) {
+        for (const auto& [Entry, LooksOpen] : OpenAtRest) {
+            *LooksOpen = Entry->isEnabled();
+        }
+    }
 }
 
 // --- Layout ---------------------------------------------------------------------------------------------------------
@@ -362,14 +369,19 @@ void MainWindow::CentreOnScreen() {
 
 // --- The desktop's look ---------------------------------------------------------------------------------------------
 
-// Lists and boxes are closed while the computer thinks, at every move: their texts fade, but nothing flashes.
-void MainWindow::SteadyBackgrounds() {
-    for (QWidget* Each : {static_cast<QWidget*>(GameList), static_cast<QWidget*>(ChoiceList),
-                          static_cast<QWidget*>(RootList), static_cast<QWidget*>(MoveBox)}) {
-        QPalette Colours = QGuiApplication::palette();
-        Colours.setColor(QPalette::Disabled, QPalette::Base, Colours.color(QPalette::Active, QPalette::Base));
-        Each->setPalette(Colours);
+// Lists and boxes are closed while the computer thinks, at every move: they take no clicks, and look as before. So do
+// the menus of the bar.
+void MainWindow::SteadyLooks() {
+    QPalette Colours = QGuiApplication::palette();
+    for (const QPalette::ColorRole Role :
+         {QPalette::Base, QPalette::Text, QPalette::Highlight, QPalette::HighlightedText, QPalette::ButtonText,
+          QPalette::WindowText, QPalette::Button}) {
+        Colours.setColor(QPalette::Disabled, Role, Colours.color(QPalette::Active, Role));
     }
+    for (const auto& [Widget, Which] : Placed()) {
+        Widget->setPalette(Colours);
+    }
+    menuBar()->setPalette(Colours);
 }
 
 void MainWindow::changeEvent(QEvent* Event) {
@@ -384,7 +396,7 @@ void MainWindow::changeEvent(QEvent* Event) {
         UseFont(font());
         PlaceControls();
     } else if (Event->type() == QEvent::PaletteChange) {
-        SteadyBackgrounds();
+        SteadyLooks();
     }
 }
 
