@@ -200,7 +200,7 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
         std::string_view Name;
         std::string (*Answer)(Console& Self, const Words& Arguments);
     };
-    static constexpr std::array<Row, 26> Commands = {{
+    static constexpr std::array<Row, 27> Commands = {{
         {"board", [](Console& C, const Words& A) { return C.Board(A); }},
         {"show", [](Console& C, const Words& A) { return ExpectCount(A, 0, 0), C.Show(); }},
         {"key", [](Console& C, const Words& A) { return ExpectCount(A, 1, 1), C.Key(A[0]); }},
@@ -220,6 +220,7 @@ std::string Console::Run(std::string_view Command, std::string_view Rest) {
         {"step", [](Console& C, const Words& A) { return C.GoTo(A); }},
         {"compute", [](Console& C, const Words& A) { return C.Compute(A); }},
         {"enter", [](Console& C, const Words& A) { return C.Enter(A); }},
+        {"why", [](Console& C, const Words& A) { return C.Why(A); }},
         {"book", [](Console& C, const Words& A) { return ExpectCount(A, 0, 0), C.Book(); }},
         {"hint", [](Console& C, const Words& A) { return C.Hint(A); }},
         {"analyze", [](Console& C, const Words& A) { return C.Analyze(A); }},

@@ -73,6 +73,7 @@ private:
     std::string Diagram(std::string_view File);
     std::string Compute(const Words& Arguments);
     std::string Enter(const Words& Arguments);
+    std::string Why(const Words& Arguments);
 
     static formats::VariantDocument ReadDocument(std::string_view File);
     void NeedGame();

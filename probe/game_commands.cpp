@@ -15,6 +15,7 @@
 #include "formats/settings.h"
 #include "rules/generate.h"
 #include "rules/position.h"
+#include "rules/refusal.h"
 #include "view/move_lists.h"
 
 #include <utility>
@@ -241,6 +242,20 @@ std::string Console::Compute(const Words& Arguments) {
     return Text + TakeMessages();
 }
 
+std::string Console::Why(const Words& Arguments) {
+    ExpectCount(Arguments, 1, 2);
+    NeedGame();
+    const std::string Typed =
+        Arguments.size() == 1 ? std::string(Arguments[0]) : std::string(Arguments[0]) + ' ' + std::string(Arguments[1]);
+    const game::MoveEnds Ends = game::ReadTypedMove(*State, Typed);
+    if (Ends.Source == 0 || Ends.Dest == 0) {
+        throw CommandError("'" + Typed + "' names no move");
+    }
+    const rules::Refusal Found = control::IsOver(*State) ? rules::Refusal{"none", "The game is over."}
+                                                         : rules::WhyRefused(*State, Ends.Source, Ends.Dest);
+    return "reason " + std::string(Found.Key) + '|' + Found.Sentence + '\n';
+}
+
 std::string Console::Enter(const Words& Arguments) {
     ExpectCount(Arguments, 1, 2);
     NeedGame();
@@ -253,7 +268,7 @@ std::string Console::Enter(const Words& Arguments) {
         Arguments.size() == 1 ? std::string(Arguments[0]) : std::string(Arguments[0]) + ' ' + std::string(Arguments[1]);
     const game::MoveEnds Ends = game::ReadTypedMove(*State, Typed);
     if (!control::MakePersonMove(*State, Ends.Source, Ends.Dest)) {
-        control::RefuseMove(*State);
+        control::RefuseMove(*State, Ends.Source, Ends.Dest);
         return TakeMessages() + "refused\n";
     }
     rules::GenerateGameMoves(*State);

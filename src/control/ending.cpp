@@ -313,6 +313,27 @@ std::optional<Ending> FindEnding(GameState& State) {
     return State.Record.IsFull() ? std::optional(Ending::Drawn) : std::nullopt;
 }
 
+std::string DrawCounter(const GameState& State) {
+    const auto Told = [](std::string_view What, int Moves, int Limit) {
+        return std::string(What) + ": " + std::to_string(Moves) + " of " + std::to_string(Limit);
+    };
+    // Full moves; an ending counts from the half-move by which it arose.
+    const auto Since = [&](std::int32_t Start) { return (State.GameMoves - Start + 2) / 2; };
+    if (State.ThreeKingsStart > 0 && State.RuleSet.ThreeKings == 1) {
+        return Told("3 kings against 1", Since(State.ThreeKingsStart), State.RuleSet.NumberKings);
+    }
+    if (State.TwoKingsStart > 0 && State.RuleSet.TwoKings == 1) {
+        return Told("2 kings against 1", Since(State.TwoKingsStart), State.RuleSet.NumberKings2);
+    }
+    // Every opening has some quiet moves: the first ones are not worth a word.
+    constexpr int WorthTelling = 10;
+    const int Quiet = game::QuietHalfMoves(State.Record) / 2;
+    if (State.ChessDrawRules == 1 && Quiet >= WorthTelling) {
+        return Told("Quiet moves", Quiet, MoveLimitOf(State.MoveLimitChoice) / 2);
+    }
+    return {};
+}
+
 void SetMoveLimit(GameState& State) {
     State.QuietMoves = game::QuietHalfMoves(State.Record);
     State.QuietLimit = MoveLimitOf(State.MoveLimitChoice);

@@ -7,6 +7,7 @@
 #include "control/state.h"
 
 #include <optional>
+#include <string>
 
 namespace zonterbrook::control {
 
@@ -44,6 +45,9 @@ bool DrawRuleEndsGame(const GameState& State);
 /// The end that the position has come to by evaluator, moves, draw rules and record; `DrawRuleCheck` must have run.
 /// Leaves the moves of the position generated, and `Ply` 0.
 std::optional<Ending> FindEnding(GameState& State);
+
+/// How far a draw rule in force has counted, such as "Quiet moves: 12 of 50"; empty while none has anything to tell.
+std::string DrawCounter(const GameState& State);
 
 /// Tells the engine how far the count of quiet half-moves is: `QuietMoves` and `QuietLimit`.
 void SetMoveLimit(GameState& State);

@@ -16,6 +16,7 @@
 #include "rules/cells.h"
 #include "rules/generate.h"
 #include "rules/input.h"
+#include "rules/refusal.h"
 #include "rules/square_names.h"
 #include "view/draw_board.h"
 #include "view/move_lists.h"
@@ -77,10 +78,27 @@ void ShowNumbers(GameState& State) {
     State.SetupLatch = false;
 }
 
+void BoxMoveSources(GameState& State) {
+    State.SourcesShown = true;
+    ForEachMove(State, [&](const rules::MoveRecord& Move) {
+        if (Move.Source != rules::FromHand) {
+            view::RepaintSquare(State, Move.Source);
+            view::BoxSquare(State, Move.Source);
+        }
+    });
+}
+
 void RefusePick(GameState& State, int Square, std::string_view Text) {
     view::RepaintSquare(State, Square);
     State.SourceCell = -1;
     Refuse(State, Text);
+}
+
+// Says in the status bar why a move is refused, and shows what can move instead: until the next press.
+void Explain(GameState& State, int Source, int Dest) {
+    view::SetStatus(State, rules::WhyRefused(State, Source, Dest).Sentence);
+    BoxMoveSources(State);
+    State.RefusalShown = true;
 }
 
 void BoxTargets(GameState& State, int Square) {
@@ -115,6 +133,7 @@ void PickPiece(GameState& State, int Index) {
         State.CycleMove = State.CycleMove || (Move.Source == Square && Move.Dest == Square);
     });
     if (!AnyMoveFrom(State, Square)) {
+        Explain(State, Square, rules::Anywhere);
         RefusePick(State, Square, "You cannot move that piece");
         return;
     }
@@ -132,16 +151,6 @@ void PickPiece(GameState& State, int Index) {
     if (State.TouchedSquare == 0) {
         State.TouchedSquare = Square;
     }
-}
-
-void BoxMoveSources(GameState& State) {
-    State.SourcesShown = true;
-    ForEachMove(State, [&](const rules::MoveRecord& Move) {
-        if (Move.Source != rules::FromHand) {
-            view::RepaintSquare(State, Move.Source);
-            view::BoxSquare(State, Move.Source);
-        }
-    });
 }
 
 // The number of cells between the edge of the source cell and a coordinate of the drop.
@@ -196,7 +205,7 @@ std::string_view RefusalReason(const GameState& State, int Source, int Dest) {
 void RefuseDrop(GameState& State, int Source, int Dest) {
     const std::string_view Reason = RefusalReason(State, Source, Dest);
     view::DrawBoard(State, 0);
-    State.SourcesShown = false;
+    Explain(State, Source, Dest);
     Refuse(State, Reason.empty() ? std::string(IllegalMove) : std::string(IllegalMove) + ": " + std::string(Reason));
 }
 
@@ -320,7 +329,12 @@ bool PressWithPicked(GameState& State, int Index) {
 
 } // namespace
 
-void RefuseMove(const GameState& State) {
+void RefuseMove(GameState& State, int Source, int Dest) {
+    if (Source == 0 || Dest == 0) {
+        view::SetStatus(State, "That names no move: type its two squares, with a hyphen between them.");
+    } else {
+        Explain(State, Source, Dest);
+    }
     Refuse(State, IllegalMove);
 }
 
@@ -329,7 +343,7 @@ namespace {
 void TypeMove(GameState& State) {
     const game::MoveEnds Move = game::ReadTypedMove(State, std::exchange(State.TypedText, {}));
     if (!PlayPersonMove(State, Move.Source, Move.Dest)) {
-        Refuse(State, IllegalMove);
+        RefuseMove(State, Move.Source, Move.Dest);
     }
 }
 
@@ -341,8 +355,7 @@ void PlayLine(GameState& State, int Source, int Dest) {
         PlayPersonMove(State, Source, Dest);
     } else {
         view::DrawBoard(State, 0);
-        State.SourcesShown = false;
-        Refuse(State, IllegalMove);
+        RefuseMove(State, Source, Dest);
     }
 }
 
@@ -395,6 +408,10 @@ void PressCell(GameState& State, int Index, int Button) {
     EscapeHand(State);
     ForgetHintedMove(State);
     State.WasPicked = false;
+    if (std::exchange(State.RefusalShown, false)) {
+        view::DrawBoard(State, 0);
+        State.SourcesShown = false;
+    }
     if (!State.Ways.empty()) {
         PressWay(State, Index);
         return;

@@ -28,8 +28,8 @@ void ChooseWay(GameState& State, int Number);
 /// Plays the typed move, and empties its box.
 void EnterTypedMove(GameState& State);
 
-/// Says that a typed move is not legal.
-void RefuseMove(const GameState& State);
+/// Says that a typed move is not legal, and why: its two cells, 0 for what names none.
+void RefuseMove(GameState& State, int Source, int Dest);
 
 /// Plays the selected line of the moves that may be played, of those of the last calculation.
 void PlayListedMove(GameState& State);

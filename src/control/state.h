@@ -99,6 +99,7 @@ struct InputFields {
     bool SetupLatch = false;   ///< the next press on an empty square shows no numbers
     bool PopupLatch = false;   ///< presses are ignored until the mouse moves
     bool CycleMove = false;    ///< a move of the picked piece ends where it starts
+    bool RefusalShown = false; ///< a refused move has left the boxes of what can move
     bool WasPicked = false;    ///< the piece in the hand had been picked by a click before
 };
 

@@ -139,6 +139,7 @@ private:
     std::array<QLabel*, std::size(view::Labels)> Labels{};
     QProgressBar* Progress = nullptr;
     std::array<QLabel*, view::StatusPanelCount> Panels{};
+    QLabel* CounterPanel = nullptr; // how far a draw rule has counted
 };
 
 } // namespace zonterbrook::ui

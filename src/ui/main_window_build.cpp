@@ -215,6 +215,11 @@ void MainWindow::BuildStatusBar() {
         Panel->setIndent(0);
         statusBar()->addWidget(Panel, Panel == Panels.front() ? 0 : 1);
     }
+    CounterPanel = new QLabel(this);
+    CounterPanel->setTextFormat(Qt::PlainText);
+    CounterPanel->setObjectName(QStringLiteral("StatusBar1_Counter"));
+    CounterPanel->setAccessibleDescription(tr("Moves towards a draw"));
+    statusBar()->addPermanentWidget(CounterPanel);
     // Who moves and what the computer thinks may take what room there is, and is cut there: the window keeps its width.
     for (std::size_t I = 1; I < Panels.size(); ++I) {
         Panels.at(I)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

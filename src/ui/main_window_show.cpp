@@ -2,6 +2,7 @@
 //
 // Each part compares itself with the copy of what is shown and touches the widgets only where they differ. Ticks are
 // compared with the entries themselves, since a click ticks an entry before its handler has agreed.
+#include "control/ending.h"
 #include "control/last_move.h"
 #include "control/turn_state.h"
 #include "ui/main_window.h"
@@ -37,6 +38,7 @@ void MainWindow::ShowContents() {
         return; // the keyboard has gone from one control to another meanwhile; the board comes last
     }
     control::TraceLastMove(*State);
+    State->DrawCounter = control::DrawCounter(*State);
     const view::WindowContents& Now = *State;
     const QScopedValueRollback Busy(Showing, true);
     // What can be used follows from the whole state, not from the contents alone; and a click may have ticked an entry
@@ -63,6 +65,7 @@ void MainWindow::ShowContents() {
     for (std::size_t I = 0; I < Panels.size(); ++I) {
         Panels.at(I)->setText(Text(Now.StatusPanels[I]));
     }
+    CounterPanel->setText(Text(Now.DrawCounter));
     // The first panel keeps the width of its longest text, or the others would jump when it is cleared.
     Panels.front()->setMinimumWidth(std::max(Panels.front()->minimumWidth(), Panels.front()->sizeHint().width()));
     ShowBoard();

@@ -215,6 +215,7 @@ struct WindowContents {
     ProgressFields Progress;
     std::vector<std::string> RecentFiles; ///< opened or saved lately, the last one first
     base::CheckedArray<std::string, StatusPanelCount> StatusPanels{};
+    std::string DrawCounter; ///< how far a draw rule has counted; empty: nothing to tell
     SlideFields Slide;
     std::vector<WayFields> Ways; ///< that the person is asked to choose from; none: nothing is asked
     bool FullScreen = false;
