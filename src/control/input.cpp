@@ -355,6 +355,7 @@ void PlayLine(GameState& State, int Source, int Dest) {
         PlayPersonMove(State, Source, Dest);
     } else {
         view::DrawBoard(State, 0);
+        State.SourcesShown = false;
         RefuseMove(State, Source, Dest);
     }
 }
@@ -393,6 +394,10 @@ void PressCell(GameState& State, int Index, int Button) {
     if (!IsCell(Index) || IsBusy(State) || State.RightCell >= 0 || State.PopupLatch) {
         return;
     }
+    if (std::exchange(State.RefusalShown, false)) {
+        view::DrawBoard(State, 0);
+        State.SourcesShown = false;
+    }
     if (Button == RightButton) {
         PutBackPicked(State);
         ForgetWays(State);
@@ -408,10 +413,6 @@ void PressCell(GameState& State, int Index, int Button) {
     EscapeHand(State);
     ForgetHintedMove(State);
     State.WasPicked = false;
-    if (std::exchange(State.RefusalShown, false)) {
-        view::DrawBoard(State, 0);
-        State.SourcesShown = false;
-    }
     if (!State.Ways.empty()) {
         PressWay(State, Index);
         return;
@@ -462,6 +463,7 @@ void ReleaseCell(GameState& State, int Index, int Button, int X, int Y) {
     }
     if (State.NumbersShown) {
         State.NumbersShown = false;
+        State.SourcesShown = false;
         view::DrawBoard(State, 0);
         return;
     }

@@ -8,6 +8,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <span>
 
 namespace zonterbrook::rules {
 
@@ -29,8 +30,8 @@ constexpr FlagRow Flags[] = {
     {"CapRequired", 1, "Capturing is compulsory: a piece that can capture has to."},
     {"LastCap", 1, "The piece that moved last can be captured, so it has to be."},
     {"KingCapMove", 1, "A king can capture, so a king has to: men may not."},
-    {"MaxCapMove", 1, "Another capture takes more pieces, and the most have to be taken."},
     {"MaxCapMoveKings", 1, "Another capture takes more kings, and the most have to be taken."},
+    {"MaxCapMove", 1, "Another capture takes more pieces, and the most have to be taken."},
     {"MulJumps", 1, "A capture goes on as long as there is something to take."},
     {"MaxCapMoveK", 1, "A king has to finish the capture that it has begun: there is more on its way."},
     {"ManContJump", 0, "A man's capture ends on the promotion square."},
@@ -46,6 +47,9 @@ constexpr FlagRow Flags[] = {
     {"RemovePieces", 0, "Captured pieces are no bar to a king, so its capture goes on."},
     {"JumpFriend", 0, "Pieces can't jump over their own."},
 };
+
+// So many of them choose between the pieces that may move at all.
+constexpr std::size_t Choosing = 5;
 
 constexpr std::string_view DiagonalSteps = "NW;NE;SE;SW";
 constexpr std::string_view EveryStep = "NW;NE;SE;SW;N;E;S;W";
@@ -194,12 +198,12 @@ Refusal WhyRefused(const RulesState& State, int Source, int Dest) {
     }
 
     // 2. One rule at a time.
-    for (const FlagRow& Row : Flags) {
+    for (const FlagRow& Row : std::span(Flags).first(Dest == Anywhere ? Choosing : std::size(Flags))) {
         if (Asked.StandsWithout(Row)) {
             return {Row.Key, std::string(Row.Sentence)};
         }
     }
-    if (State.RuleSet.JumpFriend == 1 && State.RuleSet.NumberFriends != -1) {
+    if (Dest != Anywhere && State.RuleSet.JumpFriend == 1 && State.RuleSet.NumberFriends != -1) {
         RuleSetFields Changed = State.RuleSet;
         Changed.NumberFriends = -1;
         if (Asked.Stands(Changed)) {
@@ -208,11 +212,11 @@ Refusal WhyRefused(const RulesState& State, int Source, int Dest) {
     }
     const int Index = PieceIndex(State.Board[Source]);
     const bool King = std::abs(State.Board[Source]) == 2;
-    if (Asked.StandsInEveryDirection(Index, false)) {
+    if (Dest != Anywhere && Asked.StandsInEveryDirection(Index, false)) {
         return {MovementKeys[Index],
                 Of(King, "Men don't step in that direction.", "Kings don't step in that direction.")};
     }
-    if (Asked.StandsInEveryDirection(Index, true)) {
+    if (Dest != Anywhere && Asked.StandsInEveryDirection(Index, true)) {
         return {MovementKeys[Index],
                 Of(King, "Men don't capture in that direction.", "Kings don't capture in that direction.")};
     }
