@@ -86,6 +86,62 @@ void PressAndPutBack(benchmark::State& Rounds) {
 }
 BENCHMARK(PressAndPutBack)->Unit(benchmark::kMillisecond);
 
+/// A window that is dragged larger and smaller: everything placed anew, the pictures rendered for the new size,
+/// painted.
+void ResizeWindow(benchmark::State& Rounds) {
+    const QTemporaryDir Own;
+    ui::MainWindow Window(FoldersIn(Own));
+    Window.resize(1900, 1000);
+    Window.show();
+    QPixmap Canvas(1920, 1080);
+    int Step = 0;
+    for (auto _ : Rounds) {
+        Step = (Step + 7) % 100;
+        Window.resize(1900 - Step, 1000 - Step);
+        QCoreApplication::processEvents();
+        Window.render(&Canvas);
+    }
+}
+BENCHMARK(ResizeWindow)->Unit(benchmark::kMillisecond);
+
+/// The whole board on a screen of 3840 by 2160.
+void DrawLargestBoard(benchmark::State& Rounds) {
+    const QTemporaryDir Own;
+    ui::MainWindow Window(FoldersIn(Own));
+    Window.resize(3840, 2100);
+    Window.show();
+    QCoreApplication::processEvents();
+    QPixmap Canvas(Window.BoardOf().size());
+    for (auto _ : Rounds) {
+        view::DrawBoard(Window.GameOf(), 0);
+        Window.ShowContents();
+        Window.BoardOf().render(&Canvas);
+    }
+}
+BENCHMARK(DrawLargestBoard)->Unit(benchmark::kMillisecond);
+
+/// One picture of a capture that slides, at 1920 by 1080.
+void SlideOnePicture(benchmark::State& Rounds) {
+    const QTemporaryDir Own;
+    ui::MainWindow Window(FoldersIn(Own));
+    Window.resize(1900, 1000);
+    Window.show();
+    QCoreApplication::processEvents();
+    QPixmap Canvas(Window.BoardOf().size());
+    control::GameState& Game = Window.GameOf();
+    for (auto _ : Rounds) {
+        ++Game.Slide.Number;
+        Game.Slide.Piece = view::Picture::white_man_ico;
+        Game.Slide.Path = {63, 45, 27};
+        Game.Slide.Taken = {{54, view::Picture::black_man_ico}, {36, view::Picture::black_man_ico}};
+        Window.BoardOf().Display(Game);
+        const QRegion Seen = QRegion(Window.BoardOf().CellRect(63)) + Window.BoardOf().CellRect(54) +
+                             Window.BoardOf().CellRect(36) + Window.BoardOf().CellRect(27);
+        Window.BoardOf().render(&Canvas, QPoint(), Seen);
+    }
+}
+BENCHMARK(SlideOnePicture)->Unit(benchmark::kMillisecond);
+
 /// The dialog of the variants with all of them listed, painted once.
 void OpenVariants(benchmark::State& Rounds) {
     const QTemporaryDir Own;

@@ -93,6 +93,7 @@ void EndProgram(GameState& State) {
     }
     SaveByItself(State);
     SaveSettings(State);
+    SaveOwnSettings(State);
     State.ProgramEnds = true;
     CloseLog(State);
     State.Outside().EndProgram();

@@ -191,11 +191,17 @@ BoardWidget::~BoardWidget() {
 void BoardWidget::PlaceBoard(const view::WindowContents& Contents, double Twips, int Offset) {
     if (TwipsPerPixel != Twips) {
         Pictures.ForgetSizes();
+        LargestCell = {};
         PointerShown = view::Picture::None;
     }
     TwipsPerPixel = Twips;
     UpBy = Offset;
     Layout = Contents.Layout;
+    const double Density = devicePixelRatioF();
+    for (int Index = 0; Density == std::floor(Density) && Index < CellsInRow; ++Index) {
+        const QSize Size = CellRect(Index * (CellsInRow + 1)).size(); // of each file and rank once
+        LargestCell = LargestCell.expandedTo(Size * Density);
+    }
     update();
 }
 
@@ -275,15 +281,24 @@ void BoardWidget::paintEvent(QPaintEvent* Event) {
     }
 }
 
-// A picture lies on whole device pixels.
+// A picture lies on whole device pixels. Cells differ by a pixel where the scale is no whole one: all are cut from the
+// picture of the largest, so that a window that is being resized renders one for each.
 void BoardWidget::PaintPicture(QPainter& Painter, view::Picture Which, const QRect& Area) {
     const QTransform ToDevice = Painter.deviceTransform();
     const QRectF Exact = ToDevice.mapRect(QRectF(Area));
     const QPoint Corner(qRound(Exact.left()), qRound(Exact.top()));
     const QSize Size(qRound(Exact.right()) - Corner.x(), qRound(Exact.bottom()) - Corner.y());
-    if (!Size.isEmpty()) {
-        Painter.drawPixmap(ToDevice.inverted().map(QPointF(Corner)),
-                           Pictures.CellPicture(Which, Size, devicePixelRatioF()));
+    if (Size.isEmpty()) {
+        return;
+    }
+    LargestCell = LargestCell.expandedTo(Size);
+    const QPixmap& Whole = Pictures.CellPicture(Which, LargestCell, devicePixelRatioF());
+    const QPointF Where = ToDevice.inverted().map(QPointF(Corner));
+    if (Size == LargestCell) {
+        Painter.drawPixmap(Where, Whole);
+    } else {
+        const QRectF Part(QPointF(0, 0), QSizeF(Size));
+        Painter.drawPixmap(QRectF(Where, QSizeF(Size) / devicePixelRatioF()), Whole, Part);
     }
 }
 

@@ -126,6 +126,7 @@ private:
     int PressedCell = -1; // the cell that hears of the mouse while a button is held
     view::Picture PointerShown = view::Picture::None;
     view::Picture InHand = view::Picture::None;
+    QSize LargestCell; // in device pixels
     std::vector<view::WayFields> Ways;
     view::SlideFields Slide;  // the last one that was told
     bool Sliding = false;     // while it is on its way

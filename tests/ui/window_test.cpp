@@ -94,6 +94,43 @@ TEST_F(MainWindow, MovablePiecesAreBoxedAndATurnedBoardIsMirrored) {
     EXPECT_EQ(Before, Seen());
 }
 
+// At any size nothing lies over anything else, the board takes what fits, and a drop falls where it is let go.
+TEST_F(MainWindow, TakesAnySize) {
+    PlayBothSides();
+    int Larger = 0;
+    for (const QSize Size :
+         {QSize(1280, 690), QSize(950, 1040), QSize(1900, 1000), QSize(3840, 2100), QSize(798, 640)}) {
+        SCOPED_TRACE(testing::Message() << Size.width() << " by " << Size.height());
+        Window->resize(Size);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Size, Window->size());
+        const QList<QWidget*> Controls = Window->centralWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+        for (const QWidget* Control : Controls) {
+            for (const QWidget* Other : Controls) {
+                const bool Apart = Control == Other || !Control->isVisible() || !Other->isVisible() ||
+                                   !Control->geometry().intersects(Other->geometry());
+                EXPECT_TRUE(Apart) << qPrintable(Control->objectName()) << " and " << qPrintable(Other->objectName());
+            }
+            EXPECT_TRUE(!Control->isVisible() || Window->centralWidget()->rect().contains(Control->geometry()))
+                << qPrintable(Control->objectName());
+        }
+        for (int Cell = 1; Cell < 10; ++Cell) {
+            EXPECT_EQ(Board().CellRect(Cell - 1).right() + 1, Board().CellRect(Cell).left()) << "a seam";
+        }
+        Larger += Board().CellRect(0).width() > 60 ? 1 : 0;
+        Drag("d4", "e5");
+        ASSERT_EQ(1, PieceOn("e5"));
+        control::RunCommand(Game(), CommandId::Back);
+        Window->ShowContents();
+    }
+    EXPECT_EQ(2, Larger);
+    const QRect Last = Window->geometry();
+    Window->close();
+    Window.reset();
+    Window = std::make_unique<ui::MainWindow>(Folders());
+    EXPECT_EQ(Last.size(), Window->size()) << "the size is kept";
+}
+
 // --- Moves by hand
 
 TEST_F(MainWindow, DragMakesTheMove) {
