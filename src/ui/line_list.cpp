@@ -27,7 +27,10 @@ void LineList::UseFixedWidthFont() {
     const QFont Around = parentWidget() != nullptr ? parentWidget()->font() : font();
     FixedWidth.setPixelSize(QFontInfo(Around).pixelSize());
     setFont(FixedWidth);
-    Heading->setFont(Around);
+    QFont Plain = Around;
+    Plain.setFamily(QFontInfo(Around).family()); // or it would take the list's own
+    Plain.setPixelSize(QFontInfo(Around).pixelSize());
+    Heading->setFont(Plain);
     PlaceHeading();
 }
 

@@ -103,6 +103,9 @@ private:
     void PlaceColumns(std::span<const LabelColumn> Columns, int RightEnd);
     std::array<std::pair<QWidget*, view::Control>, 6> Placed() const;
     WindowLayout Measured() const;
+    int PixelGrid() const;
+    void FrameLists();
+    QRect OnWholePixels(const QRect& Place) const;
     bool ComeBack();
     void ResizeToScale(double Scale);
     std::array<int, 4> HeaderWidths() const;

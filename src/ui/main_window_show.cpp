@@ -156,10 +156,12 @@ void MainWindow::ShowLabels() {
             continue;
         }
         QLabel* Label = Labels.at(I);
-        Label->setText(Text(Now.Text));
+        // The calculation breaks between two moves, and not behind the hyphen of one.
+        Label->setText(Label->wordWrap() ? Text(Now.Text).replace(QLatin1Char('-'), QStringLiteral("\u2060-\u2060"))
+                                         : Text(Now.Text));
         Label->setVisible(Now.Visible);
         if (Label->wordWrap()) {
-            Label->setToolTip(Label->text()); // the calculation may be longer than its box
+            Label->setToolTip(Text(Now.Text)); // the calculation may be longer than its box
         }
         if (!EverShown || Now.Colours != Before.Colours) {
             ColourLabel(Label, Now.Colours);
@@ -314,16 +316,52 @@ void MainWindow::PlaceControls() {
     Inner->setMinimumSize(Places.SizeAt(SmallestScale));
     Places.Fit(Inner->size());
     SizeTexts();
+    FrameLists();
     for (std::size_t I = 0; I < Labels.size(); ++I) {
-        Labels.at(I)->setGeometry(Places.Place(static_cast<Control>(I)));
+        Labels.at(I)->setGeometry(OnWholePixels(Places.Place(static_cast<Control>(I))));
     }
     for (const auto& [Widget, Which] : Placed()) {
-        Widget->setGeometry(Places.Place(Which));
+        Widget->setGeometry(OnWholePixels(Places.Place(Which)));
     }
     Board->setGeometry(Places.BoardPlace());
     Board->PlaceBoard(*State, Places.Twips(), Places.RaisedBy());
     Board->lower();
     PlaceLabels();
+}
+
+// So many pixels of the toolkit make whole ones of the screen.
+int MainWindow::PixelGrid() const {
+    const double Density = devicePixelRatioF();
+    int Grid = 1;
+    while (Grid < 4 && std::abs(Grid * Density - std::round(Grid * Density)) > 0.01) {
+        ++Grid;
+    }
+    return Grid;
+}
+
+// What scrolls lies over one edge of a frame of one pixel, at a fractional scale: there the frames have two.
+void MainWindow::FrameLists() {
+    const QString Wanted = PixelGrid() == 1
+                               ? QString()
+                               : QStringLiteral("QAbstractScrollArea { border: 2px solid palette(mid); }"
+                                                "QAbstractScrollArea:focus { border-color: palette(highlight); }");
+    for (QWidget* Each : {static_cast<QWidget*>(GameList), static_cast<QWidget*>(ChoiceList),
+                          static_cast<QWidget*>(RootList), static_cast<QWidget*>(CommentBox)}) {
+        if (Each->styleSheet() != Wanted) {
+            Each->setStyleSheet(Wanted);
+        }
+    }
+}
+
+// At a fractional scale of the screen a frame that begins between two of its pixels loses a line: its edges stand where
+// pixels of the toolkit and of the screen meet.
+QRect MainWindow::OnWholePixels(const QRect& Place) const {
+    const int Grid = PixelGrid();
+    const QPoint Origin = Inner->mapTo(this, QPoint(0, 0));
+    const auto Snapped = [Grid](int Value, int From) { return (Value + From + Grid / 2) / Grid * Grid - From; };
+    const int Left = Snapped(Place.left(), Origin.x());
+    const int Top = Snapped(Place.top(), Origin.y());
+    return {Left, Top, Snapped(Place.right() + 1, Origin.x()) - Left, Snapped(Place.bottom() + 1, Origin.y()) - Top};
 }
 
 // Labels stand side by side where the tables say. One that needs more room than that, in the font in use, moves those
