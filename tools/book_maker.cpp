@@ -353,7 +353,7 @@ private:
         if (!Wanted.Names.empty()) {
             Text += "names\n";
             for (const auto& [Moves, Name] : Wanted.Names) {
-                Text += Moves + " '" + Name + "'\n";
+                Text.append(Moves).append(" '").append(Name).append("'\n");
             }
         }
         Save(Wanted.Out, Text + "end\n");
@@ -391,7 +391,7 @@ private:
         std::string Name;
         for (std::size_t I = 0; I < Line.Moves.size(); ++I) {
             Name += (I == 0 ? "" : " ") + (I % 2 == 0 ? std::to_string(I / 2 + 1) + ". " : std::string());
-            Name += Line.Moves[I].substr(0, 2) + "-" + Line.Moves[I].substr(2);
+            Name.append(Line.Moves[I], 0, 2).append("-").append(Line.Moves[I], 2);
         }
         for (const auto& [Moves, Called] : Wanted.Names) {
             Path Begun = formats::MovesOfCells(Moves);

@@ -1,7 +1,11 @@
 // A new game, and the openings by lot.
 #include "control/new_game.h"
+#include "control/pdn_game.h"
 #include "engine/evaluate.h"
+#include "formats/pdn_index.h"
 #include "support/game_fixture.h"
+
+#include <set>
 
 namespace zonterbrook::tests {
 namespace {
@@ -117,6 +121,29 @@ TEST_F(NewGames, AnAutomaticMoveThatEndsTheGameIsLeftOut) {
     EXPECT_EQ(rules::BlackMan, PieceOn("d4"));
     EXPECT_FALSE(control::IsOver(State));
     EXPECT_EQ("", control::CheckRest(State));
+}
+
+// The openings that come with the program: each can be chosen and drawn, and is one to play on from.
+TEST_F(NewGames, ShippedOpeningsAreOnesToPlayOnFrom) {
+    formats::PdnIndex Games(World.Directory / "opening.pdn");
+    while (Games.Scan(std::size_t{1} << 20U)) {
+    }
+    ASSERT_GE(Games.Count(), 60U);
+    std::set<std::string> Boards;
+    for (std::size_t Game = 0; Game < Games.Count(); ++Game) {
+        const std::string Name(Games.Column(Game, formats::PdnColumn::Event));
+        World.ExpectChooser(" Choose Opening", control::PdnChoice{Game, {}});
+        control::LoadOpening(State);
+        EXPECT_EQ(Name, State.Details.Event);
+        EXPECT_GE(State.GameMoves, 4) << Name;
+        EXPECT_LE(State.GameMoves, 8) << Name;
+        EXPECT_FALSE(control::IsOver(State)) << Name;
+        EXPECT_TRUE(Boards.insert(rules::SetupText(State.Board)).second) << Name << " is there twice";
+    }
+    State.RandomOpening = 1;
+    World.Chances = {0.999};
+    control::LoadOpening(State);
+    EXPECT_EQ(Games.Column(Games.Count() - 1, formats::PdnColumn::Event), State.Details.Event);
 }
 
 } // namespace
