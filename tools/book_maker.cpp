@@ -255,15 +255,20 @@ public:
             JudgeAll(Level, Ply);
             Level = Grown(Level, Ply);
             std::cerr << "half-move " << Ply + 1 << ": " << Level.size() << " lines\n";
-            if (Ply + 1 == OpeningLength && !Wanted.Openings.empty()) {
-                WriteOpenings(Level);
+            if (ShortestOpening <= Ply + 1 && Ply + 1 <= LongestOpening && !Wanted.Openings.empty()) {
+                AddOpenings(Level, Ply + 1);
             }
+        }
+        if (!Wanted.Openings.empty()) {
+            Save(Wanted.Openings, Openings);
+            std::cerr << OpeningCount << " openings\n";
         }
         WriteBook(Level);
     }
 
 private:
-    static constexpr int OpeningLength = 4;
+    static constexpr int ShortestOpening = 3;
+    static constexpr int LongestOpening = 4;
 
     std::size_t WidthAt(int Ply) const {
         const auto Index = static_cast<std::size_t>(Ply);
@@ -361,7 +366,7 @@ private:
     }
 
     /// The judged positions at the end of short lines that are about even, each as a game of its own.
-    void WriteOpenings(const std::vector<Branch>& Level) {
+    void AddOpenings(const std::vector<Branch>& Level, int Length) {
         constexpr std::int32_t Even = 15;
         std::map<std::string, const Branch*> Different;
         for (const Branch& Each : Level) {
@@ -369,9 +374,7 @@ private:
                 Different.emplace(Table.Key(), &Each);
             }
         }
-        JudgeAll(Level, OpeningLength);
-        std::string Text;
-        int Count = 0;
+        JudgeAll(Level, Length);
         for (const Branch& Each : Level) {
             Table.Lay(Each.Moves);
             const std::string Key = Table.Key();
@@ -379,12 +382,21 @@ private:
             if (Different.at(Key) == &Each && What->Depth > 1 && std::abs(What->Score) <= Even) {
                 Table.Game().Details = {};
                 Table.Game().Details.Event = NameOfOpening(Each);
-                Text += control::PdnText(Table.Game());
-                ++Count;
+                Openings += WithoutSomeTags(control::PdnText(Table.Game()));
+                ++OpeningCount;
             }
         }
-        Save(Wanted.Openings, Text);
-        std::cerr << Count << " openings\n";
+    }
+
+    // The day, and rules that are those of the game's type.
+    static std::string WithoutSomeTags(const std::string& Game) {
+        std::string Kept;
+        for (const std::string& Line : Split(Game, '\n')) {
+            const bool Needless = Line.starts_with("[Date ") || Line.starts_with("[QVersion ") ||
+                                  Line.starts_with("[Quavermill ") || Line.starts_with("[RuleSet ");
+            Kept += Needless ? std::string() : Line + '\n';
+        }
+        return Kept;
     }
 
     std::string NameOfOpening(const Branch& Line) const {
@@ -412,6 +424,8 @@ private:
     const fs::path Program;
     Judgements Known;
     Bench Table;
+    std::string Openings;
+    int OpeningCount = 0;
 };
 
 std::vector<int> NumbersOf(const std::string& Text) {

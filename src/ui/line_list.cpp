@@ -27,10 +27,10 @@ void LineList::UseFixedWidthFont() {
     const QFont Around = parentWidget() != nullptr ? parentWidget()->font() : font();
     FixedWidth.setPixelSize(QFontInfo(Around).pixelSize());
     setFont(FixedWidth);
-    QFont Plain = Around;
-    Plain.setFamily(QFontInfo(Around).family()); // or it would take the list's own
-    Plain.setPixelSize(QFontInfo(Around).pixelSize());
-    Heading->setFont(Plain);
+    QFont Upright = Around;
+    Upright.setFamily(QFontInfo(Around).family()); // or it would take the list's own
+    Upright.setPixelSize(QFontInfo(Around).pixelSize());
+    Heading->setFont(Upright);
     PlaceHeading();
 }
 

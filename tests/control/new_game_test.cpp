@@ -135,7 +135,7 @@ TEST_F(NewGames, ShippedOpeningsAreOnesToPlayOnFrom) {
         World.ExpectChooser(" Choose Opening", control::PdnChoice{Game, {}});
         control::LoadOpening(State);
         EXPECT_EQ(Name, State.Details.Event);
-        EXPECT_GE(State.GameMoves, 4) << Name;
+        EXPECT_GE(State.GameMoves, 3) << Name;
         EXPECT_LE(State.GameMoves, 8) << Name;
         EXPECT_FALSE(control::IsOver(State)) << Name;
         EXPECT_TRUE(Boards.insert(rules::SetupText(State.Board)).second) << Name << " is there twice";
