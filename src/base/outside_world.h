@@ -4,6 +4,7 @@
 // in which a window may handle its events. A handler that runs in such a turn may only raise flags.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 namespace zonterbrook::base {
@@ -31,6 +32,18 @@ public:
             TakeTurn();
         }
     }
+
+    /// Called by work inside a node that takes as long as so many nodes.
+    void Yield(std::uint32_t Nodes) {
+        NodesLeft -= std::min(Nodes, NodesLeft - 1);
+        Yield();
+    }
+
+    /// Gives the host its turn at once.
+    void GiveTurn() { TakeTurn(); }
+
+    /// Nodes from one turn to the next.
+    std::uint32_t NodesBetweenTurns() const { return NodesPerTurn; }
 
 protected:
     /// Lets the host work: handle the events that are due, no more.

@@ -72,12 +72,11 @@ private:
 
 // The score of the position on the board from the side that has moved last.
 std::int32_t ScoreAtDepth(GameState& State) {
-    const std::int32_t Before = std::exchange(State.AtGamePosition, 0);
+    const engine::SearchScope Scope(State, engine::SearchFamily::Quick);
     std::int32_t Depth = BaseDepth;
     std::int32_t Value = 0;
     rules::InitGameTree(State);
     engine::QuickScoreDepth(State, Depth, Value);
-    State.AtGamePosition = Before;
     return Value;
 }
 

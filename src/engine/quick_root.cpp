@@ -115,9 +115,8 @@ private:
 
 int QuickRootSearch(EngineState& State, const QuickPolicy& Policy, int Depth, QuickObserver& Observer) {
     QuickLoop Loop(State, Policy, Observer);
-    const std::int32_t Before = std::exchange(State.AtGamePosition, 0);
+    const SearchScope Scope(State, SearchFamily::Quick);
     const int Completed = Loop.Run(Depth);
-    State.AtGamePosition = Before;
     State.DrawPending = 0;
     return Completed;
 }

@@ -9,6 +9,7 @@
 #include "rules/moves.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zonterbrook::engine {
 
@@ -212,12 +213,34 @@ constexpr std::size_t QuickRow = 5;
 constexpr std::size_t AntiRow = 10;
 constexpr std::size_t GoalRow = 11;
 
+/// What a pause of a capture walk counts for, in nodes: it comes after some tens of microseconds.
+constexpr std::uint32_t NodesPerPause = 256;
+
+template <SearchFamily Family>
+bool EndsWalk(RulesState& Rules) {
+    auto& State = static_cast<EngineState&>(Rules);
+    State.World->Yield(NodesPerPause);
+    return Family == SearchFamily::Quick ? State.StopQuickSearch != 0
+                                         : State.StopAutoPlay != 0 || State.CancelRequested != StopRequest::None;
+}
+
 std::int32_t QuickValue(EngineState& State, std::int32_t& Depth) {
     std::int32_t Alpha = WindowLow;
     return -QuickRoutine(State).Search(State, Alpha, WindowHigh, Depth);
 }
 
 } // namespace
+
+SearchScope::SearchScope(EngineState& InState, SearchFamily Family)
+    : State(InState), AtGamePositionBefore(std::exchange(InState.AtGamePosition, 0)),
+      InterruptsBefore(std::exchange(InState.Interrupts, Family == SearchFamily::Quick
+                                                             ? EndsWalk<SearchFamily::Quick>
+                                                             : EndsWalk<SearchFamily::Playing>)) {}
+
+SearchScope::~SearchScope() {
+    State.AtGamePosition = AtGamePositionBefore;
+    State.Interrupts = InterruptsBefore;
+}
 
 std::span<const SearchRoutine> SearchRoutines() {
     return Routines;

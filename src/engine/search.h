@@ -17,6 +17,24 @@ using SearchFunction = std::int32_t (*)(EngineState& State, std::int32_t& Alpha,
                                         std::int32_t& Depth);
 using EvaluateFunction = std::int32_t (*)(EngineState& State, std::int32_t Alpha, std::int32_t Beta, std::int32_t Side);
 
+/// The seven routines that play, or the five quick ones: what stops the one doesn't stop the other.
+enum class SearchFamily { Playing, Quick };
+
+/// While it lives, moves are generated for the nodes of a search, and long capture walks give the world its turn and
+/// end when the search is to stop.
+class SearchScope {
+public:
+    SearchScope(EngineState& InState, SearchFamily Family);
+    SearchScope(const SearchScope&) = delete;
+    SearchScope& operator=(const SearchScope&) = delete;
+    ~SearchScope();
+
+private:
+    EngineState& State;
+    std::int32_t AtGamePositionBefore;
+    bool (*InterruptsBefore)(rules::RulesState&);
+};
+
 /// One of the twelve.
 struct SearchRoutine {
     std::string_view Name;

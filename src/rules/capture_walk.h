@@ -9,6 +9,8 @@
 #include "rules/capture_rows.h"
 #include "rules/state.h"
 
+#include <algorithm>
+
 namespace zonterbrook::rules {
 
 template <typename Rules, typename Sink>
@@ -19,8 +21,11 @@ public:
         Path.Clear();
     }
 
-    /// Walks all paths of the piece on `Cell`.
+    /// Walks all paths of the piece on `Cell`. Once the walk is no longer wanted, it does nothing.
     void Run(int Cell) {
+        if (Interrupted) [[unlikely]] {
+            return;
+        }
         Begin(Cell);
         // A piece that can't fly and won't learn it on its way needs none of what flying takes.
         if (Flying || (Rule.Is.CrownsOnTheWay && IsMan(Piece))) {
@@ -34,6 +39,13 @@ public:
     int PathLength() const { return Path.Count; }
 
 private:
+    /// Jumps of one piece before the first pause, and between two pauses: some microseconds, which is next to nothing
+    /// beside what a pause costs. Hardly any walk comes to its first.
+    static constexpr int FirstPause = 128;
+    static constexpr int NextPause = 1024;
+    /// Bits of a key beside those of pieces: the last step, whether the mover is a king, its cell.
+    static constexpr int MostNumbered = WalkedStates::KeyBits - 6 - 1 - 7;
+
     enum class Outcome { Failed, Jumped, Stopped };
 
     /// One jump of the path and the search for the next one from its start.
@@ -43,6 +55,10 @@ private:
         int Step;                 ///< of the jump made from here
         int Start;
         int Taken;
+        // Where captures count as sets:
+        int Longest;     ///< pieces in the longest path through the state walked from here
+        int StopsBefore; ///< what `Stops` was on arrival
+        bool Remembers;  ///< the state walked from here may be remembered
     };
 
     void Begin(int Cell) {
@@ -56,21 +72,16 @@ private:
         PathLongest = 0;
         Undone = false;
         CrownedAt = nullptr;
+        Untouched = Levels.begin();
+        Stops = 0;
+        Remembering = false;
+        JumpsToPause = FirstPause;
     }
 
     template <bool MayFly>
     void Walk() {
         Level* Here = Levels.begin();
-        const Level* Untouched = Here;
-        const auto Arrive = [&] {
-            Here->Next = Steps;
-            // A level's reach outlives the level: only its first use in this walk begins at 0.
-            if (MayFly && Here == Untouched) {
-                Here->Reach = 0;
-                ++Untouched;
-            }
-        };
-        Arrive();
+        Arrive<MayFly>(*Here);
         for (;;) {
             if (*Here->Next != DirectionSentinel) {
                 ++Here->Next;
@@ -80,6 +91,9 @@ private:
                     return;
                 }
                 --Here;
+                if (Rule.Is.ComparesSets) {
+                    LeaveState(*Here, Here[1]);
+                }
                 EndPath(*Here);
                 if (!TriesNextLanding<MayFly>()) {
                     continue;
@@ -90,11 +104,32 @@ private:
                 Result = Probe<MayFly>(*Here);
             }
             if (Result == Outcome::Jumped) {
+                if (Interrupted) [[unlikely]] {
+                    for (++Here; Here != Levels.begin();) {
+                        UndoJump(*--Here);
+                    }
+                    return;
+                }
                 if (++Here == Levels.end()) [[unlikely]] {
                     base::FailIndex(CaptureLevels, CaptureLevels);
                 }
-                Arrive();
+                Arrive<MayFly>(*Here);
             }
+        }
+    }
+
+    template <bool MayFly>
+    void Arrive(Level& Here) {
+        Here.Next = Steps;
+        // A level's reach outlives the level: only its first use in this walk begins at 0.
+        if (MayFly && &Here == Untouched) {
+            Here.Reach = 0;
+            ++Untouched;
+        }
+        if (Rule.Is.ComparesSets) {
+            Here.Longest = Path.Count;
+            Here.StopsBefore = Stops;
+            Here.Remembers = Remembering && DependsOnStateAlone(Here);
         }
     }
 
@@ -209,12 +244,86 @@ private:
             Flying = true;
         }
         State.Board[Landing] = Code;
+        if (--JumpsToPause == 0) [[unlikely]] {
+            Pause();
+        }
         if (Rule.Is.ContinuesOnPromotion || !OnPromotion) {
+            if (Remembering && KnowsState(Here)) {
+                UndoJump(Here);
+                return Outcome::Stopped;
+            }
             return Outcome::Jumped;
         }
         Save(true, Path);
+        ++Stops;
         UndoJump(Here);
         return Outcome::Stopped;
+    }
+
+    /// A long walk lets others have their turn, and begins to remember where it has been.
+    void Pause() {
+        JumpsToPause = NextPause;
+        if (Rule.Is.ComparesSets && !Remembering && NumberPrey()) {
+            Remembering = true;
+            State.Walked.Restart();
+        }
+        Interrupted = State.Interrupts != nullptr && State.Interrupts(State);
+    }
+
+    /// Gives each enemy piece a bit of its own in the keys of states; false if there are too many.
+    bool NumberPrey() {
+        const int Enemy = 1 - ColourIndex(Piece > 0 ? White : Black);
+        const CellSet Prey = State.Pieces[Enemy] | State.Pieces[Enemy + 2];
+        int Number = 0;
+        Prey.ForEach([&](int Cell) { PreyBits[Cell] = std::uint64_t{1} << (static_cast<unsigned>(Number++) & 63U); });
+        return Number <= MostNumbered;
+    }
+
+    /// The state to which the jump `Last` has led.
+    std::uint64_t KeyAfter(const Level& Last) const {
+        std::uint64_t Jumped = 0;
+        for (int I = 0; I < Path.Count; ++I) {
+            Jumped |= PreyBits[Path.Groups[I].Cell];
+        }
+        // The last step matters to whom flies and must not turn straight back, unless the piece just jumped blocks that
+        // way anyway.
+        const bool MayTurnBack = !Flying || Rule.Is.CapReverse || Rule.Is.RemovePieces;
+        const auto Step = static_cast<unsigned>(MayTurnBack ? 0 : Last.Step + 32);
+        return ((Jumped << 6U | Step) << 1U | (IsKing(Code) ? 1U : 0U)) << 7U |
+               static_cast<unsigned>(Position - FirstCell);
+    }
+
+    /// What is walked from here hangs on the state alone. That isn't so as long as a man may be crowned on its way: the
+    /// reaches that it leaves behind decide where it may land as a king.
+    bool DependsOnStateAlone(const Level& Here) const {
+        if (!Rule.Is.CrownsOnTheWay || IsKing(Piece) || Rule.Is.ManCapMoveKing || Rule.Is.KingFirst) {
+            return true;
+        }
+        return IsKing(Code) && std::all_of(&Here, static_cast<const Level*>(Untouched),
+                                           [](const Level& Deeper) { return Deeper.Reach == 0; });
+    }
+
+    /// True if all has been walked before from where the jump just made has led. The rows hold whatever may come of it
+    /// then, so that it is left as if they had been compared one by one.
+    bool KnowsState(Level& Here) {
+        const int Longest = DependsOnStateAlone((&Here)[1]) ? State.Walked.LongestThrough(KeyAfter(Here)) : 0;
+        if (Longest == 0) {
+            return false;
+        }
+        Here.Longest = std::max(Here.Longest, Longest);
+        if (!Rule.Is.DropsShorterSets || Longest >= Rows.Longest()) {
+            LastSaved = Path;
+        }
+        return true;
+    }
+
+    /// All has been walked from where the jump `Last` has led. What stops on a promotion square is stored in every
+    /// order of the pieces, and so has to be walked in every order.
+    void LeaveState(Level& Last, const Level& Left) {
+        Last.Longest = std::max(Last.Longest, Left.Longest);
+        if (Left.Remembers && Left.StopsBefore == Stops) {
+            State.Walked.Remember(KeyAfter(Last), Left.Longest, Left.Longest - Path.Count);
+        }
     }
 
     bool IsPromotionSquare(int Cell) const {
@@ -278,6 +387,12 @@ private:
     int PathLongest;
     CapturePath Path;
     CapturePath LastSaved;
+    int JumpsToPause;
+    bool Interrupted = false;
+    bool Remembering;
+    int Stops;                                              ///< paths that have ended on a promotion square
+    base::CheckedArray<std::uint64_t, BoardCells> PreyBits; ///< by the cell of an enemy piece, once numbered
+    Level* Untouched;                                       ///< no level from this one on has been used by the piece
     base::CheckedArray<Level, CaptureLevels> Levels;
 };
 

@@ -11,6 +11,7 @@
 #include "rules/cells.h"
 #include "rules/known_rules.h"
 #include "rules/rule_set.h"
+#include "rules/walked_states.h"
 
 #include <cstdint>
 #include <type_traits>
@@ -193,6 +194,10 @@ struct RulesState {
     /// 1 while moves are generated for the game's own position, whatever `Ply` says: the rule `LastCap` binds there.
     std::int32_t AtGamePosition;
     StopRequest CancelRequested;
+    /// Asked now and then by a long capture walk, with the board in the middle of a capture: gives the world its turn,
+    /// and says whether the walk is wanted no longer. Null but during a search.
+    bool (*Interrupts)(RulesState& State);
+    WalkedStates Walked; ///< of the capture walk at work
 
     // --- input -----------------------------------------------------------------------------------------------------
     std::int32_t TouchMove;     ///< the option: the piece first touched must move

@@ -234,6 +234,57 @@ TEST(GenerateMoves1, AnswersWhetherThereIsAMove) {
     EXPECT_TRUE(GenerateMoves1(*Last, 0)) << "kept: the last moved piece drops no row";
 }
 
+TEST(GenerateMoves, WalksNoStateTwiceWhereSetsCountOnce) {
+    const std::string Queens = "PiecesOnBlack=2|WhiteKingMovement=N;NE;E;SE;S;SW;W;NW N;NE;E;SE;S;SW;W;NW";
+    const struct {
+        const char* Fault;
+        std::string Rules, Setup;
+        int Moves;
+        std::int64_t Sum; ///< of their ends, each by its place
+    } Walks[] = {
+        {"walks_every_order", Queens,
+         "00000000000000040000000000400000202400400000040000"
+         "32000004440000422400000000000000040000000020000000",
+         83, 296553552},
+        {"forgets_the_prefixes", Queens + "|MulJumps=0|MaxCapMove=0",
+         "02000000000000002040000000000400000200000200004000"
+         "00000000300404000000000000200000000000000000400020",
+         772, 27773730442},
+        {"lands_where_no_crowned_man_may",
+         "PiecesOnBlack=2|MaxCapMove=0|RemovePieces=0|ManContJumpCrowned=1|WhiteManMovement=N N;NE;E;SE;S;SW;W;NW|"
+         "WhiteKingMovement=N;NE;E;SE;S;SW;W;NW N;NE;E;SE;S;SW;W;NW",
+         "04200020040000000000400000000000020200000000000000"
+         "00010000000040000020204200040004000000020000000000",
+         637, 17898754657},
+        {"forgets_the_stops",
+         "PiecesOnBlack=2|WhiteManMovement=N N;NE;E;SE;S;SW;W;NW|ManContJump=0|ManCapMoveKing=1|"
+         "WhiteKingMovement=N;S N;S",
+         "00000000000000402000000000000000000044000000400000"
+         "00001000200000000200000000200200000400000000000000",
+         242, 2620741920},
+    };
+    for (const auto& R : Walks) {
+        const auto State = Game(R.Rules);
+        LaySetup(*State, R.Setup);
+        State->Side = White;
+        static int Pauses; // a pointer to a function knows no local
+        Pauses = 0;
+        State->Interrupts = [](RulesState&) { return ++Pauses > 2000; };
+        GenerateLegalMoves(*State);
+        std::int64_t Sum = 0;
+        for (int I = 0; I < MoveCountOfPly(*State); ++I) {
+            Sum += (I + 1) * (State->MoveStack[I].Source * 1000 + State->MoveStack[I].Dest);
+        }
+        EXPECT_EQ(R.Moves, MoveCountOfPly(*State)) << R.Fault;
+        EXPECT_EQ(R.Sum, Sum) << R.Fault;
+
+        State->Interrupts = [](RulesState&) { return true; };
+        GenerateLegalMoves(*State);
+        EXPECT_EQ("", CheckPosition(*State)) << R.Fault << ": stopped in the middle, it leaves the board in disorder";
+        EXPECT_EQ(R.Setup, SetupText(State->Board)) << R.Fault;
+    }
+}
+
 /// A stepping man's only way over this many men: along the rows of a wide board and back, from a1.
 std::string Snake(std::size_t Length) {
     const std::string Way = "b1,d1,f1,h1,i2,h3,f3,d3,b3,a4,b5,d5,f5,h5,i6,h7,f7,d7,b7,a8,b9,d9";
