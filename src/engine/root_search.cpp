@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
+#include <optional>
 #include <utility>
 
 namespace zonterbrook::engine {
@@ -50,6 +52,34 @@ std::int32_t DrawAfterRootMove(const EngineState& State) {
 
 namespace {
 
+/// The world of a search that plays by time: the world that it was, but that at each turn the clock is looked at, so
+/// that a single root move can't outstay it.
+class TimedWorld final : public base::OutsideWorld {
+public:
+    TimedWorld(EngineState& InState, std::function<bool()> InIsLate)
+        : OutsideWorld(InState.World->NodesBetweenTurns()), State(InState), World(*InState.World),
+          IsLate(std::move(InIsLate)) {
+        State.World = this;
+    }
+    ~TimedWorld() override { State.World = &World; }
+
+    double Seconds() override { return World.Seconds(); }
+    double Random() override { return World.Random(); }
+
+protected:
+    void TakeTurn() override {
+        World.GiveTurn();
+        if (IsLate()) {
+            State.StopAutoPlay = 1;
+        }
+    }
+
+private:
+    EngineState& State;
+    OutsideWorld& World;
+    const std::function<bool()> IsLate;
+};
+
 class RootLoop {
 public:
     RootLoop(EngineState& InState, const RootLimits& InLimits, double InStarted, RootObserver& InObserver)
@@ -58,6 +88,10 @@ public:
                              (InState.SpecialRuleSet == KnownRules::None && InState.RuleSet.AntiMode == 1)) {}
 
     RootOutcome Run() {
+        std::optional<TimedWorld> Timed;
+        if (Limits.ByTime) {
+            Timed.emplace(State, [this] { return IsLate(); });
+        }
         State.RootSide = State.Side;
         Count = State.StackLimit[1];
         for (int I = 0; I < std::min(Count, RootMoveEntries); ++I) {
@@ -87,8 +121,21 @@ private:
         State.StopAutoPlay = 1;
     }
 
-    /// A stop does not break the loop while the score is a forced one: what is left returns at once.
-    bool MustLeave() const { return std::abs(Alpha) <= DecidedScore && State.StopAutoPlay == 1; }
+    /// A stop does not break the loop while the score is a forced one: what is left returns at once. The clock's in the
+    /// middle of a move does, as nothing is known of the move then.
+    bool MustLeave() const { return RanOut || (std::abs(Alpha) <= DecidedScore && State.StopAutoPlay == 1); }
+
+    /// Whether the search has to stop in the middle of a root move, once there is a move to play.
+    bool IsLate() {
+        RanOut = RanOut || (Outcome.DepthReached > 0 && State.StopAutoPlay == 0 && IsTimeUp(Elapsed()));
+        return RanOut;
+    }
+
+    /// Half as much time again may be spent, but only to repair a falling score.
+    bool IsTimeUp(double Seconds) const {
+        const bool Falling = State.BestScore < LastIterationScore - FallingScore;
+        return Seconds >= (Falling ? 1.5 : 1) * Limits.TimeLimit;
+    }
 
     /// Returns false when the iterations are to end.
     bool RunIteration() {
@@ -229,12 +276,7 @@ private:
     void CheckClock() {
         const double Seconds = Limits.ByTime ? Elapsed() : 0;
         Observer.MoveDone(Seconds);
-        if (!Limits.ByTime || Seconds < Limits.TimeLimit) {
-            return;
-        }
-        // Half as much time again may be spent, but only to repair a falling score.
-        const bool Falling = State.BestScore < LastIterationScore - FallingScore;
-        if (!Falling || Seconds >= 1.5 * Limits.TimeLimit) {
+        if (Limits.ByTime && IsTimeUp(Seconds)) {
             StopByClock();
         }
     }
@@ -254,6 +296,7 @@ private:
     std::int32_t ScoreBeforeVerify = 0;
     bool Verified = false;
     bool WidenAllowed = false;
+    bool RanOut = false; ///< the clock has stopped the search in the middle of a move
 };
 
 } // namespace
@@ -283,10 +326,8 @@ void PrepareSearch(EngineState& State, Patterns Rows) {
 
 RootOutcome RootSearch(EngineState& State, const RootLimits& Limits, double Started, RootObserver& Observer) {
     RootLoop Loop(State, Limits, Started, Observer);
-    const std::int32_t Before = std::exchange(State.AtGamePosition, 0);
-    const RootOutcome Outcome = Loop.Run();
-    State.AtGamePosition = Before;
-    return Outcome;
+    const SearchScope Scope(State, SearchFamily::Playing);
+    return Loop.Run();
 }
 
 void SortRootMoves(EngineState& State) {

@@ -211,6 +211,22 @@ TEST(RootSearch, TheClockEndsIt) {
     EXPECT_EQ(0, ElapsedSeconds(5, 5));
 }
 
+TEST(RootSearch, TheClockEndsItInTheMiddleOfAMove) {
+    EngineGame Game("");
+    Listener Heard(*Game);
+    double LongestMove = 0;
+    double Before = Game.World.Clock;
+    Heard.OnStart = [&](int) { Before = Game.World.Clock; };
+    Heard.OnDone = [&](int) { LongestMove = std::max(LongestMove, Game.World.Clock - Before); };
+    Game.World.OnTurn = [&] { Game.World.Clock += 0.0001; };
+    const RootOutcome Outcome = Think(Game, Heard, {20, true, 3});
+    EXPECT_GT(LongestMove, 0.2) << "the moves are too short to tell";
+    EXPECT_NEAR(3, Outcome.Seconds, 0.05);
+    EXPECT_EQ(0, Game->StopAutoPlay) << "the clock's stop is taken for the user's";
+    EXPECT_EQ(Heard.Accepted.back(), MoveText(Game->MoveStack[0])) << "a move that is not done has come to the front";
+    EXPECT_EQ("", rules::CheckPosition(*Game));
+}
+
 TEST(RootSearch, TheUserEndsItAtAnyNode) {
     for (int Stop = 1; Stop <= 300; ++Stop) {
         EngineGame Game(Stop % 2 == 0 ? "" : "TwoKings=1");
