@@ -184,7 +184,8 @@ std::int32_t DeepSearch::Node(std::int32_t Alpha, std::int32_t Beta, int Depth) 
     std::int32_t Best = -WindowHigh;
     MainLineMove BestMove{};
     bool First = true;
-    for (int Move = NextBestMove(State); Move >= 0; Move = NextBestMove(State)) {
+    MovePicker Moves(State);
+    for (int Move = Moves.Pick(); Move >= 0; Move = Moves.Pick()) {
         TriedMove Tried(State, Move);
         std::int32_t Reply = 0;
         if (!First) {

@@ -123,11 +123,11 @@ std::int32_t SearchNode(EngineState& State, std::int32_t& Alpha, std::int32_t Be
 
     // 8. Moves. At the horizon the mover may stop at any time and keep the evaluation.
     std::int32_t Best = -WindowHigh;
-    const Generator& Moves = GeneratorOf(P.Rules);
+    const Generator& Generates = GeneratorOf(P.Rules);
     if (Depth > 0) {
-        Moves.GenerateBoth(State);
+        Generates.GenerateBoth(State);
     } else {
-        Moves.Generate(State, Depth);
+        Generates.Generate(State, Depth);
         Best = Score;
     }
 
@@ -144,7 +144,8 @@ std::int32_t SearchNode(EngineState& State, std::int32_t& Alpha, std::int32_t Be
     }
 
     // 11. The moves, best first.
-    for (int Move = NextBestMove(State); Move >= 0; Move = NextBestMove(State)) {
+    MovePicker Moves(State);
+    for (int Move = Moves.Pick(); Move >= 0; Move = Moves.Pick()) {
         TriedMove Tried(State, Move);
         std::int32_t ChildAlpha = -Beta;
         std::int32_t ChildDepth = Depth - 1;

@@ -14,24 +14,50 @@ namespace zonterbrook::rules {
 /// The score of a record that has been handed out, and the lowest that a search window knows.
 inline constexpr std::int32_t UsedScore = -32000;
 
-/// Hands out the unused record of the ply with the highest score, the first of equals, and marks it; -1 if none is
-/// left.
-inline int NextBestMove(RulesState& State) {
-    std::int32_t BestScore = UsedScore;
-    int Best = -1;
-    const int End = State.StackLimit[State.Ply + 1];
-    for (int I = State.StackLimit[State.Ply]; I < End; ++I) {
-        const std::int32_t Score = State.MoveStack[I].Score;
-        if (Score > BestScore) {
-            BestScore = Score;
-            Best = I;
+/// Hands out the unused records of the present ply, the highest score first, of equals the first, and marks them. No
+/// record is scored below 0: once the best that is left is at 0, the rest follow in their order, and nothing is
+/// compared any more.
+class MovePicker {
+public:
+    explicit MovePicker(RulesState& State)
+        : Next(&State.MoveStack[State.StackLimit[State.Ply]]),
+          End(Next + (State.StackLimit[State.Ply + 1] - State.StackLimit[State.Ply])), Stack(State.MoveStack.begin()) {}
+
+    /// The index of a record, or -1 if none is left.
+    int Pick() {
+        MoveRecord* Best = InOrder ? nullptr : BestAboveZero();
+        if (Best == nullptr) {
+            InOrder = true;
+            while (Next != End && Next->Score == UsedScore) {
+                ++Next;
+            }
+            if (Next == End) {
+                return -1;
+            }
+            Best = Next++;
         }
+        Best->Score = UsedScore;
+        return static_cast<int>(Best - Stack);
     }
-    if (Best >= 0) {
-        State.MoveStack[Best].Score = UsedScore;
+
+private:
+    MoveRecord* BestAboveZero() const {
+        MoveRecord* Best = nullptr;
+        std::int32_t BestScore = 0;
+        for (MoveRecord* Record = Next; Record != End; ++Record) {
+            if (Record->Score > BestScore) {
+                BestScore = Record->Score;
+                Best = Record;
+            }
+        }
+        return Best;
     }
-    return Best;
-}
+
+    MoveRecord* Next;
+    MoveRecord* const End;
+    MoveRecord* const Stack;
+    bool InOrder = false;
+};
 
 /// Makes the present node the root: the figures of ply 1 become those of ply 0. At ply 0 it does nothing.
 void InitGameTree(RulesState& State);

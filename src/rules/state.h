@@ -83,7 +83,7 @@ struct alignas(16) MoveRecord {
     std::int32_t Source;  ///< cell, or `FromHand`
     std::int32_t Dest;    ///< cell
     std::int32_t Kind;    ///< 0 plain, 2 promotes; times `Side` it is the new piece
-    std::int32_t Score;   ///< ordering score; -32000 once `NextBestMove` has handed the move out
+    std::int32_t Score;   ///< ordering score; -32000 once a `MovePicker` has handed the move out
     std::uint8_t Stepper; ///< 1 and the piece's index if a piece steps and nothing else can happen, else 0
     CapturePath Captures;
 

@@ -162,13 +162,14 @@ TEST(Ordering, ScoresTellWhatToTryFirst) {
 TEST(Ordering, TheBestUnusedMoveComesNext) {
     const auto State = Game("");
     GenerateGameMoves(*State);
-    const int Scores[] = {0, 100, UsedScore, 100, -31999, 250, 0, 0, 0};
+    const int Scores[] = {0, 100, UsedScore, 100, UsedScore, 250, 0, 0, 0};
     for (int I = 0; I < 9; ++I) {
         State->MoveStack[I].Score = Scores[I];
     }
     State->MoveStack[9].Score = 9999; // of the ply below
-    for (const int Expected : {5, 1, 3, 0, 6, 7, 8, 4, -1, -1}) {
-        EXPECT_EQ(Expected, NextBestMove(*State));
+    MovePicker Moves(*State);
+    for (const int Expected : {5, 1, 3, 0, 6, 7, 8, -1, -1}) {
+        EXPECT_EQ(Expected, Moves.Pick());
     }
     for (int I = 0; I < 9; ++I) {
         EXPECT_EQ(UsedScore, State->MoveStack[I].Score);
