@@ -4,6 +4,7 @@
 // stands in one place. Numbers that hang on the rule set alone come from tables (evaluate_tables.cpp).
 #include "engine/evaluate.h"
 
+#include "engine/evaluation_terms.h"
 #include "rules/generate.h"
 #include "rules/position.h"
 
@@ -18,13 +19,6 @@ namespace zonterbrook::engine {
 using namespace rules;
 
 namespace {
-
-/// What the four evaluators differ in.
-struct EvaluatorPolicy {
-    EvaluatorKind Kind;
-    /// Reads the rules of the variant: goals, draws without a move, anti mode, empty cells, goals' distances.
-    bool Generic;
-};
 
 using DistanceRow = std::array<std::uint8_t, BoardCells>;
 
@@ -51,17 +45,6 @@ struct Census {
     bool Goal[2];
 };
 
-/// The cell of a colour's strongest piece; cell 0 if it has none. White's is the first of equals, Black's the last, in
-/// rows from the bottom and columns from the right. The asymmetry is wanted.
-int StrongestOf(const EngineState& State, int Colour) {
-    const CellSet Kings = State.Pieces[Colour + 2];
-    const CellSet Set = Kings.Any() ? Kings : State.Pieces[Colour];
-    if (Set.None()) {
-        return 0;
-    }
-    return Colour == 0 ? (Set & RowCells(RowOf(Set.First()))).Last() : (Set & RowCells(RowOf(Set.Last()))).First();
-}
-
 Census Count(const EngineState& State) {
     Census Result;
     for (const int Colour : {0, 1}) {
@@ -72,6 +55,11 @@ Census Count(const EngineState& State) {
     return Result;
 }
 
+/// The row of the generic evaluator's tables.
+int CombinationOf(const Census& Figures) {
+    return (Figures.Early[0] ? 1 : 0) + (Figures.Early[1] ? 2 : 0);
+}
+
 /// A king that stands where it wins: on its own promotion square, or, where kings must come back, on the enemy's.
 void FindGoals(const EngineState& State, Census& Figures) {
     const RuleSetFields& Rules = State.RuleSet;
@@ -80,164 +68,6 @@ void FindGoals(const EngineState& State, Census& Figures) {
         const bool Armed = Rules.WinAtPromo != 0 || Rules.KingWin != 0;
         Figures.Goal[Colour] = Armed && (State.Pieces[Colour + 2] & State.PromotionSet[Column]).Any();
     }
-}
-
-/// Weights by cell as a number in binary: bit p of a cell's weight is its membership of plane p. A sum over a set of
-/// pieces is then a few counts of bits, whatever their number.
-template <std::size_t Planes>
-using WeightPlanes = std::array<CellSet, Planes>;
-
-/// The pull of an enemy piece: 19 less the distance, for kings and in the hard-wired evaluators a third of it.
-constexpr int MaxPull = 19;
-constexpr int PullPlanes = 5;
-constexpr int ThirdPlanes = 3;
-/// An enemy that is not there is looked for on cell 0, further away than 19. There, the planes hold this much more.
-constexpr int NoEnemyCell = 0;
-constexpr int NoEnemyBias = 2;
-
-/// By the cell of the enemy piece.
-template <std::size_t Planes, typename Weight>
-constexpr std::array<WeightPlanes<Planes>, BoardCells> MakePlanes(Weight Of) {
-    std::array<WeightPlanes<Planes>, BoardCells> Table{};
-    for (std::size_t Target = 0; Target < BoardCells; ++Target) {
-        for (CellSet Cells = PlayingCells; Cells.Any();) {
-            const int Cell = Cells.TakeFirst();
-            const int Value = Of(SquareDistance(Cell, static_cast<int>(Target)), static_cast<int>(Target));
-            for (std::size_t Plane = 0; Plane < Planes; ++Plane) {
-                if ((static_cast<unsigned>(Value) >> Plane & 1U) != 0) {
-                    Table[Target][Plane].Toggle(Cell);
-                }
-            }
-        }
-    }
-    return Table;
-}
-
-// Constants, but more steps of reckoning than every compiler grants a constexpr.
-const auto PullTable = MakePlanes<PullPlanes>(
-    [](int Distance, int Target) { return MaxPull - Distance + (Target == NoEnemyCell ? NoEnemyBias : 0); });
-const auto ThirdTable =
-    MakePlanes<ThirdPlanes>([](int Distance, int) { return Distance > MaxPull ? 0 : (MaxPull - Distance) / 3; });
-
-/// Where a colour's pieces have own pieces one step behind them. A piece counts once, and twice more for each of those:
-/// `Isamulti` for all of them at once.
-class Support {
-public:
-    Support(const EngineState& State, int Colour) : Own(State.Pieces[Colour] | State.Pieces[Colour + 2]) {
-        for (int Index = Colour; Index < PieceIndices; Index += 2) {
-            if (State.Pieces[Index].None()) {
-                continue;
-            }
-            for (const std::int16_t Step : State.MoveDirections[Index]) {
-                if (Step == DirectionSentinel) {
-                    break;
-                }
-                Add(State.Pieces[Index].Moved(Step) & Own);
-            }
-        }
-    }
-
-    /// The counts of the pieces in `Set`, added up.
-    int Sum(const CellSet& Set) const {
-        int Total = Own.CountIn(Set);
-        for (int Digit = 0; Digit < Used; ++Digit) {
-            Total += Digits[Digit].CountIn(Set) << (Digit + 1);
-        }
-        return Total;
-    }
-
-    /// The same, each times its weight.
-    template <std::size_t Planes>
-    int WeightedSum(const CellSet& Set, const WeightPlanes<Planes>& Weights) const {
-        int Total = 0;
-        for (std::size_t Plane = 0; Plane < Planes; ++Plane) {
-            Total += Sum(Set & Weights[Plane]) << Plane;
-        }
-        return Total;
-    }
-
-    /// Pieces with nothing behind them.
-    int Unsupported() const {
-        CellSet Alone = Own;
-        for (int Digit = 0; Digit < Used; ++Digit) {
-            Alone = Alone.Without(Digits[Digit]);
-        }
-        return Alone.Count();
-    }
-
-private:
-    /// Adds 1 to the number of each cell of `Set`, in binary, one digit of all cells' numbers in each set.
-    void Add(CellSet Set) {
-        for (int Digit = 0; Set.Any(); ++Digit) {
-            Used = std::max(Used, Digit + 1);
-            const CellSet Carry = Digits[Digit] & Set;
-            Digits[Digit] = Digits[Digit] ^ Set;
-            Set = Carry;
-        }
-    }
-
-    CellSet Own;
-    int Used = 0;
-    /// Eight steps of men and eight of kings, if a rule set repeats them, bring up to sixteen supporters.
-    base::CheckedArray<CellSet, 5> Digits;
-};
-
-/// The same where only men are left and they have two steps, as mostly.
-class SupportOfMen {
-public:
-    /// `Steps` must have two entries.
-    SupportOfMen(const CellSet& InMen, const DirectionColumn& Steps)
-        : Men(InMen), First(Men.Moved(Steps[0]) & Men), Second(Men.Moved(Steps[1]) & Men) {}
-
-    int Sum() const { return Men.Count() + 2 * (First.Count() + Second.Count()); }
-
-    template <std::size_t Planes>
-    int WeightedSum(const WeightPlanes<Planes>& Weights) const {
-        int Total = 0;
-        for (std::size_t Plane = 0; Plane < Planes; ++Plane) {
-            const CellSet& Set = Weights[Plane];
-            Total += (Men.CountIn(Set) + 2 * (First.CountIn(Set) + Second.CountIn(Set))) << Plane;
-        }
-        return Total;
-    }
-
-    int Unsupported() const { return Men.Without(First | Second).Count(); }
-
-private:
-    CellSet Men;
-    CellSet First;
-    CellSet Second;
-};
-
-bool HasTwoSteps(const DirectionColumn& Steps) {
-    return Steps[0] != DirectionSentinel && Steps[1] != DirectionSentinel && Steps[2] == DirectionSentinel;
-}
-
-/// What a colour's pieces gain by standing near the enemy's strongest piece with support, from their own view: any
-/// pieces, any steps.
-template <EvaluatorPolicy P>
-[[gnu::noinline]] int PullOfAny(const EngineState& State, int Colour, std::size_t Target, int Bias) {
-    const Support Behind(State, Colour);
-    if constexpr (!P.Generic) {
-        return Behind.WeightedSum(PlayingCells, ThirdTable[Target]) - 10 * Behind.Unsupported();
-    } else {
-        const CellSet Men = State.Pieces[Colour];
-        const CellSet Kings = State.Pieces[Colour + 2];
-        const int OfMen = Behind.WeightedSum(Men, PullTable[Target]) - (Bias != 0 ? Bias * Behind.Sum(Men) : 0);
-        return OfMen + (Kings.Any() ? Behind.WeightedSum(Kings, ThirdTable[Target]) : 0);
-    }
-}
-
-template <EvaluatorPolicy P>
-int PullOfColour(const EngineState& State, int Colour, int EnemyCell) {
-    const auto Target = static_cast<std::size_t>(EnemyCell);
-    const int Bias = EnemyCell == NoEnemyCell ? NoEnemyBias : 0;
-    if (State.Pieces[Colour + 2].Any() || !HasTwoSteps(State.MoveDirections[Colour])) {
-        return PullOfAny<P>(State, Colour, Target, Bias);
-    }
-    const SupportOfMen Behind(State.Pieces[Colour], State.MoveDirections[Colour]);
-    return P.Generic ? Behind.WeightedSum(PullTable[Target]) - (Bias != 0 ? Bias * Behind.Sum() : 0)
-                     : Behind.WeightedSum(ThirdTable[Target]) - 10 * Behind.Unsupported();
 }
 
 /// The file term of variants whose men never leave their rows: the opponent of the side to move counts columns that it
@@ -317,18 +147,23 @@ int SumOfPlaces(const EngineState& State, const PieceValueTable& Values, bool Ke
     return Sum;
 }
 
+/// The pull on a colour's pieces as they stand.
+template <EvaluatorPolicy P>
+int PullOf(EngineState& State, int Colour) {
+    return PullOfColour<P>(State, Colour, State.Pieces[Colour], State.Pieces[Colour + 2],
+                           StrongestOf(State, 1 - Colour));
+}
+
 /// The positional sum from White's point of view.
 template <EvaluatorPolicy P>
-int PositionalSum(const EngineState& State, const Census& Figures, std::int32_t Side) {
-    const auto Pull = [&] {
-        return PullOfColour<P>(State, 0, StrongestOf(State, 1)) - PullOfColour<P>(State, 1, StrongestOf(State, 0));
-    };
+int PositionalSum(EngineState& State, const Census& Figures, std::int32_t Side) {
+    const auto Pull = [&] { return PullOf<P>(State, 0) - PullOf<P>(State, 1); };
     if constexpr (!P.Generic) {
         constexpr int Lane = static_cast<int>(P.Kind);
         return SumOfPlaces(State, State.SpecialValues[Lane], State.SpecialRuleSet != rules::KnownRules::None, Lane) +
                Pull();
     } else {
-        const int Combination = (Figures.Early[0] ? 1 : 0) + (Figures.Early[1] ? 2 : 0);
+        const int Combination = CombinationOf(Figures);
         if (State.RuleSet.KingWin == 1) {
             return KingWinSum(State, Figures, Combination, Side);
         }
@@ -347,8 +182,8 @@ int PositionalSum(const EngineState& State, const Census& Figures, std::int32_t 
     }
 }
 
-/// A mix of all the key's bits. Unequal keys may share it; the keys themselves decide then.
-std::uint32_t Fingerprint(const PositionKey& Key) {
+/// A mix of all the key's bits, a sum over its cells. Unequal keys may share it; the keys themselves decide then.
+std::uint64_t MixOf(const PositionKey& Key) {
     constexpr std::uint64_t Factors[] = {0x9E3779B97F4A7C15ULL, 0xBF58476D1CE4E5B9ULL, 0x94D049BB133111EBULL,
                                          0xD6E8FEB86659FD93ULL, 0xA0761D6478BD642FULL, 0xE7037ED1A0B428DBULL,
                                          0x8EBC6AF09C88C6E3ULL, 0x589965CC75374CC3ULL};
@@ -356,8 +191,25 @@ std::uint32_t Fingerprint(const PositionKey& Key) {
     for (std::size_t Index = 0; Index < PieceIndices; ++Index) {
         Mix += Key.Pieces[Index].Low() * Factors[2 * Index] + Key.Pieces[Index].High() * Factors[2 * Index + 1];
     }
+    return Mix;
+}
+
+std::uint32_t FingerprintOf(std::uint64_t Mix) {
     return static_cast<std::uint32_t>(Mix >> 32U);
 }
+
+/// What a piece of that index on a cell adds to the mix.
+const auto CellMixes = [] {
+    base::CheckedArray<base::CheckedArray<std::uint64_t, BoardCells>, PieceIndices> Table{};
+    for (int Index = 0; Index < PieceIndices; ++Index) {
+        PlayingCells.ForEach([&](int Cell) {
+            PositionKey Key{};
+            Key.Pieces[Index] = CellSet::Of(Cell);
+            Table[Index][Cell] = MixOf(Key);
+        });
+    }
+    return Table;
+}();
 
 /// Whether `Value` may be among the first `Count`. Looks at all of them and up to three more, four at once: the answer
 /// is only a hint.
@@ -375,7 +227,7 @@ static_assert(GameMoveEntries > (MaxGameMoves + MaxPly - 1 + 3) / 4 * 4, "room f
 /// True if the position stood before in the game or the line, two moves back or more. If not, its key is stored.
 bool IsRepetition(EngineState& State) {
     const PositionKey Key = KeyOfPosition(State);
-    const std::uint32_t Print = Fingerprint(Key);
+    const std::uint32_t Print = FingerprintOf(MixOf(Key));
     const int Past = std::max(State.GameMoves - 1, 0);
     if (MayOccurIn(State.HistoryFingerprint.begin(), Past, Print)) [[unlikely]] {
         const auto* Keys = State.PositionHistory.begin();
@@ -390,86 +242,6 @@ bool IsRepetition(EngineState& State) {
     return false;
 }
 
-struct PatternGain {
-    int Ground = 0; ///< of the colour whose promotion squares they are
-    int Lines = 0;  ///< from White's point of view
-};
-
-/// What free ground gives where one or both of the cells in front are free. The hard-wired evaluators count it twice
-/// where both are. Wanted: docs/kept_behaviour.md, "count free ground".
-constexpr int OneFree = 20;
-template <EvaluatorPolicy P>
-constexpr int BothFree = P.Generic ? 30 : 50;
-
-/// The pattern of men who step along two diagonals, where one end of the board holds all that it looks at.
-template <EvaluatorPolicy P, int Sign>
-PatternGain DiagonalPattern(const EngineState& State, const PatternList& List) {
-    constexpr int Steps[] = {Sign * 11, Sign * 13};
-    const auto Window = [&](const CellSet& Set) {
-        return List.Window == PatternWindow::Lower ? Set.Low()
-                                                   : Set.Low() >> UpperWindowBit | Set.High() << (64 - UpperWindowBit);
-    };
-    const auto Seen = [](std::uint64_t Bits, int Step) { return Step > 0 ? Bits >> Step : Bits << -Step; };
-    const std::uint64_t Free = Window(PlayingCells.Without(AllPieces(State)));
-    PatternGain Gain;
-    for (const int First : {0, 1}) {
-        const std::uint64_t Next = Seen(Free, Steps[First]);
-        for (const int Second : {0, 1}) {
-            const std::uint64_t Beyond = Seen(Free, Steps[First] + Steps[Second]);
-            const std::uint64_t Open = List.Diagonals[First][Second] & Free;
-            Gain.Ground += OneFree * std::popcount(Open & (Next | Beyond)) +
-                           (BothFree<P> - OneFree) * std::popcount(Open & Next & Beyond);
-        }
-    }
-    for (const int Colour : {0, 1}) {
-        const std::uint64_t Men = Window(State.Pieces[Colour]);
-        int Lines = 0;
-        for (const int Way : {0, 1}) {
-            Lines += std::popcount(List.Diagonals[Way][Way] & Men & Seen(Men, Steps[Way]) & Seen(Men, 2 * Steps[Way]));
-        }
-        Gain.Lines += (Colour == 0 ? 30 : -30) * Lines;
-    }
-    return Gain;
-}
-
-/// The pattern of any steps anywhere.
-template <EvaluatorPolicy P>
-PatternGain AnyPattern(const EngineState& State, const PatternList& List) {
-    const CellSet Free = PlayingCells.Without(AllPieces(State));
-    const auto MenInLine = [](const CellSet& Men, const PatternSteps& Steps) {
-        return (Men & Steps.Squares & Men.Moved(-Steps.First)).CountIn(Men.Moved(-Steps.Both));
-    };
-    PatternGain Gain;
-    for (int Row = 0; Row < List.Count; ++Row) {
-        const PatternSteps& Steps = List.Steps[Row];
-        const CellSet Open = Steps.Squares & Free;
-        if (Open.Any()) {
-            const CellSet Next = Free.Moved(-Steps.First);
-            const CellSet Beyond = Free.Moved(-Steps.Both);
-            Gain.Ground +=
-                OneFree * Open.CountIn(Next | Beyond) + (BothFree<P> - OneFree) * Open.CountIn(Next & Beyond);
-        }
-        if (Steps.Straight != 0) {
-            Gain.Lines += 30 * MenInLine(State.Pieces[0], Steps) - 30 * MenInLine(State.Pieces[1], Steps);
-        }
-    }
-    return Gain;
-}
-
-/// The gain of a colour from free ground in front of its promotion squares, and of closed lines of men there.
-template <EvaluatorPolicy P>
-int Pattern(const EngineState& State, int Colour) {
-    const PatternList& List = P.Generic ? State.GenericPattern[Colour] : State.SpecialPattern[Colour];
-    if (List.Faults != 0) [[unlikely]] {
-        base::FailIndex(NoSquare, BoardCells);
-    }
-    const StepShape Shape = State.StepShapes[1 - Colour];
-    const PatternGain Gain = List.Window == PatternWindow::None ? AnyPattern<P>(State, List)
-                             : Shape == StepShape::UpDiagonals  ? DiagonalPattern<P, 1>(State, List)
-                                                                : DiagonalPattern<P, -1>(State, List);
-    return (Colour == 0 ? Gain.Ground : -Gain.Ground) + Gain.Lines;
-}
-
 int NoiseTerm(EngineState& State) {
     if (State.Noise == 0) {
         return 0;
@@ -479,10 +251,29 @@ int NoiseTerm(EngineState& State) {
     return First - Draw();
 }
 
+/// Material alone lies so far outside of the window that nothing else can bring it back.
+template <EvaluatorPolicy P>
+bool IsOutside(const EngineState& State, std::int32_t Material, std::int32_t Alpha, std::int32_t Beta) {
+    const bool Outside =
+        Material < std::int64_t{Alpha} - State.LazyMargin || Material > std::int64_t{Beta} + State.LazyMargin;
+    return Outside && (!P.Generic || State.TotalMaterial[State.Ply] != 0);
+}
+
+/// `Sum`: from White's point of view.
+template <EvaluatorPolicy P>
+std::int32_t ScoreFor(EngineState& State, std::int32_t Side, std::int32_t Material, int Sum) {
+    const std::int32_t Score = Material + (Side == Black ? -Sum : Sum) + NoiseTerm(State);
+    return P.Generic && State.RuleSet.AntiMode == 1 ? -Score : Score;
+}
+
 template <EvaluatorPolicy P>
 std::int32_t Evaluate(EngineState& State, std::int32_t Alpha, std::int32_t Beta, std::int32_t Side) {
-    // 1. Nothing is known yet.
+    // 1. Nothing is known yet, and nothing remembered by another evaluator.
     State.SideToMoveLost = 0;
+    if (State.MemoKind != P.Kind) [[unlikely]] {
+        State.Memo = {};
+        State.MemoKind = P.Kind;
+    }
 
     // 2. Census.
     Census Figures = Count(State);
@@ -517,9 +308,7 @@ std::int32_t Evaluate(EngineState& State, std::int32_t Alpha, std::int32_t Beta,
 
     // 5. Lazy exit.
     const std::int32_t Material = State.Material[State.Ply];
-    const bool Outside =
-        Material < std::int64_t{Alpha} - State.LazyMargin || Material > std::int64_t{Beta} + State.LazyMargin;
-    if (Outside && (!P.Generic || State.TotalMaterial[State.Ply] != 0)) {
+    if (IsOutside<P>(State, Material, Alpha, Beta)) {
         return Anti ? -Material : Material;
     }
 
@@ -538,17 +327,122 @@ std::int32_t Evaluate(EngineState& State, std::int32_t Alpha, std::int32_t Beta,
     if (!P.Generic || State.PatternTermEnabled == 1) {
         for (const int Colour : {0, 1}) {
             if (Figures.Early[Colour]) {
-                Sum += Pattern<P>(State, Colour);
+                Sum += Pattern<P>(State, State.Pieces, Colour);
             }
         }
     }
 
     // 10. The score, from the side to move.
-    const std::int32_t Score = Material + (Side == Black ? -Sum : Sum) + NoiseTerm(State);
-    return P.Generic && State.RuleSet.AntiMode == 1 ? -Score : Score;
+    return ScoreFor<P>(State, Side, Material, Sum);
+}
+
+template <EvaluatorPolicy P>
+bool IsForeseeable(const EngineState& State, const Census& Figures) {
+    const RuleSetFields& Rules = State.RuleSet;
+    // At the limits the move that isn't made would fault; with the extension at 2 a search looks deeper behind any
+    // move.
+    if (State.DrawPending != 0 || State.ExtendedSearch > 1 || State.Ply >= MaxPly ||
+        State.GameMoves >= GameMoveEntries - 1 || State.MemoKind != P.Kind || Figures.Pieces[0] <= Rules.NumberPieces ||
+        Figures.Pieces[1] <= Rules.NumberPieces) {
+        return false;
+    }
+    if (PatternOf<P>(State, 0).Faults != 0 || PatternOf<P>(State, 1).Faults != 0) {
+        return false;
+    }
+    if constexpr (P.Generic) {
+        return State.SpecialRuleSet == KnownRules::None && Rules.NoLegalDraw == 0 && Rules.KingWin == 0 &&
+               Rules.WinAtPromo == 0 && State.SidewaysOnly == 0 && State.DistanceTermEnabled != 0;
+    } else {
+        return State.SpecialRuleSet != KnownRules::None;
+    }
 }
 
 } // namespace
+
+template <EvaluatorKind Kind>
+StepFrame FrameForSteps(const EngineState& State) {
+    constexpr EvaluatorPolicy P = EvaluatorOfKind(Kind);
+    const Census Figures = Count(State);
+    StepFrame Frame{};
+    Frame.Foresees = IsForeseeable<P>(State, Figures);
+    Frame.Lane = P.Generic ? CombinationOf(Figures) : static_cast<int>(Kind);
+    Frame.Ground = P.Generic ? State.EmptyPrefix[Frame.Lane][LastCell] : 0;
+    for (const int Colour : {0, 1}) {
+        if (Figures.Early[Colour] && (!P.Generic || State.PatternTermEnabled == 1)) {
+            Frame.Pattern[Colour] = PatternOf<P>(State, Colour).LookedAt;
+        }
+    }
+    return Frame;
+}
+
+template <EvaluatorKind Kind>
+StepFacts FactsForSteps(EngineState& State, const StepFrame& Frame) {
+    constexpr EvaluatorPolicy P = EvaluatorOfKind(Kind);
+    StepFacts Facts{};
+    for (const int Colour : {0, 1}) {
+        Facts.Strongest[Colour] = StrongestOf(State, Colour);
+        Facts.Pull[Colour] = PullOf<P>(State, Colour);
+        Facts.Pattern[Colour] = Frame.Pattern[Colour].Any() ? Pattern<P>(State, State.Pieces, Colour) : 0;
+    }
+    Facts.KeyMix = MixOf({State.Pieces});
+    return Facts;
+}
+
+template <EvaluatorKind Kind>
+Foreseen EvaluateStep(EngineState& State, const StepFrame& Frame, const StepFacts& Here, const Step& Move,
+                      std::int32_t Alpha, std::int32_t Beta, std::int32_t& Score, StepFacts& There) {
+    constexpr EvaluatorPolicy P = EvaluatorOfKind(Kind);
+
+    // 1. Lazy exit.
+    const std::int32_t Material = -State.Material[State.Ply];
+    if (IsOutside<P>(State, Material, Alpha, Beta)) {
+        State.SideToMoveLost = 0;
+        Score = P.Generic && State.RuleSet.AntiMode != 0 ? -Material : Material;
+        return Foreseen::Score;
+    }
+
+    // 2. Repetition.
+    const int Past = State.GameMoves;
+    const std::uint64_t Mix = Here.KeyMix + CellMixes[Move.Index][Move.To] - CellMixes[Move.Index][Move.From];
+    const std::uint32_t Print = FingerprintOf(Mix);
+    if (MayOccurIn(State.HistoryFingerprint.begin(), Past, Print)) [[unlikely]] {
+        return Foreseen::Nothing;
+    }
+    State.SideToMoveLost = 0;
+    const CellSet Ends = SingleCells[Move.From] ^ SingleCells[Move.To];
+    PieceSets& Pieces = State.PositionHistory[Past].Pieces;
+    Pieces = State.Pieces;
+    Pieces[Move.Index] ^= Ends;
+    State.HistoryFingerprint[Past] = Print;
+
+    // 3. Weights.
+    int Sum = Frame.Ground + State.WeightSums[State.Ply].Lanes[Frame.Lane] +
+              State.PieceWeights[Move.To][Move.Index].Lanes[Frame.Lane] -
+              State.PieceWeights[Move.From][Move.Index].Lanes[Frame.Lane];
+
+    // 4. Pull. The enemy's pieces only look to another cell, if at all.
+    const int Own = Move.Index % 2;
+    const int Enemy = 1 - Own;
+    There.Strongest[Own] = StrongestOf(Own, Pieces[Own], Pieces[Own + 2]);
+    There.Strongest[Enemy] = Here.Strongest[Enemy];
+    There.Pull[Own] = PullOfColour<P>(State, Own, Pieces[Own], Pieces[Own + 2], Here.Strongest[Enemy]);
+    There.Pull[Enemy] = There.Strongest[Own] == Here.Strongest[Own]
+                            ? Here.Pull[Enemy]
+                            : PullOfColour<P>(State, Enemy, Pieces[Enemy], Pieces[Enemy + 2], There.Strongest[Own]);
+    Sum += There.Pull[0] - There.Pull[1];
+
+    // 5. Promotion rows.
+    for (const int Colour : {0, 1}) {
+        There.Pattern[Colour] =
+            (Frame.Pattern[Colour] & Ends).Any() ? Pattern<P>(State, Pieces, Colour) : Here.Pattern[Colour];
+        Sum += There.Pattern[Colour];
+    }
+
+    // 6. The score, from the side to move then.
+    There.KeyMix = Mix;
+    Score = ScoreFor<P>(State, -State.Side, Material, Sum);
+    return Foreseen::ScoreAndFacts;
+}
 
 PositionKey KeyOfPosition(const RulesState& State) {
     return {State.Pieces};
@@ -556,20 +450,37 @@ PositionKey KeyOfPosition(const RulesState& State) {
 
 void StoreKey(EngineState& State, int Index, const PositionKey& Key) {
     State.PositionHistory[Index] = Key;
-    State.HistoryFingerprint[Index] = Fingerprint(Key);
+    State.HistoryFingerprint[Index] = FingerprintOf(MixOf(Key));
 }
 
 std::int32_t EvaluatePosition(EngineState& State, std::int32_t Alpha, std::int32_t Beta, std::int32_t Side) {
-    return Evaluate<EvaluatorPolicy{EvaluatorKind::Generic, true}>(State, Alpha, Beta, Side);
+    return Evaluate<EvaluatorOfKind(EvaluatorKind::Generic)>(State, Alpha, Beta, Side);
 }
 std::int32_t EvaluateAmerican(EngineState& State, std::int32_t Alpha, std::int32_t Beta, std::int32_t Side) {
-    return Evaluate<EvaluatorPolicy{EvaluatorKind::American, false}>(State, Alpha, Beta, Side);
+    return Evaluate<EvaluatorOfKind(EvaluatorKind::American)>(State, Alpha, Beta, Side);
 }
 std::int32_t EvaluateGerman(EngineState& State, std::int32_t Alpha, std::int32_t Beta, std::int32_t Side) {
-    return Evaluate<EvaluatorPolicy{EvaluatorKind::German, false}>(State, Alpha, Beta, Side);
+    return Evaluate<EvaluatorOfKind(EvaluatorKind::German)>(State, Alpha, Beta, Side);
 }
 std::int32_t EvaluateItalian(EngineState& State, std::int32_t Alpha, std::int32_t Beta, std::int32_t Side) {
-    return Evaluate<EvaluatorPolicy{EvaluatorKind::Italian, false}>(State, Alpha, Beta, Side);
+    return Evaluate<EvaluatorOfKind(EvaluatorKind::Italian)>(State, Alpha, Beta, Side);
 }
+
+template StepFrame FrameForSteps<EvaluatorKind::Generic>(const EngineState&);
+template StepFacts FactsForSteps<EvaluatorKind::Generic>(EngineState&, const StepFrame&);
+template Foreseen EvaluateStep<EvaluatorKind::Generic>(EngineState&, const StepFrame&, const StepFacts&, const Step&,
+                                                       std::int32_t, std::int32_t, std::int32_t&, StepFacts&);
+template StepFrame FrameForSteps<EvaluatorKind::American>(const EngineState&);
+template StepFacts FactsForSteps<EvaluatorKind::American>(EngineState&, const StepFrame&);
+template Foreseen EvaluateStep<EvaluatorKind::American>(EngineState&, const StepFrame&, const StepFacts&, const Step&,
+                                                        std::int32_t, std::int32_t, std::int32_t&, StepFacts&);
+template StepFrame FrameForSteps<EvaluatorKind::German>(const EngineState&);
+template StepFacts FactsForSteps<EvaluatorKind::German>(EngineState&, const StepFrame&);
+template Foreseen EvaluateStep<EvaluatorKind::German>(EngineState&, const StepFrame&, const StepFacts&, const Step&,
+                                                      std::int32_t, std::int32_t, std::int32_t&, StepFacts&);
+template StepFrame FrameForSteps<EvaluatorKind::Italian>(const EngineState&);
+template StepFacts FactsForSteps<EvaluatorKind::Italian>(EngineState&, const StepFrame&);
+template Foreseen EvaluateStep<EvaluatorKind::Italian>(EngineState&, const StepFrame&, const StepFacts&, const Step&,
+                                                       std::int32_t, std::int32_t, std::int32_t&, StepFacts&);
 
 } // namespace zonterbrook::engine

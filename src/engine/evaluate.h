@@ -16,6 +16,52 @@ std::int32_t EvaluateAmerican(EngineState& State, std::int32_t Alpha, std::int32
 std::int32_t EvaluateGerman(EngineState& State, std::int32_t Alpha, std::int32_t Beta, std::int32_t Side);
 std::int32_t EvaluateItalian(EngineState& State, std::int32_t Alpha, std::int32_t Beta, std::int32_t Side);
 
+/// What an evaluation hangs on and stays the same as long as pieces only step.
+struct StepFrame {
+    /// False if something else decides, such as a goal to be reached or a draw that waits: then positions have to be
+    /// evaluated whole.
+    bool Foresees;
+    int Lane;   ///< of the sums of weights
+    int Ground; ///< what the empty cells give
+    /// By colour: the cells on which the pattern in front of its promotion squares hangs, none if that doesn't count.
+    CellSet Pattern[2];
+};
+
+/// What the evaluation of a position is made of, as far as a step changes little of it.
+struct StepFacts {
+    int Strongest[2]; ///< cell of a colour's strongest piece
+    int Pull[2];      ///< on a colour's pieces
+    int Pattern[2];
+    std::uint64_t KeyMix; ///< of the position's key, before it is cut to a fingerprint
+};
+
+/// A plain move that is nothing but a step of a piece of that index.
+struct Step {
+    int Index;
+    int From;
+    int To;
+};
+
+/// What the evaluator of that kind needs for the steps of the position on the board, which it must have evaluated.
+template <EvaluatorKind Kind>
+StepFrame FrameForSteps(const EngineState& State);
+template <EvaluatorKind Kind>
+StepFacts FactsForSteps(EngineState& State, const StepFrame& Frame);
+
+/// What is known of the position after a step.
+enum class Foreseen {
+    Nothing, ///< it may have stood before: the step has to be made, and the position evaluated
+    Score,   ///< it was left at the lazy exit
+    ScoreAndFacts
+};
+
+/// Evaluates the position after a step that has not been made: the same score, the same writing of the history and of
+/// `SideToMoveLost`, the same draws of chance as making it and evaluating. If nothing is foreseen, nothing has been
+/// written either. The frame must foresee.
+template <EvaluatorKind Kind>
+Foreseen EvaluateStep(EngineState& State, const StepFrame& Frame, const StepFacts& Here, const Step& Move,
+                      std::int32_t Alpha, std::int32_t Beta, std::int32_t& Score, StepFacts& There);
+
 /// The tables that an installed rule set gives the evaluators.
 void InitSquareValues(EngineState& State);
 void InitSpecialSquareValues(EngineState& State);

@@ -206,6 +206,15 @@ void AddPatternSquares(PatternList& List, int Square, const DirectionColumn& Ste
     }
 }
 
+CellSet CellsLookedAt(const PatternList& List) {
+    CellSet Cells;
+    for (int Row = 0; Row < List.Count; ++Row) {
+        const PatternSteps& Steps = List.Steps[Row];
+        Cells |= Steps.Squares | Steps.Squares.Moved(Steps.First) | Steps.Squares.Moved(Steps.Both);
+    }
+    return Cells & PlayingCells;
+}
+
 /// True if a window holds the squares of a list and whatever of the board is looked at from there.
 bool Holds(int FirstBit, const PatternList& List) {
     const auto InWindow = [&](int Cell) { return Cell >= FirstCell + FirstBit && Cell < FirstCell + FirstBit + 64; };
@@ -263,6 +272,9 @@ void InitPatterns(EngineState& State) {
                     Special.Faults = 1; // these evaluators look at five squares unasked
                 }
             }
+        }
+        for (PatternList* List : {&Generic, &Special}) {
+            List->LookedAt = CellsLookedAt(*List);
         }
         OpenWindow(Generic, State.StepShapes[1 - Colour]);
         OpenWindow(Special, State.StepShapes[1 - Colour]);
@@ -398,6 +410,7 @@ void InstallEngineRules(EngineState& State) {
     InitSpecialValues(State);
     InitPatterns(State);
     InitPieceWeights(State);
+    State.Memo = {};
 }
 
 } // namespace zonterbrook::engine

@@ -9,6 +9,7 @@
 #include "rules/moves.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace zonterbrook::engine {
@@ -34,16 +35,30 @@ struct SearchPolicy {
 
 constexpr std::int32_t CaptureHorizon = -4;
 
-constexpr EvaluateFunction EvaluatorOf(KnownRules Rules) {
+constexpr EvaluatorKind KindOf(KnownRules Rules) {
     switch (Rules) {
     case KnownRules::American:
-        return EvaluateAmerican;
+        return EvaluatorKind::American;
     case KnownRules::Italian:
-        return EvaluateItalian;
+        return EvaluatorKind::Italian;
     case KnownRules::German:
     case KnownRules::Russian:
-        return EvaluateGerman;
+        return EvaluatorKind::German;
     case KnownRules::None:
+        break;
+    }
+    return EvaluatorKind::Generic;
+}
+
+constexpr EvaluateFunction EvaluatorOf(KnownRules Rules) {
+    switch (KindOf(Rules)) {
+    case EvaluatorKind::American:
+        return EvaluateAmerican;
+    case EvaluatorKind::Italian:
+        return EvaluateItalian;
+    case EvaluatorKind::German:
+        return EvaluateGerman;
+    case EvaluatorKind::Generic:
         break;
     }
     return EvaluatePosition;
@@ -83,23 +98,146 @@ void StoreKiller(EngineState& State, const MoveRecord& Record) {
     Killers[0] = {Record.Source, Record.Dest};
 }
 
+/// The world has its turn, and the node counts. False if the search unwinds. The quick family only stops where it would
+/// look deeper, but for a tool that has been stopped.
 template <SearchPolicy P>
-std::int32_t SearchNode(EngineState& State, std::int32_t& Alpha, std::int32_t Beta, std::int32_t& Depth) {
-    // 1. The world has its turn.
+bool EnterNode(EngineState& State) {
     State.World->Yield();
     ++State.NodeCount;
+    return (P.Quick ? State.StopQuickSearch : State.StopAutoPlay) == 0;
+}
 
-    // 2. Unwinding. The quick family only stops where it would look deeper, but for a tool that has been stopped.
-    if ((P.Quick ? State.StopQuickSearch : State.StopAutoPlay) != 0) {
+template <SearchPolicy P>
+constexpr std::int32_t Horizon = P.Quick ? 0 : CaptureHorizon;
+
+template <SearchPolicy P>
+bool KnowsBruteForce(const EngineState& State) {
+    return !P.Quick && State.BruteForce != 0;
+}
+
+/// A win loses a point for each ply, so that a nearer one is worth more.
+std::int32_t ByDistance(std::int32_t Score, std::int32_t Ply) {
+    return Score == WindowHigh ? WindowHigh - 1 - Ply : Score;
+}
+
+/// The moves of a node as far as they are steps: their positions are evaluated before they are made, from what is known
+/// of the node's own. That is made when the first step asks for it, or comes from the node above if a step led here.
+template <SearchPolicy P>
+class StepsAhead {
+public:
+    StepsAhead(const StepFrame* InFrame, const StepFacts* InFacts) : Frame(InFrame), Facts(InFacts) {}
+
+    bool Foresees(EngineState& State) {
+        if (Frame == nullptr) {
+            OwnFrame = FrameForSteps<Kind>(State);
+            Frame = &OwnFrame;
+        }
+        if (Facts == nullptr && Frame->Foresees) {
+            OwnFacts = FactsForSteps<Kind>(State, *Frame);
+            Facts = &OwnFacts;
+        }
+        return Frame->Foresees;
+    }
+
+    Foreseen Evaluate(EngineState& State, const Step& Move, std::int32_t Alpha, std::int32_t Beta, std::int32_t& Score,
+                      StepFacts& There) const {
+        return EvaluateStep<Kind>(State, *Frame, *Facts, Move, Alpha, Beta, Score, There);
+    }
+
+    const StepFrame* KnownFrame() const { return Frame; }
+
+private:
+    static constexpr EvaluatorKind Kind = KindOf(P.Rules);
+
+    const StepFrame* Frame; ///< null: not made yet
+    const StepFacts* Facts;
+    StepFrame OwnFrame;
+    StepFacts OwnFacts;
+};
+
+/// The rest of a node, once it has its evaluation. `Frame` and `Facts`: what is known for its steps, or null.
+template <SearchPolicy P>
+std::int32_t SearchBelow(EngineState& State, std::int32_t& Alpha, std::int32_t Beta, std::int32_t& Depth,
+                         std::int32_t Score, const StepFrame* Frame, const StepFacts* Facts);
+
+template <SearchPolicy P>
+std::int32_t SearchNode(EngineState& State, std::int32_t& Alpha, std::int32_t Beta, std::int32_t& Depth) {
+    // 1. and 2. The world, and unwinding.
+    if (!EnterNode<P>(State)) {
         return 0;
     }
 
     // 3. No line from here yet.
-    const std::int32_t Ply = State.Ply;
-    ClearMainVariant(State, Ply);
+    ClearMainVariant(State, State.Ply);
 
     // 4. Evaluation.
     const std::int32_t Score = EvaluatorOf(P.Rules)(State, Alpha, Beta, State.Side);
+    return SearchBelow<P>(State, Alpha, Beta, Depth, Score, nullptr, nullptr);
+}
+
+/// The score of the node behind a step if nothing is to be found there but its evaluation, so that it needn't be made.
+/// Such a node is neither irreversible nor lost, and never extended.
+template <SearchPolicy P>
+std::optional<std::int32_t> ScoreAtOnce(const EngineState& State, const Step& Move, std::int32_t Beta,
+                                        std::int32_t Depth, std::int32_t Score) {
+    const std::int32_t Ply = State.Ply + 1;
+    if (Score == WindowHigh - Ply || Depth < Horizon<P>) {
+        return Score;
+    }
+    if (Score >= Beta && Depth <= 1 && !KnowsBruteForce<P>(State)) {
+        return Score;
+    }
+    if (Depth <= 0 && State.CancelRequested == StopRequest::None &&
+        GeneratorOf(P.Rules).ListsNothingAfterStep(State, Depth, Move.Index, Move.From, Move.To)) {
+        return ByDistance(Score, Ply);
+    }
+    return std::nullopt;
+}
+
+/// `SearchNode` for the position behind a step.
+template <SearchPolicy P>
+std::int32_t SearchStep(EngineState& State, int Move, std::int32_t Alpha, std::int32_t Beta, std::int32_t Depth,
+                        const StepsAhead<P>& Ahead) {
+    if (!EnterNode<P>(State)) {
+        return 0;
+    }
+    ClearMainVariant(State, State.Ply + 1);
+    const MoveRecord& Record = State.MoveStack[Move];
+    const Step Made{Record.Stepper - 1, Record.Source, Record.Dest};
+    std::int32_t Score = 0;
+    StepFacts There;
+    const Foreseen Known = Ahead.Evaluate(State, Made, Alpha, Beta, Score, There);
+    if (Known != Foreseen::Nothing) {
+        if (const auto AtOnce = ScoreAtOnce<P>(State, Made, Beta, Depth, Score)) {
+            return *AtOnce;
+        }
+    }
+    TriedMove Tried(State, Move);
+    if (Known == Foreseen::Nothing) {
+        Score = EvaluatorOf(P.Rules)(State, Alpha, Beta, State.Side);
+    }
+    const std::int32_t Result = SearchBelow<P>(State, Alpha, Beta, Depth, Score, Ahead.KnownFrame(),
+                                               Known == Foreseen::ScoreAndFacts ? &There : nullptr);
+    Tried.TakeBack();
+    return Result;
+}
+
+template <SearchPolicy P>
+std::int32_t SearchMove(EngineState& State, int Move, std::int32_t Alpha, std::int32_t Beta, std::int32_t Depth,
+                        StepsAhead<P>& Ahead) {
+    if (State.MoveStack[Move].Stepper != 0 && Ahead.Foresees(State)) [[likely]] {
+        return SearchStep<P>(State, Move, Alpha, Beta, Depth, Ahead);
+    }
+    TriedMove Tried(State, Move);
+    const std::int32_t Result = SearchNode<P>(State, Alpha, Beta, Depth);
+    Tried.TakeBack();
+    return Result;
+}
+
+template <SearchPolicy P>
+std::int32_t SearchBelow(EngineState& State, std::int32_t& Alpha, std::int32_t Beta, std::int32_t& Depth,
+                         std::int32_t Score, const StepFrame* Frame, const StepFacts* Facts) {
+    const std::int32_t Ply = State.Ply;
 
     // 5. Extension.
     if (Extends<P>(State, Score, Alpha, Beta, Depth)) {
@@ -107,12 +245,12 @@ std::int32_t SearchNode(EngineState& State, std::int32_t& Alpha, std::int32_t Be
     }
 
     // 6. Won, or beyond the horizon of captures.
-    if (Score == WindowHigh - Ply || Depth < (P.Quick ? 0 : CaptureHorizon)) {
+    if (Score == WindowHigh - Ply || Depth < Horizon<P>) {
         return Score;
     }
 
     // 7. Standing pat.
-    const bool BruteForce = !P.Quick && State.BruteForce != 0;
+    const bool BruteForce = KnowsBruteForce<P>(State);
     std::int32_t StoppedScore = 0;
     if (Score >= Beta && State.SideToMoveLost + Depth <= 1) {
         StoppedScore = Score;
@@ -144,13 +282,10 @@ std::int32_t SearchNode(EngineState& State, std::int32_t& Alpha, std::int32_t Be
     }
 
     // 11. The moves, best first.
+    StepsAhead<P> Ahead(Frame, Facts);
     MovePicker Moves(State);
     for (int Move = Moves.Pick(); Move >= 0; Move = Moves.Pick()) {
-        TriedMove Tried(State, Move);
-        std::int32_t ChildAlpha = -Beta;
-        std::int32_t ChildDepth = Depth - 1;
-        const std::int32_t Reply = -SearchNode<P>(State, ChildAlpha, -Alpha, ChildDepth);
-        Tried.TakeBack();
+        const std::int32_t Reply = -SearchMove<P>(State, Move, -Beta, -Alpha, Depth - 1, Ahead);
         if (Reply <= Best) {
             continue;
         }
@@ -173,8 +308,8 @@ std::int32_t SearchNode(EngineState& State, std::int32_t& Alpha, std::int32_t Be
         }
     }
 
-    // 13. A win loses a point for each ply, so that a nearer one is worth more.
-    return Best == WindowHigh ? WindowHigh - 1 - Ply : Best;
+    // 13. The score.
+    return ByDistance(Best, Ply);
 }
 
 template <SearchPolicy P>

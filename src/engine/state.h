@@ -4,6 +4,7 @@
 #pragma once
 
 #include "base/outside_world.h"
+#include "engine/evaluation_memo.h"
 #include "rules/state.h"
 
 #include <cstddef>
@@ -79,7 +80,14 @@ struct PatternList {
     PatternWindow Window;
     /// With a window: its part of the squares, by the first step, 11 or 13 either way, and the second.
     std::uint64_t Diagonals[2][2];
+    CellSet LookedAt; ///< the cells on which it hangs
     base::CheckedArray<PatternSteps, std::size_t{rules::PromotionRows} * 64> Steps;
+
+    /// A set as the window shows it.
+    std::uint64_t SeenOf(const CellSet& Set) const {
+        return Window == PatternWindow::Lower ? Set.Low()
+                                              : Set.Low() >> UpperWindowBit | Set.High() << (64 - UpperWindowBit);
+    }
 };
 
 /// The evaluators, as rows of the tables that are derived for each.
@@ -113,6 +121,8 @@ struct EngineState : rules::RulesState {
     base::CheckedArray<PieceValueTable, EvaluatorKinds> SpecialValues;
     base::CheckedArray<PatternList, 2> GenericPattern; ///< by colour
     base::CheckedArray<PatternList, 2> SpecialPattern;
+    EvaluationMemo Memo;    ///< of these tables, and of one evaluator at a time
+    EvaluatorKind MemoKind; ///< which
 
     // --- game: cleared by `ResetEngineGame` -------------------------------------------------------------------------
     std::int32_t LazyMargin;

@@ -30,6 +30,18 @@ struct Field {
           EnemyMen(State.Pieces[1 - Own]), Enemies(EnemyMen | State.Pieces[3 - Own]), Pieces(Men | Kings),
           Free(PlayingCells.Without(Pieces | Enemies)) {}
 
+    /// As the other side finds it once a piece has stepped.
+    Field(const RulesState& State, int Index, int From, int To)
+        : Own(1 - Index % 2), Men(State.Pieces[Own]), Kings(State.Pieces[Own + 2]), EnemyMen(State.Pieces[1 - Own]),
+          Enemies(EnemyMen | State.Pieces[3 - Own]), Pieces(Men | Kings) {
+        const CellSet Ends = SingleCells[From] ^ SingleCells[To];
+        if (Index < 2) {
+            EnemyMen ^= Ends;
+        }
+        Enemies ^= Ends;
+        Free = PlayingCells.Without(Pieces | Enemies);
+    }
+
     int Own; ///< the colour to move, and the piece index of its men
     CellSet Men;
     CellSet Kings;
@@ -382,6 +394,15 @@ void GenerateBothBy(RulesState& State, std::string_view Name) {
     });
 }
 
+template <typename Rules>
+bool ListsNothingAfterStep(const RulesState& State, int AllMoves, int Index, int From, int To) {
+    const Rules Rule(State);
+    if (AllMoves > 0 || (AllMoves == 0 && !Rule.Is.CapRequired)) {
+        return false;
+    }
+    return PossibleCapturers(State, Rule, Field(State, Index, From, To)).None();
+}
+
 } // namespace
 
 void GenerateMoves(RulesState& State, int AllMoves) {
@@ -396,12 +417,13 @@ constexpr Generator FoldedGenerator() {
     using Rules = FoldedRules<FoldedFlags(Id)>;
     return {KnownRuleSetOf(Id).Generator,
             [](RulesState& State, int AllMoves) { GenerateBy<Rules>(State, AllMoves, KnownRuleSetOf(Id).Generator); },
-            [](RulesState& State) { GenerateBothBy<Rules>(State, KnownRuleSetOf(Id).Generator); }};
+            [](RulesState& State) { GenerateBothBy<Rules>(State, KnownRuleSetOf(Id).Generator); },
+            ListsNothingAfterStep<Rules>};
 }
 
 const Generator& GeneratorOf(KnownRules Id) {
     static constexpr base::CheckedArray<Generator, 5> Generators = {
-        {{"GenerateMoves", GenerateMoves, GenerateLegalMoves},
+        {{"GenerateMoves", GenerateMoves, GenerateLegalMoves, ListsNothingAfterStep<LiveRules>},
          FoldedGenerator<KnownRules::American>(),
          FoldedGenerator<KnownRules::Italian>(),
          FoldedGenerator<KnownRules::German>(),

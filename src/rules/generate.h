@@ -30,6 +30,9 @@ struct Generator {
     std::string_view Name;
     void (*Generate)(RulesState& State, int AllMoves);
     void (*GenerateBoth)(RulesState& State);
+    /// True if `Generate` would list nothing after a step that has not been made. Sees it at a glance: false does not
+    /// mean that there is a move.
+    bool (*ListsNothingAfterStep)(const RulesState& State, int AllMoves, int Index, int From, int To);
 };
 
 /// The generator of a recognised rule set; the generic one for none.
