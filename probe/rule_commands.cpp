@@ -29,9 +29,8 @@ std::string Console::SurveyRules(const Words& Arguments) {
     formats::VariantDocument Variant;
     Variant.Rules = State->RuleSet;
     Variant.Setup = rules::BuildSetupText(*State);
-    control::Survey Survey(std::move(Variant), World.Chance, [] { return true; });
-    for (int Game = 0; Game < Games; ++Game) {
-        Survey.PlayGame(Depth);
+    control::Survey Survey(std::move(Variant), World.Chance, {Games, Depth}, [] { return true; });
+    while (Survey.PlayGame()) {
     }
     World.Chance = Survey.Chance();
     return view::SurveyLine(Survey.Report()) + '\n';

@@ -1,130 +1,103 @@
 // A survey of a rule set.
 #include "control/survey.h"
 
-#include "control/ending.h"
-#include "control/record.h"
-#include "control/settings.h"
-#include "control/variant_start.h"
-#include "engine/root_search.h"
-#include "formats/settings.h"
-#include "rules/generate.h"
-#include "rules/input.h"
-#include "rules/install.h"
-
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace zonterbrook::control {
 
 namespace {
 
-constexpr int DrawnHalfMoves = 4;
+/// How long the thread that waits leaves its window alone.
+constexpr std::chrono::milliseconds LongestWait{5};
 
-view::SurveyDraw DrawOf(const GameState& State, Ending How) {
-    using enum view::SurveyDraw;
-    if (How != Ending::DrawnByRule) {
-        return State.Record.IsFull() ? Length : Blocked;
+void Add(view::SurveyReport& Sum, const view::SurveyReport& Game) {
+    Sum.Games += Game.Games;
+    Sum.FirstWins += Game.FirstWins;
+    Sum.SecondWins += Game.SecondWins;
+    for (int Draw = 0; Draw < view::SurveyDraws; ++Draw) {
+        Sum.DrawsBy[Draw] += Game.DrawsBy[Draw];
     }
-    switch (State.DrawCode) {
-    case DrawRule::MoveLimit:
-        return Limit;
-    case DrawRule::KingAgainstKing:
-        return Kings;
-    case DrawRule::ThreeKingsAgainstOne:
-        return ThreeKings;
-    case DrawRule::TwoKingsAgainstOne:
-        return TwoKings;
-    case DrawRule::Repetition:
-    case DrawRule::None:
-        break;
-    }
-    return Repetition;
+    Sum.HalfMoves += Game.HalfMoves;
+    Sum.Choices += Game.Choices;
+    Sum.Captures += Game.Captures;
+    Sum.Forced += Game.Forced;
+}
+
+int PlayersFor(const SurveyPlan& Plan) {
+    const int Cores = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+    return std::min(Plan.Players > 0 ? Plan.Players : Cores, Plan.Games);
 }
 
 } // namespace
 
-Survey::Survey(formats::VariantDocument InVariant, base::Chance Seed, std::function<bool()> InGoOn)
-    : Variant(std::move(InVariant)), GoOn(std::move(InGoOn)), State(std::make_unique<GameState>(World)) {
-    World.Chance = Seed;
-    World.OnTurn = [this] {
-        if (!GoOn()) {
-            Stopped = true;
-            State->CancelRequested = rules::StopRequest::Person;
+Survey::Survey(formats::VariantDocument InVariant, base::Chance Seed, const SurveyPlan& InPlan,
+               std::function<bool()> InGoOn)
+    : Variant(std::move(InVariant)), Plan(InPlan), GoOn(std::move(InGoOn)), ChanceBehind(Seed), NextSeed(Seed),
+      Dealer(Variant, Stopping), Results(static_cast<std::size_t>(Plan.Games)) {
+    for (int Player = PlayersFor(Plan); Player > 0; --Player) {
+        Players.emplace_back([this] { PlayOn(); });
+    }
+}
+
+Survey::~Survey() {
+    Stopping = true;
+}
+
+base::Chance Survey::Deal(Result& Game) {
+    const base::Chance Seed = NextSeed;
+    try {
+        NextSeed = Dealer.DrawOpening(Seed);
+    } catch (...) {
+        Game.Failure = std::current_exception();
+    }
+    Game.ChanceBehind = NextSeed;
+    return Seed;
+}
+
+void Survey::PlayOn() {
+    SurveyGame Table(Variant, Stopping);
+    for (std::unique_lock Held(Lock); !Stopping && Dealt < Plan.Games;) {
+        Result& Mine = Results[static_cast<std::size_t>(Dealt++)];
+        const base::Chance Seed = Deal(Mine);
+        Held.unlock();
+        if (Mine.Failure == nullptr) {
+            try {
+                if (const auto Played = Table.Play(Seed, Plan.Depth)) {
+                    Mine.Report = *Played;
+                }
+            } catch (...) {
+                Mine.Failure = std::current_exception();
+            }
         }
-    };
-    engine::ResetEngine(*State, World);
-    ApplySettings(*State, formats::Settings{});
-    State->PlayMode = view::GameMode::PlayerPlayer;
-    State->Strength = 0; // no noise
+        Held.lock();
+        Mine.Known = !Stopping;
+        Changed.notify_all();
+    }
 }
 
-void Survey::Begin() {
-    Game = {};
-    StartVariant(*State, Variant, RulesFrom::File);
-    if (State->RuleSet.RemoveMen == 1) {
-        rules::RemoveMen(*State, World);
-        control::StartPosition(*State);
-    }
-    Begins = State->Side;
-    Drawn = DrawnHalfMoves + (State->RuleSet.DoMoves == 1 ? State->RuleSet.NumberMoves : 0);
-    State->CancelRequested = rules::StopRequest::None;
-}
-
-bool Survey::MakeMove(int Depth) {
-    rules::GenerateGameMoves(*State);
-    const int Choices = rules::MoveCountOfPly(*State);
-    int Move = 0;
-    if (Drawn > 0) {
-        --Drawn;
-        Move = std::min(static_cast<int>(World.Random() * Choices), Choices - 1);
-    } else {
-        engine::PrepareSearch(*State);
-        State->Noise = 0;
-        SetMoveLimit(*State);
-        rules::InitGameTree(*State);
-        rules::GenerateGameMoves(*State);
-        engine::RootObserver Nobody;
-        engine::RootSearch(*State, {Choices == 1 ? 1 : Depth, false, 0}, World.Seconds(), Nobody);
-        State->DrawPending = 0;
-    }
-    if (Stopped) {
+bool Survey::PlayGame() {
+    if (Counted == Plan.Games) {
         return false;
     }
-    game::HalfMove Made = NewHalfMove(*State, Move);
-    rules::PlayMove(*State, Move);
-    RecordMove(*State, std::move(Made), game::MadeBy::Computer);
-    ++Game.HalfMoves;
-    Game.Choices += Choices;
-    Game.Forced += Choices == 1 ? 1 : 0;
-    Game.Captures += State->Record.Last().Played.Record.Captures.Count != 0 ? 1 : 0;
-    return true;
-}
-
-void Survey::Count(Ending How) {
-    ++Found.Games;
-    Found.HalfMoves += Game.HalfMoves;
-    Found.Choices += Game.Choices;
-    Found.Captures += Game.Captures;
-    Found.Forced += Game.Forced;
-    if (How == Ending::Drawn || How == Ending::DrawnByRule) {
-        ++Found.DrawsBy[static_cast<int>(DrawOf(*State, How))];
-    } else {
-        ++((How == Ending::WhiteWins) == (Begins == rules::White) ? Found.FirstWins : Found.SecondWins);
-    }
-}
-
-bool Survey::PlayGame(int Depth) {
-    Begin();
-    for (;;) {
-        DrawRuleCheck(*State);
-        if (const auto Ends = FindEnding(*State)) {
-            Count(*Ends);
-            return true;
-        }
-        if (!GoOn() || !MakeMove(Depth)) {
+    const Result& Next = Results[static_cast<std::size_t>(Counted)];
+    std::unique_lock Held(Lock);
+    do {
+        Held.unlock();
+        if (Stopping || !GoOn()) {
+            Stopping = true;
             return false;
         }
+        Held.lock();
+    } while (!Changed.wait_for(Held, LongestWait, [&] { return Next.Known; }));
+    if (Next.Failure != nullptr) {
+        std::rethrow_exception(Next.Failure);
     }
+    Add(Found, Next.Report);
+    ChanceBehind = Next.ChanceBehind;
+    ++Counted;
+    return true;
 }
 
 } // namespace zonterbrook::control

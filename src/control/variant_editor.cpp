@@ -117,7 +117,7 @@ void VariantEditor::DrawFrom(std::uint64_t FromSeed) {
     view::ShowDrawnRules(Form, State.RuleSet);
 }
 
-std::unique_ptr<Survey> VariantEditor::TryOut(std::function<bool()> GoOn) const {
+std::unique_ptr<Survey> VariantEditor::TryOut(const SurveyPlan& Plan, std::function<bool()> GoOn) const {
     const auto Rules = RulesInBoxes();
     if (!Rules) {
         return nullptr;
@@ -125,7 +125,7 @@ std::unique_ptr<Survey> VariantEditor::TryOut(std::function<bool()> GoOn) const 
     formats::VariantDocument Variant = File;
     Variant.Rules = *Rules;
     const auto FromLot = static_cast<std::uint64_t>(State.Outside().Random() * Seeds);
-    return std::make_unique<Survey>(std::move(Variant), base::Chance{FromLot}, std::move(GoOn));
+    return std::make_unique<Survey>(std::move(Variant), base::Chance{FromLot}, Plan, std::move(GoOn));
 }
 
 std::string VariantEditor::SaveUserVariant(const std::string& Name, const std::string& Help, bool FromSetUpPosition) {

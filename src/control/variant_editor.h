@@ -72,7 +72,7 @@ public:
     std::optional<std::uint64_t> LastSeed() const { return Seed; }
 
     /// The engine on both sides of the rules in the boxes; nothing while they can't be read. `GoOn` as for a survey.
-    std::unique_ptr<Survey> TryOut(std::function<bool()> GoOn) const;
+    std::unique_ptr<Survey> TryOut(const SurveyPlan& Plan, std::function<bool()> GoOn) const;
 
     // --- The person's own variants -----------------------------------------------------------------------------------
 

@@ -74,7 +74,7 @@ bool TrialDialog::LetWindowWork() const {
 }
 
 void TrialDialog::Start() {
-    const auto Survey = Editor.TryOut([this] { return LetWindowWork(); });
+    const auto Survey = Editor.TryOut({Games->value(), Depth->value()}, [this] { return LetWindowWork(); });
     if (Survey == nullptr) {
         Words->setText(tr("One of the boxes holds no square or no direction."));
         return;
@@ -87,8 +87,8 @@ void TrialDialog::Start() {
         Bar->setRange(0, Games->value());
         Bar->setValue(0);
         try {
-            for (int Game = 1; Game <= Games->value() && Survey->PlayGame(Depth->value()); ++Game) {
-                Bar->setValue(Game);
+            while (Survey->PlayGame()) {
+                Bar->setValue(Survey->Report().Games);
                 Show(Survey->Report());
             }
         } catch (const base::Fault& Failure) {
