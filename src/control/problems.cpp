@@ -105,6 +105,7 @@ std::vector<Ends> ListedMoves(GameState& State) {
     rules::InitGameTree(State);
     rules::GenerateGameMoves(State);
     std::vector<Ends> Moves;
+    Moves.reserve(static_cast<std::size_t>(rules::MoveCountOfPly(State)));
     for (int I = 0; I < rules::MoveCountOfPly(State); ++I) {
         Moves.push_back({State.MoveStack[I].Source, State.MoveStack[I].Dest});
     }

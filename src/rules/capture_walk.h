@@ -6,6 +6,7 @@
 // of pieces beside the board are not touched.
 #pragma once
 
+#include "rules/capture_reach.h"
 #include "rules/capture_rows.h"
 #include "rules/state.h"
 
@@ -233,6 +234,9 @@ private:
         const std::int32_t Value = State.Board[Taken];
         Path.Append(Taken, IsKing(Value));
         PathLongest = std::max<int>(PathLongest, Path.Count);
+        if (Remembering) {
+            Jumped |= PreyBits[Taken];
+        }
         State.Board[Taken] = Value - JumpedMark;
         State.Board[Position] = Empty;
         Position = Landing;
@@ -248,7 +252,7 @@ private:
             Pause();
         }
         if (Rule.Is.ContinuesOnPromotion || !OnPromotion) {
-            if (Remembering && KnowsState(Here)) {
+            if (Remembering && (StaysTooShort() || KnowsState(Here))) {
                 UndoJump(Here);
                 return Outcome::Stopped;
             }
@@ -266,6 +270,7 @@ private:
         if (Rule.Is.ComparesSets && !Remembering && NumberPrey()) {
             Remembering = true;
             State.Walked.Restart();
+            MeasureReach();
         }
         Interrupted = State.Interrupts != nullptr && State.Interrupts(State);
     }
@@ -275,16 +280,36 @@ private:
         const int Enemy = 1 - ColourIndex(Piece > 0 ? White : Black);
         const CellSet Prey = State.Pieces[Enemy] | State.Pieces[Enemy + 2];
         int Number = 0;
-        Prey.ForEach([&](int Cell) { PreyBits[Cell] = std::uint64_t{1} << (static_cast<unsigned>(Number++) & 63U); });
+        PreyBits.Fill(0);
+        Prey.ForEach([&](int Cell) { PreyBits[Cell] = PreySet{1} << (static_cast<unsigned>(Number++) & 63U); });
+        Jumped = 0;
+        for (int I = 0; I < Path.Count; ++I) {
+            Jumped |= PreyBits[Path.Groups[I].Cell];
+        }
         return Number <= MostNumbered;
+    }
+
+    /// Where a path that is too short is not stored, and nothing that is stored on the way hangs on its length.
+    void MeasureReach() {
+        HasReach = Rule.Is.DropsShorterSets && Rule.Is.RemovePieces && Flying && IsKing(Piece);
+        if (HasReach) {
+            Reach.Measure(
+                Steps, [&](int Cell) { return Cell == Position || State.Board[Cell] == Empty; },
+                [&](int Cell) {
+                    const std::int32_t Value = State.Board[Cell];
+                    return CanTake(Value) || CanTake(Value + JumpedMark) ? PreyBits[Cell] : PreySet{0};
+                });
+        }
+    }
+
+    /// True if no path from here can be as long as one that is stored already.
+    bool StaysTooShort() const {
+        return HasReach && Path.Count < Rows.Longest() &&
+               !Reach.MayCapture(Rows.Longest() - Path.Count, Position, Jumped);
     }
 
     /// The state to which the jump `Last` has led.
     std::uint64_t KeyAfter(const Level& Last) const {
-        std::uint64_t Jumped = 0;
-        for (int I = 0; I < Path.Count; ++I) {
-            Jumped |= PreyBits[Path.Groups[I].Cell];
-        }
         // The last step matters to whom flies and must not turn straight back, unless the piece just jumped blocks that
         // way anyway.
         const bool MayTurnBack = !Flying || Rule.Is.CapReverse || Rule.Is.RemovePieces;
@@ -364,6 +389,9 @@ private:
             Flying = FlyingBefore;
         }
         State.Board[Here.Taken] += JumpedMark;
+        if (Remembering) {
+            Jumped &= ~PreyBits[Here.Taken];
+        }
         Position = Here.Start;
         State.Board[Position] = Code;
         Undone = true;
@@ -390,9 +418,13 @@ private:
     int JumpsToPause;
     bool Interrupted = false;
     bool Remembering;
-    int Stops;                                              ///< paths that have ended on a promotion square
-    base::CheckedArray<std::uint64_t, BoardCells> PreyBits; ///< by the cell of an enemy piece, once numbered
-    Level* Untouched;                                       ///< no level from this one on has been used by the piece
+    int Stops; ///< paths that have ended on a promotion square
+    // Once the walk remembers:
+    base::CheckedArray<PreySet, BoardCells> PreyBits; ///< by the cell of an enemy piece
+    PreySet Jumped;
+    bool HasReach;
+    CaptureReach Reach;
+    Level* Untouched; ///< no level from this one on has been used by the piece
     base::CheckedArray<Level, CaptureLevels> Levels;
 };
 
