@@ -9,6 +9,17 @@
 
 namespace zonterbrook::base {
 
+/// Work that wants to look up at each turn, such as a search that plays by time.
+class TurnListener {
+public:
+    TurnListener() = default;
+    TurnListener(const TurnListener&) = delete;
+    TurnListener& operator=(const TurnListener&) = delete;
+    virtual ~TurnListener() = default;
+
+    virtual void TurnTaken() = 0;
+};
+
 /// Implemented by the window, by the console and by tests. The engine holds a pointer to one and owns nothing.
 class OutsideWorld {
 public:
@@ -30,6 +41,9 @@ public:
         if (--NodesLeft == 0) [[unlikely]] {
             NodesLeft = NodesPerTurn;
             TakeTurn();
+            if (Listener != nullptr) {
+                Listener->TurnTaken();
+            }
         }
     }
 
@@ -39,11 +53,8 @@ public:
         Yield();
     }
 
-    /// Gives the host its turn at once.
-    void GiveTurn() { TakeTurn(); }
-
-    /// Nodes from one turn to the next.
-    std::uint32_t NodesBetweenTurns() const { return NodesPerTurn; }
+    /// Hears of each turn once the host has had it. One listener at a time; null: nobody.
+    void SetTurnListener(TurnListener* InListener) { Listener = InListener; }
 
 protected:
     /// Lets the host work: handle the events that are due, no more.
@@ -56,6 +67,7 @@ private:
 
     std::uint32_t NodesPerTurn;
     std::uint32_t NodesLeft;
+    TurnListener* Listener = nullptr;
 };
 
 } // namespace zonterbrook::base

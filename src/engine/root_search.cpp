@@ -52,23 +52,16 @@ std::int32_t DrawAfterRootMove(const EngineState& State) {
 
 namespace {
 
-/// The world of a search that plays by time: the world that it was, but that at each turn the clock is looked at, so
-/// that a single root move can't outstay it.
-class TimedWorld final : public base::OutsideWorld {
+/// While it lives, a search that plays by time looks at the clock at each turn of the world, so that a single root move
+/// can't outstay it.
+class ClockWatch final : public base::TurnListener {
 public:
-    TimedWorld(EngineState& InState, std::function<bool()> InIsLate)
-        : OutsideWorld(InState.World->NodesBetweenTurns()), State(InState), World(*InState.World),
-          IsLate(std::move(InIsLate)) {
-        State.World = this;
+    ClockWatch(EngineState& InState, std::function<bool()> InIsLate) : State(InState), IsLate(std::move(InIsLate)) {
+        State.World->SetTurnListener(this);
     }
-    ~TimedWorld() override { State.World = &World; }
+    ~ClockWatch() override { State.World->SetTurnListener(nullptr); }
 
-    double Seconds() override { return World.Seconds(); }
-    double Random() override { return World.Random(); }
-
-protected:
-    void TakeTurn() override {
-        World.GiveTurn();
+    void TurnTaken() override {
         if (IsLate()) {
             State.StopAutoPlay = 1;
         }
@@ -76,7 +69,6 @@ protected:
 
 private:
     EngineState& State;
-    OutsideWorld& World;
     const std::function<bool()> IsLate;
 };
 
@@ -88,9 +80,9 @@ public:
                              (InState.SpecialRuleSet == KnownRules::None && InState.RuleSet.AntiMode == 1)) {}
 
     RootOutcome Run() {
-        std::optional<TimedWorld> Timed;
+        std::optional<ClockWatch> Watch;
         if (Limits.ByTime) {
-            Timed.emplace(State, [this] { return IsLate(); });
+            Watch.emplace(State, [this] { return IsLate(); });
         }
         State.RootSide = State.Side;
         Count = State.StackLimit[1];
