@@ -14,6 +14,8 @@
 #include "formats/text_file.h"
 #include "view/move_lists.h"
 
+#include <algorithm>
+
 namespace zonterbrook::probe {
 
 // A game at a time, each written as soon as it is done: a run that was stopped goes on behind the games that are there.
@@ -48,22 +50,38 @@ std::string Console::Annotate(std::string_view Rest) {
         Done = Scan(Written);
     }
     formats::PdnIndex Games(File);
-    std::string Text;
-    HasList = false;
-    PositionIsNew = false;
-    for (std::size_t Game = Done, Count = Scan(Games); Game < Count; ++Game) {
+    const std::size_t Count = Scan(Games);
+    const int Left = static_cast<int>(Count - std::min(Done, Count));
+    const auto Load = [&, First = Done](int Number) {
+        const std::size_t Game = First + static_cast<std::size_t>(Number);
         const auto Read = Games.Read(Game);
         if (!Read.Document) {
             throw CommandError("game " + std::to_string(Game + 1) + " can't be read");
         }
         control::ClearForLoad(*State);
-        control::StartPdnGame(*State, *Read.Document, {}, control::LoadMode::Chosen);
-        control::AnnotateGame(*State, Depth);
+        using enum control::LoadResult;
+        const auto How = control::StartPdnGame(*State, *Read.Document, {}, control::LoadMode::Chosen).How;
         World.Said.clear();
-        if (!control::SaveGameTo(*State, Out)) {
-            throw CommandError("'" + formats::PathText(Out) + "' can't be written");
+        if (How != Loaded && How != IllegalMove) {
+            throw CommandError("game " + std::to_string(Game + 1) + " can't be laid on the board");
         }
-        Text += "game " + std::to_string(Game + 1) + '\n';
+    };
+    std::string Text;
+    HasList = false;
+    PositionIsNew = false;
+    std::unique_ptr<control::GameState> Last;
+    {
+        control::Annotation Annotated(*State, {Left, Depth}, Load);
+        while (auto Game = Annotated.Next()) {
+            if (!control::SaveGameTo(*Game, Out)) {
+                throw CommandError("'" + formats::PathText(Out) + "' can't be written");
+            }
+            Text += "game " + std::to_string(++Done) + '\n';
+            Last = std::move(Game);
+        }
+    }
+    if (Last) {
+        *State = *Last;
     }
     World.Said.clear();
     return Text;

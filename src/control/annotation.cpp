@@ -5,11 +5,13 @@
 #include "control/calculation.h"
 #include "control/ending.h"
 #include "control/navigation.h"
+#include "control/still_world.h"
 #include "engine/root_search.h"
 #include "rules/generate.h"
 #include "view/move_lists.h"
 
 #include <string>
+#include <utility>
 
 namespace zonterbrook::control {
 
@@ -44,6 +46,27 @@ std::string Verdict(GameState& State, int Depth) {
     return '[' + std::to_string(State.BestScore) + ": " + Watching.Text() + ']';
 }
 
+/// Annotates one game after the other in a world of its own.
+class Annotator {
+public:
+    Annotator(int InDepth, const std::atomic<bool>& InStopping) : Depth(InDepth), Stopping(InStopping) {}
+
+    void Annotate(GameState& Game) {
+        World.OnTurn = [&] {
+            if (Stopping) {
+                Game.CancelRequested = rules::StopRequest::Person;
+            }
+        };
+        Game.World = &World;
+        AnnotateGame(Game, Depth);
+    }
+
+private:
+    const int Depth;
+    const std::atomic<bool>& Stopping;
+    StillWorld World;
+};
+
 } // namespace
 
 void AnnotateGame(GameState& State, int Depth) {
@@ -54,6 +77,30 @@ void AnnotateGame(GameState& State, int Depth) {
         Comment += (Comment.empty() || Says.empty() ? "" : " ") + Says;
         NavigateMoves(State, -1);
     }
+}
+
+Annotation::Annotation(GameState& InState, const AnnotationPlan& Plan, std::function<void(int)> Load)
+    : State(InState), Workers(
+                          Plan.Games, Plan.Workers,
+                          [this, Load = std::move(Load)](int Number) {
+                              Load(Number);
+                              return std::make_unique<GameState>(State);
+                          },
+                          [this, Depth = Plan.Depth] {
+                              return [Hired = std::make_shared<Annotator>(Depth, Stopping)](Game Begun) {
+                                  Hired->Annotate(*Begun);
+                                  return Begun;
+                              };
+                          },
+                          [] { return true; }, Stopping) {}
+
+std::unique_ptr<GameState> Annotation::Next() {
+    auto Done = Workers.Next();
+    if (!Done) {
+        return nullptr;
+    }
+    (*Done)->World = State.World;
+    return *std::move(Done);
 }
 
 } // namespace zonterbrook::control

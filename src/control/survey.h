@@ -4,15 +4,11 @@
 // in their order. The game in hand knows nothing of it.
 #pragma once
 
+#include "control/crew.h"
 #include "control/survey_game.h"
 
 #include <atomic>
-#include <condition_variable>
-#include <exception>
 #include <functional>
-#include <mutex>
-#include <thread>
-#include <vector>
 
 namespace zonterbrook::control {
 
@@ -26,11 +22,7 @@ class Survey {
 public:
     /// The games of one seed are always the same, whoever plays them. `GoOn` is asked every so often by the thread that
     /// waits for a game: it may let a window work, and stops the survey by answering no.
-    Survey(formats::VariantDocument InVariant, base::Chance Seed, const SurveyPlan& InPlan,
-           std::function<bool()> InGoOn);
-    Survey(const Survey&) = delete;
-    Survey& operator=(const Survey&) = delete;
-    ~Survey();
+    Survey(formats::VariantDocument InVariant, base::Chance Seed, const SurveyPlan& Plan, std::function<bool()> GoOn);
 
     /// Waits for one more game of the plan, and counts it; false if there is none left or the survey was stopped.
     /// Throws the game's `base::Fault`.
@@ -41,34 +33,23 @@ public:
     base::Chance Chance() const { return ChanceBehind; }
 
 private:
-    /// What becomes of one game.
-    struct Result {
-        bool Known = false;
+    /// Where chance stands before a game's opening and behind it.
+    struct Opening {
+        base::Chance Before;
+        base::Chance Behind;
+    };
+    struct Played {
+        std::optional<view::SurveyReport> Report; ///< nothing if the game was stopped
         base::Chance ChanceBehind;
-        view::SurveyReport Report;
-        std::exception_ptr Failure;
     };
 
-    void PlayOn();
-    base::Chance Deal(Result& Game);
-
     const formats::VariantDocument Variant;
-    const SurveyPlan Plan;
-    const std::function<bool()> GoOn;
+    std::atomic<bool> Stopping = false;
     base::Chance ChanceBehind;
     view::SurveyReport Found;
-    int Counted = 0;
-
-    // Shared by all threads, under the lock but for the flag.
-    std::atomic<bool> Stopping = false;
-    std::mutex Lock;
-    std::condition_variable Changed;
     base::Chance NextSeed;
-    int Dealt = 0;
     SurveyGame Dealer;
-    std::vector<Result> Results;
-
-    std::vector<std::jthread> Players; ///< last, so that they have ended before anything else goes
+    Crew<Opening, Played> Players; ///< last: it uses the others
 };
 
 } // namespace zonterbrook::control

@@ -109,15 +109,14 @@ TEST(IncludeGraph, EveryIncludeKeepsTheOrderOfTheFolders) {
 // The files of src/control/ from the bottom up: each includes only what stands before it. What a move sets off is so
 // said above the record, and nothing calls upward.
 constexpr const char* ControlOrder[] = {
-    "command_id",  "platform",      "still_world",    "state",      "turn_state",    "log",
-    "trap",        "input_state",   "settings",       "skin",       "game_document", "kept_game",
-    "book",        "record",        "rating",         "ending",     "turn",          "calculation",
-    "thinking",    "computer_move", "analysis",       "hint",       "variant_start", "colour",
-    "survey_game", "survey",        "variant_editor", "replay",     "last_move",     "loaded_game",
-    "pdn_game",    "open_game",     "clipboard",      "details",    "saved_game",    "new_game",
-    "person_move", "setup",         "input",          "keyboard",   "navigation",    "annotation",
-    "ply_values",  "problems",      "restored_game",  "draw_offer", "modes",         "notation",
-    "options",     "diagram",       "help",           "program",    "commands",      "events"};
+    "command_id",  "platform",      "still_world", "state",         "turn_state",  "log",           "trap",
+    "input_state", "settings",      "skin",        "game_document", "kept_game",   "book",          "record",
+    "rating",      "ending",        "turn",        "calculation",   "thinking",    "computer_move", "analysis",
+    "hint",        "variant_start", "colour",      "crew",          "survey_game", "survey",        "variant_editor",
+    "replay",      "last_move",     "loaded_game", "pdn_game",      "open_game",   "clipboard",     "details",
+    "saved_game",  "new_game",      "person_move", "setup",         "input",       "keyboard",      "navigation",
+    "annotation",  "ply_values",    "problems",    "restored_game", "draw_offer",  "modes",         "notation",
+    "options",     "diagram",       "help",        "program",       "commands",    "events"};
 
 TEST(IncludeGraph, ControlKeepsTheOrderOfItsFiles) {
     const fs::path Folder = fs::path(ZONTERBROOK_SOURCE_DIR) / "src/control";

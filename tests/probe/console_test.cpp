@@ -245,12 +245,18 @@ TEST(Console, AnnotatesGameByGameAndGoesOnWhereItStopped) {
     std::ofstream(In) << Game;
     Console Probe(ZONTERBROOK_DATA_DIR);
     EXPECT_EQ("game 1\nok\n", Probe.Execute(Command));
-    std::ofstream(In) << Game << Game;
-    EXPECT_EQ("game 2\nok\n", Probe.Execute(Command));
+    const std::string Other = "[Event \"B\"]\n\n1. d4-e5 e7-f6 *\n\n";
+    std::ofstream(In) << Game << Other << Game << Other;
+    EXPECT_EQ("game 2\ngame 3\ngame 4\nok\n", Probe.Execute(Command));
     EXPECT_EQ("ok\n", Probe.Execute(Command));
-    EXPECT_TRUE(Probe.Execute("replay " + Out.string() + " 2").starts_with("game 2 ok plies 3 result *"));
+    EXPECT_TRUE(Probe.Execute("replay " + Out.string() + " 2").starts_with("game 2 ok plies 2 result *"));
+    EXPECT_TRUE(Probe.Execute("replay " + Out.string() + " 3").starts_with("game 3 ok plies 3 result *"));
     EXPECT_TRUE(std::regex_search(Probe.Execute("game"), std::regex("\n1 d4e5 d4-e5 \\{\\[-?\\d+: .*\\]\\}\n")));
     EXPECT_TRUE(Probe.Execute("annotate x 3").starts_with("error: "));
+    std::ofstream(In) << Game << Other << Game << Other << Other
+                      << "[Event \"C\"]\n[FEN \"W:Wz1:B1\"]\n\n1. 32-28 *\n\n";
+    EXPECT_EQ("error: game 6 can't be laid on the board\n", Probe.Execute(Command));
+    EXPECT_TRUE(Probe.Execute("replay " + Out.string() + " 5").starts_with("game 5 ok plies 2 result *"));
     fs::remove_all(Folder);
 }
 
