@@ -44,11 +44,12 @@ bool ParseDirections(std::string_view List, bool Negated, DirectionColumn& Colum
 }
 
 StepShape ShapeOf(const DirectionColumn& Column) {
-    const std::set<std::int16_t> Steps(Column.begin(), std::ranges::find(Column, DirectionSentinel));
-    return Steps == std::set<std::int16_t>{-13, -11, 11, 13} ? StepShape::FourDiagonals
-           : Steps == std::set<std::int16_t>{11, 13}         ? StepShape::UpDiagonals
-           : Steps == std::set<std::int16_t>{-13, -11}       ? StepShape::DownDiagonals
-                                                             : StepShape::Other;
+    // A step that is listed twice is made twice: such a column has no usual shape.
+    const std::multiset<std::int16_t> Steps(Column.begin(), std::ranges::find(Column, DirectionSentinel));
+    return Steps == std::multiset<std::int16_t>{-13, -11, 11, 13} ? StepShape::FourDiagonals
+           : Steps == std::multiset<std::int16_t>{11, 13}         ? StepShape::UpDiagonals
+           : Steps == std::multiset<std::int16_t>{-13, -11}       ? StepShape::DownDiagonals
+                                                                  : StepShape::Other;
 }
 
 CellSet PromotionCells(const PromotionTable& Table, int Column, int Rows) {

@@ -31,6 +31,7 @@ const GenerateRow Rows[] = {
     {"king_stops_short", "", "W:WKa1:Be5,f6", "a1-b2 a1-c3 a1-d4"},
     {"short_king_flies", "LongKings=0", "W:WKa1:Bj0", "a1-b2"},
     {"double_step_looks_on_its_way", "WhiteManMovement=NN S", "W:Wc3:Bc4,c9", "c3-c5"},
+    {"step_listed_twice_made_once", "WhiteManMovement=NW;NW;NE", "W:Wc3:Bj8", "c3-b4 c3-b4 c3-d4"},
     {"man_without_steps_moves", "WhiteManMovement=", "W:Wc3:Bd4", ""},
     // Captures in general
     {"capture_not_mandatory", "", "W:Wc3,i3:Bd4", "c3xe5(d4)"},
