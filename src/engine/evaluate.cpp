@@ -368,6 +368,11 @@ StepFrame FrameForSteps(const EngineState& State) {
     Frame.Lane = P.Generic ? CombinationOf(Figures) : static_cast<int>(Kind);
     Frame.Ground = P.Generic ? State.EmptyPrefix[Frame.Lane][LastCell] : 0;
     for (const int Colour : {0, 1}) {
+        const StepShape Shape = State.StepShapes[Colour];
+        // A jump over own men counts as a step, and goes further.
+        Frame.OnlyMen[Colour] = P.Generic && (Shape == StepShape::UpDiagonals || Shape == StepShape::DownDiagonals) &&
+                                !State.Walk.JumpFriend && Figures.Men[Colour] == Figures.Pieces[Colour] &&
+                                Figures.Pieces[1 - Colour] > 0;
         if (Figures.Early[Colour] && (!P.Generic || State.PatternTermEnabled == 1)) {
             Frame.Pattern[Colour] = PatternOf<P>(State, Colour).LookedAt;
         }
@@ -425,7 +430,9 @@ Foreseen EvaluateStep(EngineState& State, const StepFrame& Frame, const StepFact
     const int Enemy = 1 - Own;
     There.Strongest[Own] = StrongestOf(Own, Pieces[Own], Pieces[Own + 2]);
     There.Strongest[Enemy] = Here.Strongest[Enemy];
-    There.Pull[Own] = PullOfColour<P>(State, Own, Pieces[Own], Pieces[Own + 2], Here.Strongest[Enemy]);
+    There.Pull[Own] = P.Generic && Frame.OnlyMen[Own]
+                          ? Here.Pull[Own] + PullChange(State, Move.From, Move.To, Here.Strongest[Enemy])
+                          : PullOfColour<P>(State, Own, Pieces[Own], Pieces[Own + 2], Here.Strongest[Enemy]);
     There.Pull[Enemy] = There.Strongest[Own] == Here.Strongest[Own]
                             ? Here.Pull[Enemy]
                             : PullOfColour<P>(State, Enemy, Pieces[Enemy], Pieces[Enemy + 2], There.Strongest[Own]);

@@ -23,6 +23,9 @@ struct StepFrame {
     bool Foresees;
     int Lane;   ///< of the sums of weights
     int Ground; ///< what the empty cells give
+    /// By colour: all its pieces are men that step along two diagonals, so that a step changes little of the pull. The
+    /// hard-wired evaluators don't ask.
+    bool OnlyMen[2];
     /// By colour: the cells on which the pattern in front of its promotion squares hangs, none if that doesn't count.
     CellSet Pattern[2];
 };

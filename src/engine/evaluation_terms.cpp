@@ -50,6 +50,16 @@ const auto PullTable = MakePlanes<PullPlanes>(
 const auto ThirdTable =
     MakePlanes<ThirdPlanes>([](int Distance, int) { return Distance > MaxPull ? 0 : (MaxPull - Distance) / 3; });
 
+/// The same by the cells of the enemy piece and of a man, for whom it is never divided.
+const auto PullWeights = [] {
+    base::CheckedArray<base::CheckedArray<std::int8_t, BoardCells>, BoardCells> Table{};
+    PlayingCells.ForEach([&](int Target) {
+        PlayingCells.ForEach(
+            [&](int Cell) { Table[Target][Cell] = static_cast<std::int8_t>(MaxPull - SquareDistance(Cell, Target)); });
+    });
+    return Table;
+}();
+
 /// Where a colour's pieces have own pieces one step behind them. A piece counts once, and twice more for each of those:
 /// `Isamulti` for all of them at once.
 class Support {
@@ -234,6 +244,19 @@ int PullWorkedOut(const EngineState& State, int Colour, const CellSet& Men, cons
     const SupportOfMen Behind(Men, State.MoveDirections[Colour]);
     return P.Generic ? Behind.WeightedSum(PullTable[Target]) - (Bias != 0 ? Bias * Behind.Sum() : 0)
                      : Behind.WeightedSum(ThirdTable[Target]) - 10 * Behind.Unsupported();
+}
+
+int PullChange(const EngineState& State, int From, int To, int EnemyCell) {
+    const auto& Weights = PullWeights[EnemyCell];
+    const std::int32_t Man = State.Board[From];
+    const auto Stands = [&](int Cell) { return State.Board[Cell] == Man ? 1 : 0; };
+    const int Along = To - From;
+    const int Across = (Along > 0 ? 24 : -24) - Along; // the other of the two steps
+    // What the man has for himself and his support, and what those have from him in front of whom he stands.
+    const auto Own = [&](int Cell, int Behind) { return Weights[Cell] * (1 + 2 * Behind); };
+    const auto Given = [&](int Cell) { return 2 * Weights[Cell] * Stands(Cell); };
+    return Own(To, Stands(To - Across)) + Given(To + Along) + Given(To + Across) -
+           Own(From, Stands(From - Along) + Stands(From - Across)) - Given(From + Across);
 }
 
 template <EvaluatorPolicy P>

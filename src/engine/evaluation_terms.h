@@ -58,6 +58,10 @@ template <EvaluatorPolicy P>
     return State.Memo.PullWithKings[Colour].Find({Men.Low(), MenAndEnemy, Kings.Low(), Kings.High()}, WorkOut);
 }
 
+/// What a man's step will change in the pull on its colour as the generic evaluator sees it. All pieces of the colour
+/// must be men that step along two diagonals, and the enemy must have pieces.
+int PullChange(const EngineState& State, int From, int To, int EnemyCell);
+
 template <EvaluatorPolicy P>
 const PatternList& PatternOf(const EngineState& State, int Colour) {
     return P.Generic ? State.GenericPattern[Colour] : State.SpecialPattern[Colour];
