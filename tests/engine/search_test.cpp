@@ -214,6 +214,52 @@ TEST(Search, AThousandStopsLeaveTheExactRoot) {
     }
 }
 
+TEST(Search, AStepEvaluatedBeforehandIsANodeLikeAnyOther) {
+    // Where the rules in hand are not those that the evaluator keeps its sums for, every step is made and evaluated.
+    constexpr const char* Middle = "W:Wa1,c1,e1,b2,d2,f2,c3,e3,g3,d4,f4:Bb8,d8,f8,h8,c7,e7,g7,d6,f6,h6,e9";
+    const struct {
+        const char *Rules, *Position, *Routine;
+        void (*Option)(EngineState&);
+    } Rows[] = {
+        {"", Middle, "SearchGerman", [](EngineState&) {}},
+        {"", Middle, "SearchGerman", [](EngineState& S) { S.ExtendedSearch = 2; }},
+        {"", "", "SearchGerman", [](EngineState& S) { S.PatternTermEnabled = 1; }},
+        {"", Middle, "QuickSearchGerman", [](EngineState&) {}},
+        {"ManCapKing=0", Middle, "SearchPlain", [](EngineState&) {}},
+        {"TwoKings=1", Middle, "SearchPlain", [](EngineState& S) { S.PatternTermEnabled = 1; }},
+        {"TwoKings=1", Middle, "SearchPlain", [](EngineState& S) { S.BruteForce = 1; }},
+        {"TwoKings=1", Middle, "SearchPlain", [](EngineState& S) { S.Noise = 40; }},
+        {"TwoKings=1", "W:WKc3,a1,c1,b8:Bd8,b6,f4,g7,Kj0", "SearchPlain", [](EngineState&) {}},
+        {"AntiMode=1", Middle, "SearchAnti", [](EngineState&) {}},
+    };
+    for (const auto& R : Rows) {
+        for (int Stop = 1; Stop <= 30; ++Stop) {
+            const auto Search = [&](EngineGame& Game) {
+                R.Option(*Game);
+                for (int Draw = 0; Draw < 4000; ++Draw) {
+                    Game.World.Draws.push_back(Draw * 37 % 100 / 100.0);
+                }
+                std::uint64_t Nodes = 0;
+                Game.World.OnTurn = [&] {
+                    if (++Nodes == static_cast<std::uint64_t>(Stop) * 47) {
+                        Game->CancelRequested = rules::StopRequest::Person;
+                    }
+                };
+                return SearchBy(*Game, R.Routine, 4);
+            };
+            EngineGame Ahead(R.Rules, R.Position);
+            EngineGame Behind(R.Rules, R.Position);
+            Behind->SpecialRuleSet =
+                Ahead->SpecialRuleSet == rules::KnownRules::None ? rules::KnownRules::German : rules::KnownRules::None;
+            SCOPED_TRACE(std::string(R.Routine) + ' ' + R.Rules + " stopped at node " + std::to_string(Stop * 47));
+            ASSERT_EQ(Search(Behind), Search(Ahead));
+            ASSERT_EQ(Behind->NodeCount, Ahead->NodeCount);
+            ASSERT_EQ(Behind->MainVariantTable[0], Ahead->MainVariantTable[0]);
+            ASSERT_EQ(Behind.World.Draws.size(), Ahead.World.Draws.size());
+        }
+    }
+}
+
 TEST(Search, AFullStackStopsLikeTheUser) {
     EngineGame Game("TwoKings=1");
     const auto Root = std::make_unique<EngineState>(*Game);

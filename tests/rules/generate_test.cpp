@@ -263,6 +263,20 @@ TEST(GenerateMoves, WalksNoStateTwiceWhereSetsCountOnce) {
          "00000000000000402000000000000000000044000000400000"
          "00001000200000000200000000200200000400000000000000",
          242, 2620741920},
+        {"forgets_where_it_came_from", Queens + "|RemovePieces=0",
+         "00300000400204000130100000010000040000000000000000"
+         "04400000340000004200040000430030000003030000000000",
+         35, 75265350},
+        {"forgets_whose_walk_it_was", Queens,
+         "03000000040004000040340000034000000000420000000010"
+         "10030003404000000004004001030000003000000000100000",
+         30, 38915041},
+        {"takes_a_man_for_a_king",
+         "PiecesOnBlack=2|RemovePieces=0|ManContJumpCrowned=1|ManCapMoveKing=1|WhiteManMovement=N;NE;NW "
+         "N;NE;NW;S;SE;SW;E;W|WhiteKingMovement=N;S N;S;NE;NW;SE;SW",
+         "00000000000000000000010000000000000004000003100404"
+         "01000000002004000000000004000004000000004010020000",
+         53, 193302348},
     };
     for (const auto& R : Walks) {
         const auto State = Game(R.Rules);
