@@ -6,6 +6,7 @@
 #include "control/last_move.h"
 #include "control/turn_state.h"
 #include "ui/main_window.h"
+#include "ui/palette.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -413,7 +414,7 @@ void MainWindow::CentreOnScreen() {
 // Lists and boxes are closed while the computer thinks, at every move: they take no clicks, and look as before. So do
 // the menus of the bar.
 void MainWindow::SteadyLooks() {
-    QPalette Colours = QGuiApplication::palette();
+    QPalette Colours = DesktopPalette();
     for (const QPalette::ColorRole Role :
          {QPalette::Base, QPalette::Text, QPalette::Highlight, QPalette::HighlightedText, QPalette::ButtonText,
           QPalette::WindowText, QPalette::Button}) {

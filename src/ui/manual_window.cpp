@@ -1,6 +1,8 @@
 // The manual in a window of its own.
 #include "ui/manual_window.h"
 
+#include "ui/palette.h"
+
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
@@ -50,6 +52,7 @@ ManualWindow::ManualWindow(QWidget* Parent, const QString& InFolder, std::functi
     Page->setSearchPaths({Folder});
     Words->setObjectName(QStringLiteral("Find"));
     Words->setAccessibleName(tr("Find in the manual"));
+    Words->setPalette(DesktopPalette());
     Words->setPlaceholderText(tr("Find in the manual"));
     Words->setClearButtonEnabled(true);
     auto* Previous = new QToolButton;

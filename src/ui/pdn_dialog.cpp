@@ -1,6 +1,8 @@
 // The chooser of PDN games.
 #include "ui/pdn_dialog.h"
 
+#include "ui/palette.h"
+
 #include <QAbstractTableModel>
 #include <QComboBox>
 #include <QCoreApplication>
@@ -98,6 +100,7 @@ void PdnDialog::Build() {
     auto* Grid = new QGridLayout(this);
     Words = new QLineEdit;
     Words->setObjectName(QStringLiteral("Filter"));
+    Words->setPalette(DesktopPalette());
     Words->setPlaceholderText(tr("Filter: player, event, date, ..."));
     Words->setAccessibleName(tr("Filter"));
     Words->setClearButtonEnabled(true);

@@ -5,6 +5,7 @@
 #include "ui/board_preview.h"
 #include "ui/help_page.h"
 #include "ui/own_variant_dialog.h"
+#include "ui/palette.h"
 #include "ui/trial_dialog.h"
 
 #include <QButtonGroup>
@@ -117,6 +118,7 @@ QWidget* VariantsDialog::BuildChoice() {
     Filter = new QLineEdit;
     Filter->setObjectName(QStringLiteral("Filter"));
     Filter->setAccessibleName(tr("Find a variant"));
+    Filter->setPalette(DesktopPalette());
     Filter->setPlaceholderText(tr("Find: flying kings, anti, ..."));
     Filter->setClearButtonEnabled(true);
     Explain(Filter, tr("Words of a name, a help text or rules, such as \"flying kings\" or \"without backward "

@@ -255,6 +255,22 @@ TEST_F(MainWindow, ArrowsStepThroughTheGame) {
     EXPECT_EQ(0, TypedMove()->cursorPosition());
 }
 
+TEST_F(MainWindow, PlaceholdersCanBeReadOnAnyDesktop) {
+    const QPalette Usual = QGuiApplication::palette();
+    QPalette Dark = Usual;
+    Dark.setColor(QPalette::Base, Qt::black);
+    Dark.setColor(QPalette::Text, Qt::white);
+    Dark.setColor(QPalette::PlaceholderText, Qt::black); // as a desktop may leave it
+    for (const QPalette& Colours : {Dark, Usual}) {
+        QApplication::setPalette(Colours);
+        QCoreApplication::processEvents();
+        const QPalette Box = TypedMove()->palette();
+        EXPECT_EQ(Box.color(QPalette::Text).rgb(), Box.color(QPalette::PlaceholderText).rgb());
+        EXPECT_NE(Box.color(QPalette::Base).rgb(), Box.color(QPalette::PlaceholderText).rgb());
+    }
+    QApplication::setPalette(QPalette());
+}
+
 TEST_F(MainWindow, ProgressIsAPartOfTheWhole) {
     for (const auto& [Value, Maximum, Shown] : {std::array{1.0, 4.0, 250.0}, {9.0, 9.0, 1000.0}, {0.0, 4.0, 0.0}}) {
         Game().Progress = {Value, Maximum};
